@@ -1,0 +1,12 @@
+# What every target of this project is compiled with, as the interface target vx3260_settings.
+add_library(vx3260_settings INTERFACE)
+target_compile_options(vx3260_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
+    -Werror
+    $<$<CONFIG:Debug>:-D_GLIBCXX_ASSERTIONS>)
+if(VX3260_SANITIZERS)
+    target_compile_options(vx3260_settings INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vx3260_settings INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+
+#include "link/Converter.h"
+#include "link/ParallelPort.h"
+#include "link/ReadData.h"
+#include "link/Register.h"
+
+namespace vx3260 {
+
+/// Reads the codes of one converter. While both converters run, its twin's result is read first
+/// each time: data-ready announces either, so an unread twin would pass for a new result.
+class ConverterReader {
+  public:
+    /// References as for Register.
+    ConverterReader(ParallelPort& parallelPort, const std::int16_t& portAddress,
+                    Converter converter);
+
+    /// Reads both control registers, the main one first, and keeps which converters are enabled.
+    void ReadEnables();
+
+    bool Enabled() const { return IsEnabled(converter_); }
+    bool BothEnabled() const { return mainEnabled_ && auxEnabled_; }
+
+    /// The next code, or ReadTimeout. A time-out of the twin is not looked at.
+    std::int32_t ReadCode();
+
+    /// The twin's code of the last ReadCode.
+    std::int32_t CodeAlongside() const { return codeAlongside_; }
+
+  private:
+    bool IsEnabled(Converter converter) const {
+        return converter == Converter::Main ? mainEnabled_ : auxEnabled_;
+    }
+
+    Converter converter_;
+    ReadData data_;
+    ReadData twinData_;
+    Register mainControl_;
+    Register auxControl_;
+    bool mainEnabled_ = false;
+    bool auxEnabled_ = false;
+    std::int32_t codeAlongside_ = 0;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,61 @@
+#include "acquisition/Reading.h"
+
+#include "link/Serial.h"
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+bool StopRequested(const ReadingHooks& hooks) {
+    return hooks.stopRequested && hooks.stopRequested();
+}
+
+void BeforeEach(const ReadingHooks& hooks) {
+    if (hooks.beforeEach) {
+        hooks.beforeEach();
+    }
+}
+
+}  // namespace
+
+void CheckBlockSize(std::int16_t size) {
+    if (size < 1) {
+        throw SubscriptError();
+    }
+}
+
+ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size,
+                     const ReadingHooks& hooks) {
+    CheckBlockSize(size);
+    block.count = 0;
+    block.codes.assign(static_cast<std::size_t>(size), 0.0);
+    for (double& code : block.codes) {
+        ++block.count;
+        BeforeEach(hooks);
+        const std::int32_t read = reader.ReadCode();
+        code = read;
+        if (read == ReadTimeout) {
+            return ReadingEnd::TimedOut;
+        }
+        // Asked after the last code too: a key pressed during it is an interruption.
+        if (StopRequested(hooks)) {
+            return ReadingEnd::Stopped;
+        }
+    }
+    return ReadingEnd::Complete;
+}
+
+ReadingEnd StreamCodes(ConverterReader& reader, const std::function<void(std::int32_t)>& show,
+                       const ReadingHooks& hooks) {
+    while (!StopRequested(hooks)) {
+        BeforeEach(hooks);
+        const std::int32_t code = reader.ReadCode();
+        if (code == ReadTimeout) {
+            return ReadingEnd::TimedOut;
+        }
+        show(code);
+    }
+    return ReadingEnd::Stopped;
+}
+
+}  // namespace vx3260

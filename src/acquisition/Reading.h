@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "acquisition/ConverterReader.h"
+#include "app/ApplicationState.h"
+
+namespace vx3260 {
+
+enum class ReadingEnd {
+    Complete,
+    TimedOut,  ///< data-ready did not come
+    Stopped,   ///< stopRequested said so after the last read
+};
+
+/// What the caller does between the reads; each may be left empty.
+struct ReadingHooks {
+    std::function<void()> beforeEach{};
+    std::function<bool()> stopRequested{};
+};
+
+/// Checks how many codes a block is asked for. Throws SubscriptError below 1.
+void CheckBlockSize(std::int16_t size);
+
+/// Reads `size` codes into the block, whose old contents are lost. `block.count` is the number of
+/// the code being read, so after the end that of the codes in the block; after a time-out the last
+/// of them is ReadTimeout. Throws as CheckBlockSize does, the old block untouched.
+ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size,
+                     const ReadingHooks& hooks);
+
+/// Reads codes and hands each to `show` until a time-out or a stop.
+ReadingEnd StreamCodes(ConverterReader& reader, const std::function<void(std::int32_t)>& show,
+                       const ReadingHooks& hooks);
+
+}  // namespace vx3260

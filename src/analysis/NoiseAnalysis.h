@@ -1,0 +1,82 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "analysis/NoiseStatistics.h"
+#include "app/ApplicationState.h"
+
+namespace vx3260 {
+
+/// How many codes an analysis takes.
+inline constexpr std::int16_t LeastCodesForAnalysis = 10;
+inline constexpr std::int16_t MostCodesForAnalysis = 5000;
+
+constexpr bool CountFitsAnalysis(std::int32_t count) {
+    return count >= LeastCodesForAnalysis && count <= MostCodesForAnalysis;
+}
+
+/// Shown for any other count. It names 9 as allowed although 9 is refused; kept as designed.
+inline constexpr std::string_view CountRefusal =
+    "For Data Analysis the number of Codes read must be between 9 and 5000";
+
+/// Under which conditions a block was read: what turns its codes into volts.
+struct NoiseConditions {
+    float referenceVoltage;  ///< volts
+    float inputRange;        ///< volts
+    Polarity polarity;
+    double lsbVolts;  ///< size of one code
+    double zeroCode;  ///< code of zero volts: mid-scale when bipolar, else 0
+    std::string rangeText;
+};
+
+/// Conditions of the main ADC. One code is
+/// reference x 1.024 / 2^(7 - rangeCode) x (1 unipolar, 2 bipolar) / 2^24 volts, this system's own
+/// definition. `rangeCode` is 0 to 7.
+NoiseConditions MainNoiseConditions(float referenceVoltage, int rangeCode, Polarity polarity);
+
+/// Conditions of the main ADC from the value of its control register.
+NoiseConditions MainNoiseConditionsOf(float referenceVoltage, std::int16_t mainControl);
+
+/// One figure of the noise forms.
+struct NoiseFigure {
+    std::string_view frame;    ///< caption of the frame it stands in
+    std::string_view label;    ///< name of the label that shows it
+    std::string_view caption;  ///< caption beside that label
+};
+
+inline constexpr std::array NoiseFigures{
+    NoiseFigure{"Conditions", "CodesLabel", "Codes Read"},
+    NoiseFigure{"Conditions", "RangeLabel", "Input Range"},
+    NoiseFigure{"Conditions", "LSBLabel", "LSB Size"},
+    NoiseFigure{"Conditions", "RefLabel", "Ref. Voltage"},
+    NoiseFigure{"Results", "RMSLabel", "RMS Noise"},
+    NoiseFigure{"Results", "PkPkLabel", "Pk to Pk Noise"},
+    NoiseFigure{"Results", "AvValueLabel", "Average Value"},
+    NoiseFigure{"Results in LSB's", "RMSLabelLSB", "RMS Noise"},
+    NoiseFigure{"Results in LSB's", "AverageLabel", "Average Code"},
+    NoiseFigure{"Results in LSB's", "SpanLabel", "Code Span"},
+    NoiseFigure{"Results in LSB's", "MaxLabel", "Max Code"},
+    NoiseFigure{"Results in LSB's", "MinLabel", "Min Code"},
+};
+
+/// The labels' texts, in the order of NoiseFigures.
+using NoiseTexts = std::array<std::string, NoiseFigures.size()>;
+
+struct NoiseAnalysis {
+    NoiseConditions conditions;
+    std::size_t count;
+    BlockStatistics statistics;
+    ExactStatistics exact;
+    NoiseTexts texts;
+};
+
+/// Analyses a block. Throws as ComputeStatistics does, and OverflowError when the code span does
+/// not fit 32 bits: a block that ends in a time-out is none to analyse.
+NoiseAnalysis AnalyseNoise(std::span<const double> codes, const NoiseConditions& conditions);
+
+}  // namespace vx3260

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/PrinterPorts.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// What one block of readings consists of. The designed arrays count from 1; here code number i
+/// is codes[i - 1].
+struct CodeBlock {
+    std::vector<double>& codes;
+    std::int16_t& count;  ///< codes read; never more than codes.size()
+};
+
+enum class Polarity : std::int16_t { Unset = 0, Unipolar = 1, Bipolar = 2 };
+
+/// Everything the forms share, for the whole run. Nothing here outlives the process.
+struct ApplicationState {
+    // Port and platform, from start-up.
+    std::string WindowsVersionText;
+    std::int16_t IsNtFamily = 0;   ///< 0 or -1
+    std::int32_t PortCount = 0;    ///< stored, never used
+    std::int16_t PortAddress = 0;  ///< base I/O address; read afresh at every chip access
+    std::array<bool, PrinterPorts.size()> PrinterPortEnabled{true, true, true};
+
+    /// 1 while a form selects its option buttons to match the chip, so that doing so writes
+    /// nothing.
+    std::int16_t FormLoading = 0;
+
+    // Each register as the form that presents it read it last.
+    std::int16_t ModeRegisterValue = 0;
+    std::int16_t MainControlValue = 0;
+    std::int16_t AuxControlValue = 0;
+    std::int16_t FilterValue = 0;
+    std::int32_t IOControlValue = 0;
+
+    // Conversion conditions.
+    float ReferenceVoltage = 0;  ///< volts
+    float InputRange = 0;        ///< main ADC input range, volts
+    vx3260::Polarity Polarity = vx3260::Polarity::Unset;
+
+    // The last block of each converter.
+    std::vector<double> MainCodes;
+    std::int16_t MainCodeCount = 0;
+    std::vector<double> AuxCodes;
+    std::int16_t AuxCodeCount = 0;
+
+    // Statistics of the block that was analysed last.
+    std::int32_t MaxCode = 0;
+    std::int32_t MinCode = 0;
+    float AverageCode = 0;
+    double LsbSize = 0;  ///< size of one code: volts after the statistics, nanovolts once shown
+    std::int32_t RmsNoiseLsb = 0;
+
+    CodeBlock BlockOf(Converter converter) {
+        return converter == Converter::Main ? CodeBlock{MainCodes, MainCodeCount}
+                                            : CodeBlock{AuxCodes, AuxCodeCount};
+    }
+};
+
+}  // namespace vx3260

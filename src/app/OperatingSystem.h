@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vx3260 {
+
+/// What the Windows version query answers. Another system answers platform 0.
+struct SystemVersion {
+    std::int32_t platform = 0;  ///< 1 is the Windows 95 family, 2 the NT family
+    std::int32_t major = 0;
+    std::int32_t minor = 0;
+};
+
+/// What the program asks of the system it runs on.
+class OperatingSystem {
+  public:
+    virtual ~OperatingSystem() = default;
+
+    virtual SystemVersion QueryVersion() = 0;
+
+    /// The arguments as the user typed them, without the program's own path.
+    virtual std::string CommandLine() = 0;
+
+    /// Ends the process at once: no destructor runs, the port is not released.
+    virtual void EndProcess(int exitCode) = 0;
+
+  protected:
+    OperatingSystem() = default;
+    OperatingSystem(const OperatingSystem&) = default;
+    OperatingSystem(OperatingSystem&&) = default;
+    OperatingSystem& operator=(const OperatingSystem&) = default;
+    OperatingSystem& operator=(OperatingSystem&&) = default;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "app/ApplicationState.h"
+#include "app/MessageBoxes.h"
+#include "app/OperatingSystem.h"
+#include "link/ParallelPort.h"
+
+namespace vx3260 {
+
+/// What every form and command works with. All references outlive it.
+struct Services {
+    ParallelPort& port;
+    MessageBoxes& messages;
+    OperatingSystem& system;
+    ApplicationState& state;
+    std::string boardBadge{};  ///< shown where readings come from; empty for a real board
+};
+
+}  // namespace vx3260

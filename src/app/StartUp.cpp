@@ -1,0 +1,137 @@
+#include "app/StartUp.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+#include "app/PrinterPorts.h"
+#include "link/BoardLines.h"
+#include "link/ParallelPort.h"
+#include "link/PortAccess.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int32_t firstPort = 1;
+constexpr float startReferenceVoltage = 2.5F;
+
+struct VersionName {
+    std::int32_t number;
+    std::string_view name;
+};
+
+/// Told apart by the minor version.
+constexpr VersionName windows95Family[] = {{0, "Windows 95"}, {10, "Windows 98"}};
+/// Told apart by the major version.
+constexpr VersionName windowsNtFamily[] = {
+    {3, "Windows NT 3.51"}, {4, "Windows NT 4.0"}, {5, "Windows 2000"}};
+
+template <std::size_t size>
+std::string NameOf(const VersionName (&names)[size], std::int32_t number) {
+    const auto found = std::find_if(std::begin(names), std::end(names),
+                                    [number](const VersionName& v) { return v.number == number; });
+    return found == std::end(names) ? std::string() : std::string(found->name);
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+void ClaimPort(Services& services) {
+    services.state.PortCount = services.port.GetParallelPortCount();
+    if (services.port.ClaimParallelPort(firstPort, -1) == 0) {
+        services.messages.Show({.text = "claim parallel port failed"});
+    }
+}
+
+/// Only the item of the port that was found stays enabled; an add-in card's address leaves all.
+void EnableMatchingPort(ApplicationState& state) {
+    const auto matches = [&state](const PrinterPort& p) { return p.address == state.PortAddress; };
+    if (std::none_of(PrinterPorts.begin(), PrinterPorts.end(), matches)) {
+        return;
+    }
+    std::transform(PrinterPorts.begin(), PrinterPorts.end(), state.PrinterPortEnabled.begin(),
+                   matches);
+}
+
+void FindPortAddress(Services& services) {
+    ParallelPortInfo info;
+    if (services.port.GetParallelPortInfo(firstPort, info) == 0) {
+        services.messages.Show(
+            {.text = "This PC does not appear to have a Printer Port",
+             .icon = MessageIcon::Exclamation,
+             .title = "GetPortAddress Error",
+             .detail = "Without a board, start the program with --simulated to work on the "
+                       "simulated one."});
+        return;
+    }
+    try {
+        services.state.PortAddress = ToInt16(info.address);
+    } catch (const RuntimeError& error) {
+        services.messages.Show({.text = error.what(),
+                                .icon = MessageIcon::Critical,
+                                .detail = "The printer port's address 0x" + HexText(info.address) +
+                                          " is above 0x7FFF and cannot be used."});
+        return;
+    }
+    EnableMatchingPort(services.state);
+}
+
+void InitialiseControlRegister(ParallelPort& port, std::int16_t portAddress) {
+    const auto control = static_cast<std::int16_t>(portAddress + BoardLines::ControlRegister);
+    PortOut(port, control,
+            static_cast<std::int16_t>(PortIn(port, control) & BoardLines::ControlKept));
+}
+
+void ShowStatusIfRequested(Services& services) {
+    std::string commandLine = services.system.CommandLine();
+    std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    if (!Contains(commandLine, "/SS")) {
+        return;
+    }
+    services.messages.Show({.text = "Windows Version:" + services.state.WindowsVersionText +
+                                    "\rPort Address:0x" + HexText(services.state.PortAddress),
+                            .icon = MessageIcon::Information,
+                            .title = "Show Status"});
+}
+
+}  // namespace
+
+std::string GetWindowsVersion(OperatingSystem& system) {
+    const SystemVersion version = system.QueryVersion();
+    switch (version.platform) {
+        case 1:
+            return NameOf(windows95Family, version.minor);
+        case 2:
+            return NameOf(windowsNtFamily, version.major);
+        default:
+            return "Failed";
+    }
+}
+
+void SetUpPort(Services& services) {
+    ApplicationState& state = services.state;
+    state.WindowsVersionText = GetWindowsVersion(services.system);
+    const bool fixedAddress =
+        Contains(state.WindowsVersionText, "95") || Contains(state.WindowsVersionText, "98");
+    state.IsNtFamily = fixedAddress ? 0 : -1;
+    if (fixedAddress) {
+        state.PortAddress = DefaultPortAddress;
+    } else {
+        ClaimPort(services);
+        FindPortAddress(services);
+    }
+    InitialiseControlRegister(services.port, state.PortAddress);
+    ShowStatusIfRequested(services);
+}
+
+void StartUp(Services& services) {
+    SetUpPort(services);
+    services.state.ReferenceVoltage = startReferenceVoltage;
+}
+
+}  // namespace vx3260

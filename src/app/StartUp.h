@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "app/OperatingSystem.h"
+#include "app/Services.h"
+
+namespace vx3260 {
+
+/// The operating system's name: "Windows 95", "Windows 98", "Windows NT 3.51", "Windows NT 4.0" or
+/// "Windows 2000"; empty for another version of the two families, "Failed" for another system.
+std::string GetWindowsVersion(OperatingSystem& system);
+
+/// Detects the system, finds the printer port's address (and claims the port, but for Windows 95
+/// and 98), clears bits 0, 1, 3 and 5 of its control register and, where the command line holds
+/// "/SS" in any case, tells system and address. What fails is told in a message box; start-up
+/// goes on.
+void SetUpPort(Services& services);
+
+/// All that comes before the first window: SetUpPort, then a reference voltage of 2.5 V.
+void StartUp(Services& services);
+
+}  // namespace vx3260

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "link/RegisterMap.h"
+
+namespace vx3260 {
+
+/// The chip's two converters: twins that differ in the table below.
+enum class Converter { Main, Aux };
+
+struct ConverterTraits {
+    std::string_view name;  ///< as in the forms' texts: "Main", "Aux"
+    RegisterMap::RegisterAccess data;
+    RegisterMap::RegisterAccess control;
+};
+
+inline constexpr ConverterTraits MainTraits{"Main", RegisterMap::MainData,
+                                            RegisterMap::MainControl};
+inline constexpr ConverterTraits AuxTraits{"Aux", RegisterMap::AuxData, RegisterMap::AuxControl};
+
+constexpr const ConverterTraits& TraitsOf(Converter converter) {
+    return converter == Converter::Main ? MainTraits : AuxTraits;
+}
+
+constexpr Converter TwinOf(Converter converter) {
+    return converter == Converter::Main ? Converter::Aux : Converter::Main;
+}
+
+}  // namespace vx3260

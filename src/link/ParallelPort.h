@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vx3260 {
+
+/// What GetParallelPortInfo is handed and fills in: three 32-bit words.
+struct ParallelPortInfo {
+    std::int32_t size = 12;    ///< bytes of the record; set by the caller
+    std::int32_t address = 0;  ///< base I/O address of the port
+    std::int32_t reserved = 0;
+};
+
+/// The printer port: one seam between the program and whatever stands in for the wires. The
+/// operations are those of the port library the program was designed around.
+class ParallelPort {
+  public:
+    virtual ~ParallelPort() = default;
+
+    /// Number of parallel ports of this machine.
+    virtual std::int32_t GetParallelPortCount() = 0;
+
+    /// Claims port `portNumber` (from 1) for this process, for as long as the process lives.
+    /// Zero on failure. `flag` is always -1.
+    virtual std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) = 0;
+
+    /// Fills in the base address of port `portNumber`. Zero on failure.
+    virtual std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) = 0;
+
+    /// Writes the low 8 bits of `value` to an I/O address. Reports no errors.
+    virtual void OutByte(std::int16_t address, std::int16_t value) = 0;
+
+    /// Reads an I/O address; only the low 8 bits mean anything. Reports no errors.
+    virtual std::int16_t InByte(std::int16_t address) = 0;
+
+  protected:
+    ParallelPort() = default;
+    ParallelPort(const ParallelPort&) = default;
+    ParallelPort(ParallelPort&&) = default;
+    ParallelPort& operator=(const ParallelPort&) = default;
+    ParallelPort& operator=(ParallelPort&&) = default;
+};
+
+}  // namespace vx3260

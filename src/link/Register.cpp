@@ -1,0 +1,18 @@
+#include "link/Register.h"
+
+#include "link/Serial.h"
+#include "numbers/Conversions.h"
+
+namespace vx3260 {
+
+double Register::ReadReg() {
+    SerialWrite(parallelPort_, ReadAddress, portAddress_, 8);
+    return SerialRead(parallelPort_, WordLength, portAddress_);
+}
+
+void Register::WriteReg() {
+    SerialWrite(parallelPort_, WriteAddress, portAddress_, 8);
+    SerialWrite(parallelPort_, ToInt32(RegValue), portAddress_, WordLength);
+}
+
+}  // namespace vx3260

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+
+#include "link/ParallelPort.h"
+#include "link/RegisterMap.h"
+
+namespace vx3260 {
+
+/// One chip register that can be read and written. The properties only store; the operations use
+/// the port address in force at the moment of the call. No operation can tell whether a board is
+/// there.
+class Register {
+  public:
+    /// Both references must outlive the object. All properties start at zero.
+    Register(ParallelPort& parallelPort, const std::int16_t& portAddress)
+        : parallelPort_(parallelPort), portAddress_(portAddress) {}
+
+    /// Properties for an access to the given register; RegValue stays.
+    Register(ParallelPort& parallelPort, const std::int16_t& portAddress,
+             const RegisterMap::RegisterAccess& access)
+        : WordLength(access.wordLength),
+          ReadAddress(access.readByte),
+          WriteAddress(access.writeByte),
+          parallelPort_(parallelPort),
+          portAddress_(portAddress) {}
+
+    std::int16_t WordLength = 0;    ///< bits of the register
+    std::int16_t ReadAddress = 0;   ///< whole communications byte that reads it
+    std::int16_t WriteAddress = 0;  ///< whole communications byte that writes it
+    double RegValue = 0;            ///< what the next WriteReg sends
+
+    /// The register's contents, 0 to 2^WordLength - 1. RegValue stays as it is.
+    double ReadReg();
+
+    /// Sends RegValue, rounded to an integer (halves to even): the low WordLength bits of its
+    /// two's complement. Throws OverflowError, after the communications byte has been sent, when
+    /// RegValue does not fit 32 bits.
+    void WriteReg();
+
+  private:
+    ParallelPort& parallelPort_;
+    const std::int16_t& portAddress_;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+/// The chip's registers and the fields inside them.
+///
+/// The communications byte comes first in every access: bit 6 is set for a read, bits 3 to 0 are
+/// the register's address, the others are 0.
+namespace vx3260::RegisterMap {
+
+/// How one register is reached. A byte of 0 means that the register has no such access.
+struct RegisterAccess {
+    std::int16_t writeByte;
+    std::int16_t readByte;
+    std::int16_t wordLength;  ///< bits
+};
+
+inline constexpr RegisterAccess Status{0, 0x40, 8};
+inline constexpr RegisterAccess Mode{0x01, 0x41, 8};
+inline constexpr RegisterAccess MainControl{0x02, 0x42, 8};
+inline constexpr RegisterAccess AuxControl{0x03, 0x43, 8};
+inline constexpr RegisterAccess Filter{0x04, 0x44, 8};
+inline constexpr RegisterAccess MainData{0, 0x45, 24};  ///< read only after data-ready
+inline constexpr RegisterAccess AuxData{0, 0x46, 16};   ///< read only after data-ready
+inline constexpr RegisterAccess IOControl{0x07, 0x47, 16};
+inline constexpr RegisterAccess MainZeroScale{0x08, 0x48, 24};
+inline constexpr RegisterAccess AuxZeroScale{0x09, 0x49, 16};
+inline constexpr RegisterAccess MainFullScale{0x0A, 0x4A, 24};
+inline constexpr RegisterAccess AuxFullScale{0x0B, 0x4B, 16};
+inline constexpr RegisterAccess Test1{0x0C, 0, 16};
+inline constexpr RegisterAccess Test2{0x0D, 0, 16};
+
+/// Mode register, bits 2 to 0.
+inline constexpr std::int16_t ModeMask = 0x07;
+inline constexpr std::int16_t ContinuousConversion = 3;
+
+/// Main and aux ADC control registers.
+inline constexpr std::int16_t EnableMask = 0x80;
+inline constexpr std::int16_t UnipolarMask = 0x08;
+
+/// Main ADC control register, bits 2 to 0: the input range, in volts for each code.
+inline constexpr std::int16_t RangeMask = 0x07;
+inline constexpr std::array<float, 8> InputRanges{0.02F, 0.04F, 0.08F, 0.16F,
+                                                  0.32F, 0.64F, 1.28F, 2.56F};
+
+/// The input range, in volts, in a value of the main ADC control register.
+constexpr float InputRangeOf(std::int16_t mainControl) {
+    return InputRanges[static_cast<std::size_t>(mainControl & RangeMask)];
+}
+
+}  // namespace vx3260::RegisterMap

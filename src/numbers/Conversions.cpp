@@ -1,0 +1,80 @@
+#include "numbers/Conversions.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+template <typename Integer, typename Wide>
+Integer Fit(Wide value) {
+    constexpr Wide lowest{std::numeric_limits<Integer>::min()};
+    constexpr Wide highest{std::numeric_limits<Integer>::max()};
+    if (!(value >= lowest && value <= highest)) {
+        throw OverflowError();
+    }
+    return static_cast<Integer>(value);
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+}  // namespace
+
+// nearbyint rounds halves to even in the rounding mode every thread starts with.
+std::int16_t ToInt16(double value) {
+    return Fit<std::int16_t>(std::nearbyint(value));
+}
+
+std::int32_t ToInt32(double value) {
+    return Fit<std::int32_t>(std::nearbyint(value));
+}
+
+double TextToDouble(std::string_view text) {
+    std::string_view digits = WithoutBlanks(text);
+    // from_chars knows no plus sign, but does know "inf" and "nan", which are no numbers here.
+    if (digits.starts_with('+') && !digits.starts_with("+-")) {
+        digits.remove_prefix(1);
+    }
+    if (digits.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
+        throw TypeMismatchError();
+    }
+    double value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, value);
+    if (result.ec == std::errc::result_out_of_range) {
+        throw OverflowError();
+    }
+    if (result.ec != std::errc() || result.ptr != end) {
+        throw TypeMismatchError();
+    }
+    return value;
+}
+
+std::int16_t TextToInt16(std::string_view text) {
+    return ToInt16(TextToDouble(text));
+}
+
+std::int32_t TextToInt32(std::string_view text) {
+    return ToInt32(TextToDouble(text));
+}
+
+std::int32_t Difference(std::int32_t a, std::int32_t b) {
+    return Fit<std::int32_t>(std::int64_t{a} - b);
+}
+
+std::int32_t Product(std::int32_t a, std::int32_t b) {
+    return Fit<std::int32_t>(std::int64_t{a} * b);
+}
+
+}  // namespace vx3260

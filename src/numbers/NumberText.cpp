@@ -1,0 +1,129 @@
+#include "numbers/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr int significantDigits = 15;
+
+/// The decimal digits of a positive number, `pointAt` of them before the point. `pointAt` may lie
+/// left of the first digit or right of the last one.
+struct Decimal {
+    std::string digits;
+    int pointAt;
+};
+
+Decimal ToDecimal(double magnitude) {
+    std::array<char, 64> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                                      std::chars_format::scientific, significantDigits - 1);
+    const std::string_view text(buffer.data(),
+                                static_cast<std::size_t>(result.ptr - buffer.data()));
+    const auto exponentAt = text.find('e');
+    std::string digits(text.substr(0, exponentAt));
+    std::erase(digits, '.');
+    int exponent = 0;
+    const bool negative = text[exponentAt + 1] == '-';
+    std::from_chars(text.data() + exponentAt + 2, text.data() + text.size(), exponent);
+    return {digits, (negative ? -exponent : exponent) + 1};
+}
+
+void RoundHalfAwayFromZero(Decimal& number, int places) {
+    const int kept = number.pointAt + places;
+    if (kept >= static_cast<int>(number.digits.size())) {
+        return;
+    }
+    if (kept < 0) {
+        number.digits.clear();
+        return;
+    }
+    const auto keptSize = static_cast<std::size_t>(kept);
+    const bool up = number.digits[keptSize] >= '5';
+    number.digits.resize(keptSize);
+    if (!up) {
+        return;
+    }
+    const auto lastBelowNine = number.digits.find_last_not_of('9');
+    if (lastBelowNine == std::string::npos) {
+        number.digits.assign("1" + std::string(keptSize, '0'));
+        ++number.pointAt;
+        return;
+    }
+    ++number.digits[lastBelowNine];
+    std::fill(number.digits.begin() + static_cast<std::ptrdiff_t>(lastBelowNine) + 1,
+              number.digits.end(), '0');
+}
+
+std::string WholePart(const Decimal& number) {
+    if (number.pointAt <= 0) {
+        return {};
+    }
+    std::string whole = number.digits.substr(0, static_cast<std::size_t>(number.pointAt));
+    whole.resize(static_cast<std::size_t>(number.pointAt), '0');
+    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+    return whole;
+}
+
+std::string FractionPart(const Decimal& number) {
+    const auto before = static_cast<std::size_t>(std::max(number.pointAt, 0));
+    std::string fraction(static_cast<std::size_t>(std::max(-number.pointAt, 0)), '0');
+    if (before < number.digits.size()) {
+        fraction += number.digits.substr(before);
+    }
+    fraction.erase(fraction.find_last_not_of('0') + 1);
+    return fraction;
+}
+
+}  // namespace
+
+std::string HexText(std::int32_t value) {
+    std::array<char, 8> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                      static_cast<std::uint32_t>(value), 16);
+    std::string text(buffer.data(), result.ptr);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return text;
+}
+
+std::string ShortestText(float value) {
+    std::array<char, 32> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
+std::string FormatNumber(double value, std::string_view format) {
+    if (!std::isfinite(value)) {
+        throw OverflowError();
+    }
+    const auto pointAt = format.find('.');
+    const std::string_view wholePlaces = format.substr(0, pointAt);
+    const std::string_view places =
+        pointAt == std::string_view::npos ? std::string_view{} : format.substr(pointAt + 1);
+    const auto firstZero = std::min(wholePlaces.find('0'), wholePlaces.size());
+    const auto leastWhole = wholePlaces.size() - firstZero;
+    const auto leastFraction = places.find_last_of('0') + 1;
+
+    Decimal number = ToDecimal(std::abs(value));
+    RoundHalfAwayFromZero(number, static_cast<int>(places.size()));
+    std::string whole = WholePart(number);
+    std::string fraction = FractionPart(number);
+    const bool zero = whole.empty() && fraction.empty();
+    whole.insert(0, leastWhole - std::min(leastWhole, whole.size()), '0');
+    fraction.resize(std::max(leastFraction, fraction.size()), '0');
+
+    std::string text = value < 0 && !zero ? "-" : "";
+    text += whole;
+    if (pointAt != std::string_view::npos) {
+        text += '.' + fraction;
+    }
+    return text;
+}
+
+}  // namespace vx3260

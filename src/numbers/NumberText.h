@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vx3260 {
+
+/// Upper-case hexadecimal digits without prefix or leading zeros; a negative value as the eight
+/// digits of its two's complement.
+std::string HexText(std::int32_t value);
+
+/// The shortest decimal text that reads back as the same single-precision number: 0.02 is "0.02".
+std::string ShortestText(float value);
+
+/// A number laid out by a format of "#", "0" and one ".", such as "#.##", "00.00" or "0.###".
+/// A "0" place always prints a digit, a "#" place prints nothing where there is no digit; the "."
+/// of the format is always printed, and is a point in every locale. The value is taken to 15
+/// significant digits and rounded half away from zero to the places after the point.
+/// Throws OverflowError for a value that is not finite.
+std::string FormatNumber(double value, std::string_view format);
+
+}  // namespace vx3260

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "link/ParallelPort.h"
+
+namespace vx3260 {
+
+/// What is wrong with the wires.
+struct Faults {
+    static constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
+
+    std::int16_t dataHigh = 0;  ///< lines of the data register that stick high, as a mask
+    std::int16_t dataLow = 0;
+    std::int16_t statusHigh = 0;  ///< lines of the status register that stick high, as a mask
+    std::int16_t statusLow = 0;
+    std::int64_t goneAfter = Never;  ///< port accesses after which the board is gone
+    std::int64_t flipEvery = Never;  ///< of how many bits clocked out of the chip one is inverted
+
+    bool operator==(const Faults&) const = default;
+};
+
+/// One line of the list of faults a user can ask for.
+struct FaultDescription {
+    std::string_view name;  ///< ends in "=N" where a number belongs
+    std::string_view text;
+};
+
+std::span<const FaultDescription> KnownFaults();
+
+/// Adds the fault with this name to `faults`. False, and nothing added, for a name that is not
+/// known or a number that is missing or below what the fault takes.
+bool AddFault(std::string_view name, Faults& faults);
+
+/// Any port, seen through faulty wires.
+class FaultyPort final : public ParallelPort {
+  public:
+    FaultyPort(std::unique_ptr<ParallelPort> port, const Faults& faults);
+
+    std::int32_t GetParallelPortCount() override { return port_->GetParallelPortCount(); }
+    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {
+        return port_->ClaimParallelPort(portNumber, flag);
+    }
+    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
+        return port_->GetParallelPortInfo(portNumber, info);
+    }
+    void OutByte(std::int16_t address, std::int16_t value) override;
+    std::int16_t InByte(std::int16_t address) override;
+
+  private:
+    bool BoardGone() { return ++accesses_ > faults_.goneAfter; }
+    std::int16_t StatusThroughFaults(std::int16_t status);
+
+    std::unique_ptr<ParallelPort> port_;
+    Faults faults_;
+    std::int16_t base_ = 0;
+    std::int64_t accesses_ = 0;
+    std::int64_t bitsClocked_ = 0;
+    bool clockLow_ = false;
+};
+
+}  // namespace vx3260

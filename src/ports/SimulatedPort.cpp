@@ -1,0 +1,42 @@
+#include "ports/SimulatedPort.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t baseAddress = 888;
+constexpr int addresses = 3;
+constexpr std::int16_t nothingThere = 0xFF;
+
+bool IsOurs(std::int16_t address) {
+    return address >= baseAddress && address < baseAddress + addresses;
+}
+
+unsigned OffsetOf(std::int16_t address) {
+    return static_cast<unsigned>(address - baseAddress);
+}
+
+}  // namespace
+
+std::int32_t SimulatedPort::ClaimParallelPort(std::int32_t portNumber, std::int32_t /*flag*/) {
+    return portNumber == 1 ? 1 : 0;
+}
+
+std::int32_t SimulatedPort::GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) {
+    if (portNumber != 1) {
+        return 0;
+    }
+    info.address = baseAddress;
+    return 1;
+}
+
+void SimulatedPort::OutByte(std::int16_t address, std::int16_t value) {
+    if (IsOurs(address)) {
+        board_.Write(OffsetOf(address), static_cast<std::uint8_t>(value));
+    }
+}
+
+std::int16_t SimulatedPort::InByte(std::int16_t address) {
+    return IsOurs(address) ? board_.Read(OffsetOf(address)) : nothingThere;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "link/ParallelPort.h"
+#include "simulator/SimulatedBoard.h"
+
+namespace vx3260 {
+
+/// The simulated board on the machine's only printer port, at 888. Elsewhere reads give 255 and
+/// writes go nowhere.
+class SimulatedPort final : public ParallelPort {
+  public:
+    std::int32_t GetParallelPortCount() override { return 1; }
+    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override;
+    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override;
+    void OutByte(std::int16_t address, std::int16_t value) override;
+    std::int16_t InByte(std::int16_t address) override;
+
+    SimulatedBoard& Board() { return board_; }
+
+  private:
+    SimulatedBoard board_;
+};
+
+}  // namespace vx3260
