@@ -1,0 +1,113 @@
+#include "forms/shell/MainMenuForm.h"
+
+#include <QKeyEvent>
+
+#include "analysis/MainNoiseForm.h"
+#include "analysis/NoiseAnalysis.h"
+#include "forms/data/ReadMainDataForm.h"
+#include "link/RegisterMap.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+#include "ui/Fonts.h"
+#include "ui_MainMenuForm.h"
+
+namespace vx3260 {
+
+MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
+    : Form(services, parent),
+      ui_(std::make_unique<Ui::MainMenuForm>()),
+      modeRegister_(services.port, services.state.PortAddress) {
+    ui_->setupUi(this);
+    portItems_ = {ui_->MnuLPT1, ui_->MnuLPT2, ui_->MnuPRN};
+    UseHeadingFont(ui_->Label1);
+    ShowBadge(ui_->BadgeLabel);
+    // Alt+P opens the printer-port menu; the button that shares the letter gives way.
+    ui_->Command1->setShortcut(QKeySequence());
+
+    On(ui_->Command2, &QPushButton::clicked, &MainMenuForm::ReadMainData);
+    On(ui_->Command3, &QPushButton::clicked, &MainMenuForm::AnalyseMainNoise);
+    On(ui_->Command8, &QPushButton::clicked, &MainMenuForm::Quit);
+    for (QPushButton* later : {ui_->Command1, ui_->Command4, ui_->Command5, ui_->Command6,
+                               ui_->Command7, ui_->Command9, ui_->Command10, ui_->Command11}) {
+        later->setEnabled(false);
+    }
+    ConnectPrinterPortMenu();
+    ShowPort();
+}
+
+MainMenuForm::~MainMenuForm() = default;
+
+void MainMenuForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Escape) {
+        Form::keyPressEvent(event);
+    }
+}
+
+void MainMenuForm::ConnectPrinterPortMenu() {
+    for (std::size_t i = 0; i < PrinterPorts.size(); ++i) {
+        portItems_[i]->setEnabled(State().PrinterPortEnabled[i]);
+        connect(portItems_[i], &QAction::triggered, this,
+                [this, i] { ChoosePort(PrinterPorts[i]); });
+    }
+}
+
+/// Only the address of later accesses changes: nothing is claimed and nothing is sent.
+void MainMenuForm::ChoosePort(const PrinterPort& port) {
+    State().PortAddress = port.address;
+    ShowPort();
+}
+
+void MainMenuForm::ShowPort() {
+    for (std::size_t i = 0; i < PrinterPorts.size(); ++i) {
+        portItems_[i]->setChecked(PrinterPorts[i].address == State().PortAddress);
+    }
+    ui_->PortLabel->setText(
+        tr("Port address 0x%1").arg(QString::fromStdString(HexText(State().PortAddress))));
+}
+
+void MainMenuForm::ReadMainData() {
+    if (EnsureContinuousConversion()) {
+        Open<ReadMainDataForm>();
+    }
+}
+
+bool MainMenuForm::EnsureContinuousConversion() {
+    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
+    modeRegister_.WriteAddress = RegisterMap::Mode.writeByte;
+    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
+    const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
+    if ((mode & RegisterMap::ModeMask) == RegisterMap::ContinuousConversion) {
+        return true;
+    }
+    const MessageAnswer answer = Show({.text = "This function requires that the VX3260,\r\n"
+                                               "be placed in Continuous Conversion Mode,\r\n"
+                                               "\r\n"
+                                               "Do you wish to Place the VX3260\r\n"
+                                               "in Continuous Conversion Mode ?",
+                                       .buttons = MessageButtons::YesNo});
+    if (answer != MessageAnswer::Yes) {
+        return false;
+    }
+    // The field is not cleared first, by design: a calibration mode, 4 to 7, becomes 7.
+    modeRegister_.RegValue = mode | RegisterMap::ContinuousConversion;
+    modeRegister_.WriteReg();
+    return true;
+}
+
+void MainMenuForm::AnalyseMainNoise() {
+    if (!CountFitsAnalysis(State().MainCodeCount)) {
+        Show({.text = std::string(CountRefusal)});
+        return;
+    }
+    Open<MainNoiseForm>();
+}
+
+void MainMenuForm::Quit() {
+    const MessageAnswer answer =
+        Show({.text = "Are you sure you want to quit", .buttons = MessageButtons::YesNo});
+    if (answer == MessageAnswer::Yes) {
+        Shared().system.EndProcess(0);
+    }
+}
+
+}  // namespace vx3260

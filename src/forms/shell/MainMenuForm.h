@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QAction>
+#include <array>
+#include <memory>
+
+#include "app/PrinterPorts.h"
+#include "link/Register.h"
+#include "ui/Form.h"
+
+namespace Ui {
+class MainMenuForm;
+}
+
+namespace vx3260 {
+
+/// The program's home window: a button for each activity and the printer-port menu. Closing it
+/// ends the program without a question; "&Quit" asks and then ends the process at once.
+class MainMenuForm final : public Form {
+    Q_OBJECT
+
+  public:
+    explicit MainMenuForm(Services& services, QWidget* parent = nullptr);
+    ~MainMenuForm() override;
+
+  protected:
+    /// Escape does nothing here.
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void ReadMainData();
+    void AnalyseMainNoise();
+    void Quit();
+
+    /// Sees to it that the chip converts continuously. False when the user would not have it.
+    bool EnsureContinuousConversion();
+    void ConnectPrinterPortMenu();
+    void ChoosePort(const PrinterPort& port);
+    void ShowPort();
+
+    std::unique_ptr<Ui::MainMenuForm> ui_;
+    std::array<QAction*, PrinterPorts.size()> portItems_;
+    Register modeRegister_;
+};
+
+}  // namespace vx3260

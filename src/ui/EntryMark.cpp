@@ -1,0 +1,28 @@
+#include "ui/EntryMark.h"
+
+#include <QAction>
+#include <QStyle>
+
+namespace vx3260 {
+namespace {
+
+constexpr QLatin1String markName("entryMark");
+
+}  // namespace
+
+void MarkEntry(QLineEdit* box, const QString& reason) {
+    auto* mark = box->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
+    if (mark == nullptr && !reason.isEmpty()) {
+        mark = box->addAction(box->style()->standardIcon(QStyle::SP_MessageBoxWarning),
+                              QLineEdit::TrailingPosition);
+        mark->setObjectName(markName);
+    }
+    if (mark != nullptr) {
+        mark->setVisible(!reason.isEmpty());
+        mark->setToolTip(reason);
+    }
+    box->setToolTip(reason);
+    box->setAccessibleDescription(reason);
+}
+
+}  // namespace vx3260

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace vx3260 {
+
+/// Marks an entry box whose text cannot be used, with a warning sign and the reason as its tool
+/// tip and accessible description. An empty reason takes the mark away.
+void MarkEntry(QLineEdit* box, const QString& reason);
+
+}  // namespace vx3260

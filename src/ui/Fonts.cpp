@@ -1,0 +1,21 @@
+#include "ui/Fonts.h"
+
+#include <QFontDatabase>
+
+namespace vx3260 {
+
+void UseHeadingFont(QWidget* widget) {
+    constexpr double headingSize = 1.4;
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * headingSize);
+    font.setBold(true);
+    widget->setFont(font);
+}
+
+void UseFixedFont(QWidget* widget) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(widget->font().pointSizeF());
+    widget->setFont(font);
+}
+
+}  // namespace vx3260

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <exception>
+
+#include "app/Services.h"
+
+namespace vx3260 {
+
+/// What the program's forms have in common: they centre themselves on the screen, open each other
+/// modally, and show the errors of their handlers. A form reads the chip in its constructor; an
+/// exception from there leaves the form unopened and is shown by the opener. Escape and the close
+/// box end in reject(), as "B&ack" does. Enter presses no button.
+class Form : public QDialog {
+    Q_OBJECT
+
+  public:
+    Form(Services& services, QWidget* parent);
+
+  protected:
+    Services& Shared() { return services_; }
+    ApplicationState& State() { return services_.state; }
+
+    /// Shows a message box over this form.
+    MessageAnswer Show(const Message& message) { return services_.messages.Show(message); }
+
+    /// Connects a control's signal to a member function of the form. An exception that leaves the
+    /// handler is shown as its text with the critical icon.
+    template <typename Sender, typename Signal, typename Derived>
+    void On(Sender* sender, Signal signal, void (Derived::*handler)()) {
+        connect(sender, signal, this, [this, handler] {
+            try {
+                (static_cast<Derived*>(this)->*handler)();
+            } catch (const std::exception& error) {
+                ShowError(error);
+            }
+        });
+    }
+
+    /// Opens another form and returns when it has been closed.
+    template <typename Opened>
+    void Open() {
+        Opened form(services_, this);
+        form.exec();
+    }
+
+    /// Marks the form as working on a board that is not the real one.
+    void ShowBadge(QLabel* label);
+
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void ShowError(const std::exception& error);
+
+    Services& services_;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,52 @@
+#include "ui/QtMessageBoxes.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace vx3260 {
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
+        case MessageIcon::Critical:
+            return QMessageBox::Critical;
+        case MessageIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// A text's lines end in CR LF or in CR alone; the box breaks lines at LF only.
+QString WithLineFeeds(const std::string& text) {
+    QString lines = QString::fromStdString(text);
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return lines;
+}
+
+}  // namespace
+
+MessageAnswer QtMessageBoxes::Show(const Message& message) {
+    const bool question = message.buttons == MessageButtons::YesNo;
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowTitle(QString::fromStdString(message.title));
+    box.setText(WithLineFeeds(message.text));
+    box.setInformativeText(WithLineFeeds(message.detail));
+    box.setIcon(IconOf(message.icon));
+    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No
+                                    : QMessageBox::StandardButtons(QMessageBox::Ok));
+    const int pressed = box.exec();
+    if (!question) {
+        return MessageAnswer::Ok;
+    }
+    return pressed == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,65 @@
+#include "acquisition/Reading.h"
+
+#include <gtest/gtest.h>
+
+#include "numbers/RuntimeError.h"
+#include "support/SimulatedBench.h"
+
+namespace vx3260 {
+namespace {
+
+using namespace test;
+
+class ReadingTest : public testing::Test {
+  protected:
+    ReadingEnd Read(std::int16_t size, const ReadingHooks& hooks = {}) {
+        ConverterReader reader(*bench.port, bench.state.PortAddress, Converter::Main);
+        reader.ReadEnables();
+        return ReadBlock(reader, bench.state.BlockOf(Converter::Main), size, hooks);
+    }
+
+    SimulatedBench bench;
+};
+
+TEST_F(ReadingTest, WaitsForANewResultEachTimeWhileBothConvertersRun) {
+    const std::int64_t start = bench.board->Now();
+    EXPECT_EQ(Read(20), ReadingEnd::Complete);
+    EXPECT_EQ(bench.state.MainCodes.size(), 20U);
+    EXPECT_EQ(bench.state.MainCodeCount, 20);
+    EXPECT_NEAR(static_cast<double>(bench.board->Now() - start) / 1e6, 20 * 50.54, 51);
+}
+
+TEST_F(ReadingTest, CountsTheCodeBeingRead) {
+    std::vector<int> counts;
+    const ReadingEnd end =
+        Read(50, {.beforeEach = [&] { counts.push_back(bench.state.MainCodeCount); },
+                  .stopRequested = [&] { return counts.size() == 3; }});
+    EXPECT_EQ(end, ReadingEnd::Stopped);
+    EXPECT_EQ(counts, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(bench.state.MainCodeCount, 3);
+    EXPECT_EQ(bench.state.MainCodes.size(), 50U);
+}
+
+TEST_F(ReadingTest, KeepsTheTimeoutAsTheLastCode) {
+    const ReadingEnd end = Read(50, {.beforeEach =
+                                         [&] {
+                                             if (bench.state.MainCodeCount == 4) {
+                                                 bench.Chip().Preset(modeAt, 1);
+                                             }
+                                         },
+                                     .stopRequested = {}});
+    EXPECT_EQ(end, ReadingEnd::TimedOut);
+    EXPECT_EQ(bench.state.MainCodeCount, 4);
+    EXPECT_EQ(bench.state.MainCodes[3], -2147483648.0);
+}
+
+TEST_F(ReadingTest, LeavesTheOldBlockWhenTheSizeIsNone) {
+    Read(5);
+    EXPECT_THROW(Read(0), SubscriptError);
+    EXPECT_THROW(Read(-3), SubscriptError);
+    EXPECT_EQ(bench.state.MainCodeCount, 5);
+    EXPECT_NE(bench.state.MainCodes[4], 0);
+}
+
+}  // namespace
+}  // namespace vx3260

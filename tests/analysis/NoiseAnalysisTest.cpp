@@ -1,0 +1,129 @@
+#include "analysis/NoiseAnalysis.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+std::string TextOf(const NoiseAnalysis& analysis, std::string_view label) {
+    const auto* const figure =
+        std::find_if(NoiseFigures.begin(), NoiseFigures.end(),
+                     [label](const NoiseFigure& f) { return f.label == label; });
+    return analysis.texts.at(static_cast<std::size_t>(figure - NoiseFigures.begin()));
+}
+
+NoiseAnalysis Analyse(const std::vector<double>& codes, int rangeCode = 7,
+                      Polarity polarity = Polarity::Bipolar, float reference = 2.5F) {
+    return AnalyseNoise(codes, MainNoiseConditions(reference, rangeCode, polarity));
+}
+
+TEST(NoiseAnalysis, NamesRangeAndLsbOfEverySetting) {
+    struct {
+        int range;
+        Polarity polarity;
+        const char* rangeText;
+        const char* lsb;
+    } const cases[] = {
+        {0, Polarity::Bipolar, "± 20 mV", "2.384 nV"},
+        {1, Polarity::Unipolar, "40 mV", "2.384 nV"},
+        {2, Polarity::Bipolar, "± 80 mV", "9.537 nV"},
+        {3, Polarity::Bipolar, "± 160 mV", "19.073 nV"},
+        {4, Polarity::Unipolar, "320 mV", "19.073 nV"},
+        {5, Polarity::Bipolar, "± 640 mV", "76.294 nV"},
+        {6, Polarity::Bipolar, "± 1.28V", "152.588 nV"},
+        {7, Polarity::Unipolar, "2.56V", "152.588 nV"},
+        {7, Polarity::Bipolar, "± 2.56V", "305.176 nV"},
+    };
+    for (const auto& c : cases) {
+        const NoiseAnalysis analysis = Analyse({1, 2}, c.range, c.polarity);
+        EXPECT_EQ(TextOf(analysis, "RangeLabel"), c.rangeText);
+        EXPECT_EQ(TextOf(analysis, "LSBLabel"), c.lsb) << c.rangeText;
+    }
+    EXPECT_EQ(TextOf(Analyse({1, 2}, 7, Polarity::Bipolar, 9.0F), "LSBLabel"), "1.099 uV");
+    EXPECT_EQ(TextOf(Analyse({1, 2}, 7, Polarity::Bipolar, 2.048F), "RefLabel"), "2.05 V");
+}
+
+TEST(NoiseAnalysis, ReadsRangeAndPolarityFromTheControlRegister) {
+    const NoiseConditions unipolar = MainNoiseConditionsOf(2.5F, 0x8E);
+    EXPECT_EQ(unipolar.inputRange, 1.28F);
+    EXPECT_EQ(unipolar.polarity, Polarity::Unipolar);
+    EXPECT_EQ(MainNoiseConditionsOf(2.5F, 0xF0).rangeText, "± 20 mV");
+}
+
+TEST(NoiseAnalysis, ShowsASmallBlock) {
+    // Exact in single precision: mean 1004, deviations 4, 0, 4, squares 32 over 2.
+    const NoiseAnalysis analysis = Analyse({1000, 1004, 1008});
+    const struct {
+        const char* label;
+        const char* text;
+    } cases[] = {
+        {"CodesLabel", "3"},         {"RefLabel", "2.50 V"},  {"RMSLabelLSB", "4"},
+        {"AverageLabel", "3EC"},     {"SpanLabel", "8"},      {"MaxLabel", "3F0"},
+        {"MinLabel", "3E8"},         {"RMSLabel", "1.22 uV"}, {"PkPkLabel", "2.441 uV"},
+        {"AvValueLabel", "2.560 V"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(TextOf(analysis, c.label), c.text) << c.label;
+    }
+    EXPECT_EQ(analysis.exact.mean, 1004);
+    EXPECT_EQ(analysis.exact.sigma, 4);
+}
+
+TEST(NoiseAnalysis, ScalesItsVoltages) {
+    struct {
+        std::vector<double> codes;
+        const char* label;
+        const char* text;
+    } const cases[] = {
+        {{8388607, 8388607}, "RMSLabel", "0.00 nV"},
+        {{8388607, 8388607}, "PkPkLabel", "0.000 nV"},
+        {{8388607, 8388607}, "AvValueLabel", "305.176 nV"},  // magnitude of -1 code
+        {{8388608, 8388608}, "AvValueLabel", "00.000 nV"},
+        {{8388618, 8388618}, "AvValueLabel", "03.052 uV"},
+        {{8392704, 8392704}, "AvValueLabel", "1.250 mV"},
+        {{0, 0}, "AvValueLabel", "2.560 V"},
+        {{0, 3276}, "PkPkLabel", "999.756 uV"},
+        {{0, 3277}, "PkPkLabel", "1.000 mV"},
+        {{0, 6553600}, "RMSLabel", "1414.21 mV"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(TextOf(Analyse(c.codes), c.label), c.text) << c.label << ' ' << c.codes[1];
+    }
+    EXPECT_EQ(TextOf(Analyse({100, 100}, 7, Polarity::Unipolar), "AvValueLabel"), "15.259 uV");
+}
+
+TEST(NoiseAnalysis, SumsTheDesignedAverageInSinglePrecision) {
+    std::vector<double> codes(200);
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+        codes[i] = 8388611 + static_cast<double>(i % 3);
+    }
+    float sum = 0;
+    for (const double code : codes) {
+        sum += static_cast<float>(code);
+    }
+    const NoiseAnalysis analysis = Analyse(codes);
+    EXPECT_EQ(analysis.statistics.averageCode, sum / 200.0F);
+    EXPECT_GT(std::abs(analysis.statistics.averageCode - analysis.exact.mean), 1);
+    EXPECT_NEAR(analysis.exact.mean, 8388611.995, 1e-6);
+    EXPECT_NEAR(analysis.exact.sigma, 0.8185, 1e-3);
+    EXPECT_GT(analysis.statistics.rmsNoiseLsb, 1);
+}
+
+TEST(NoiseAnalysis, RefusesBlocksItCannotTell) {
+    EXPECT_THROW(Analyse({}), SubscriptError);
+    EXPECT_THROW(Analyse({8388608, -2147483648.0}), OverflowError);
+    EXPECT_THROW(Analyse({0, -2147483648.0}), OverflowError);
+    EXPECT_FALSE(CountFitsAnalysis(9));
+    EXPECT_TRUE(CountFitsAnalysis(10));
+    EXPECT_TRUE(CountFitsAnalysis(5000));
+    EXPECT_FALSE(CountFitsAnalysis(5001));
+}
+
+}  // namespace
+}  // namespace vx3260

@@ -1,0 +1,65 @@
+#include "numbers/NumberText.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+TEST(NumberText, FormatsByPlaces) {
+    struct {
+        double value;
+        const char* format;
+        const char* text;
+    } const cases[] = {
+        {2.5, "#.00", "2.50"},
+        {2.048, "#.00", "2.05"},
+        {0.25, "#.00", ".25"},
+        {0, "#.00", ".00"},
+        {0.004, "#.00", ".00"},
+        {0.005, "#.00", ".01"},
+        {12.5, "##.00", "12.50"},
+        {123.5, "##.00", "123.50"},
+        {19.787439, "#.##", "19.79"},
+        {20, "#.##", "20."},
+        {0, "#.##", "."},
+        {5.354166, "00.00", "05.35"},
+        {105.0256, "00.00", "105.03"},
+        {19.787439, "#.##00", "19.7874"},
+        {20, "#.##00", "20.0000"},
+        {0.305175781, "0.###", "0.305"},
+        {0.3, "0.###", "0.3"},
+        {305, "0.###", "305."},
+        {9.9996, "0.###", "10."},
+        {999.9999, "0.00", "1000.00"},
+        {1.005, "0.00", "1.01"},  // just below in binary, a half in decimal
+        {2.675, "0.00", "2.68"},
+        {-1.5, "0.00", "-1.50"},
+        {-0.001, "0.00", "0.00"},
+        {1e20, "0.00", "100000000000000000000.00"},
+        {7, "00", "07"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(FormatNumber(c.value, c.format), c.text) << c.value << " as " << c.format;
+    }
+    EXPECT_THROW(FormatNumber(std::numeric_limits<double>::infinity(), "0.00"), OverflowError);
+}
+
+TEST(NumberText, WritesHexadecimalWithoutLeadingZeros) {
+    EXPECT_EQ(HexText(0), "0");
+    EXPECT_EQ(HexText(0x8ABCDE), "8ABCDE");
+    EXPECT_EQ(HexText(-1), "FFFFFFFF");
+    EXPECT_EQ(HexText(std::numeric_limits<std::int32_t>::min()), "80000000");
+}
+
+TEST(NumberText, GivesSinglePrecisionItsShortestText) {
+    EXPECT_EQ(ShortestText(0.02F * 1000.0F), "20");
+    EXPECT_EQ(ShortestText(0.64F * 1000.0F), "640");
+    EXPECT_EQ(ShortestText(2.56F), "2.56");
+}
+
+}  // namespace
+}  // namespace vx3260

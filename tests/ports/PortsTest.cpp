@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include "link/ReadData.h"
+#include "link/Register.h"
+#include "ports/OpenPort.h"
+#include "support/SimulatedBench.h"
+
+namespace vx3260 {
+namespace {
+
+using test::SimulatedBench;
+
+Faults FaultOf(std::initializer_list<const char*> names) {
+    Faults faults;
+    for (const char* name : names) {
+        EXPECT_TRUE(AddFault(name, faults)) << name;
+    }
+    return faults;
+}
+
+TEST(Faults, ChangeWhatTheChipAnswers) {
+    struct {
+        const char* fault;
+        double mode;
+        std::int32_t code;
+    } const cases[] = {
+        {"dout-stuck-high", 0xFF, 0xFFFFFF},
+        {"dout-stuck-low", 0, 0},
+        {"sclk-stuck-high", 0xFF, 0xFFFFFF},
+        {"sclk-stuck-low", 0xFF, 0xFFFFFF},
+        {"din-stuck-low", 0xFF, 0xFFFFFF},
+        {"rdy-stuck-high", 0x03, INT32_MIN},
+        {"no-data-ready", 0x03, INT32_MIN},
+        {"rdy-stuck-low", 0x03, 0},
+        {"reset-stuck-low", 0xFF, INT32_MIN},
+        {"board-gone=0", 0xFF, INT32_MIN},
+        {"bit-flip=4", 0x12, -1},
+    };
+    for (const auto& c : cases) {
+        SimulatedBench bench(FaultOf({c.fault}));
+        Register mode(*bench.port, bench.state.PortAddress, RegisterMap::Mode);
+        EXPECT_EQ(mode.ReadReg(), c.mode) << c.fault;
+        if (c.code >= 0 || c.code == INT32_MIN) {
+            ReadData main(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
+            EXPECT_EQ(main.Read(), c.code) << c.fault;
+        }
+    }
+}
+
+TEST(Faults, TakeTheBoardAwayInTheMiddle) {
+    SimulatedBench bench(FaultOf({"board-gone=200000"}));
+    ReadData main(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
+    int codes = 0;
+    while (main.Read() != INT32_MIN) {
+        ++codes;
+    }
+    EXPECT_GT(codes, 10);
+    EXPECT_EQ(main.Read(), INT32_MIN);
+}
+
+TEST(Faults, AreKnownByName) {
+    for (const FaultDescription& known : KnownFaults()) {
+        std::string name(known.name);
+        if (name.ends_with("=N")) {
+            name.back() = '5';
+        }
+        Faults faults;
+        EXPECT_TRUE(AddFault(name, faults)) << name;
+        EXPECT_NE(faults, Faults{}) << name;
+    }
+    for (const char* name : {"", "rdy", "board-gone", "board-gone=", "board-gone=-1",
+                             "board-gone=5x", "bit-flip=0", "RDY-STUCK-LOW"}) {
+        Faults faults;
+        EXPECT_FALSE(AddFault(name, faults)) << name;
+        EXPECT_EQ(faults, Faults{}) << name;
+    }
+}
+
+TEST(OpenPort, GivesTheBoardThatWasChosen) {
+    const OpenedPort simulated = OpenPort({.simulated = true, .faults = {}});
+    EXPECT_EQ(simulated.badge, "Simulated board");
+    EXPECT_EQ(simulated.port->GetParallelPortCount(), 1);
+    EXPECT_EQ(simulated.port->ClaimParallelPort(2, -1), 0);
+    EXPECT_EQ(simulated.port->InByte(632), 255);
+
+    const OpenedPort real = OpenPort({});
+    ParallelPortInfo info;
+    EXPECT_EQ(real.badge, "");
+    EXPECT_EQ(real.port->ClaimParallelPort(1, -1), 0);
+    EXPECT_EQ(real.port->GetParallelPortInfo(1, info), 0);
+    EXPECT_EQ(real.port->InByte(890), 255);
+}
+
+}  // namespace
+}  // namespace vx3260

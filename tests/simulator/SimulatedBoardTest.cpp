@@ -1,0 +1,266 @@
+#include "simulator/SimulatedBoard.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "link/ReadData.h"
+#include "link/Register.h"
+#include "link/Serial.h"
+#include "support/SimulatedBench.h"
+
+namespace vx3260 {
+namespace {
+
+using namespace test;
+
+constexpr std::int16_t base = 888;
+constexpr double fullScale = 2.56;
+constexpr double half = 8388608;
+
+class BoardTest : public testing::Test {
+  protected:
+    std::int32_t Read(unsigned address, std::int16_t bits) {
+        SerialWrite(*bench.port, static_cast<std::int32_t>(0x40 + address), base, 8);
+        return SerialRead(*bench.port, bits, base);
+    }
+    void Write(unsigned address, std::int32_t value, std::int16_t bits) {
+        SerialWrite(*bench.port, static_cast<std::int32_t>(address), base, 8);
+        SerialWrite(*bench.port, value, base, bits);
+    }
+    std::int32_t ReadResult(unsigned address, std::int16_t bits) {
+        SerialWrite(*bench.port, static_cast<std::int32_t>(0x40 + address), base, 8);
+        return SerialReadWhenReady(*bench.port, bits, base);
+    }
+    std::int32_t ReadMain() { return ReadResult(5, 24); }
+    std::int32_t ReadAux() { return ReadResult(6, 16); }
+    bool ReadyLow() { return (bench.port->InByte(base + 1) & 0x40) == 0; }
+
+    /// Polls until data-ready is low and tells how long that took, in virtual milliseconds.
+    double MillisecondsToReady() {
+        const std::int64_t start = bench.board->Now();
+        for (int polls = 0; !ReadyLow() && polls < 1000000; ++polls) {
+        }
+        return static_cast<double>(bench.board->Now() - start) / 1e6;
+    }
+
+    SimulatedBench bench;
+};
+
+TEST_F(BoardTest, HoldsItsRegistersAtStartAndAfterBothResets) {
+    struct {
+        unsigned address;
+        std::int16_t bits;
+        std::int32_t atStart;
+        std::int32_t afterReset;
+    } const cases[] = {
+        {1, 8, 0x03, 0x00},          {2, 8, 0x87, 0x07},      {3, 8, 0xB9, 0x01},
+        {4, 8, 0x45, 0x45},          {7, 16, 0x0004, 0x0004},  // P3, an input, reads high
+        {8, 24, 0x800000, 0x800000}, {9, 16, 0x8000, 0x8000}, {10, 24, 0x400000, 0x400000},
+        {11, 16, 0x4000, 0x4000},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Read(c.address, c.bits), c.atStart) << c.address;
+    }
+    bench.port->OutByte(base, 0x18);
+    bench.port->OutByte(base, 0x1A);
+    for (const auto& c : cases) {
+        EXPECT_EQ(Read(c.address, c.bits), c.afterReset) << c.address;
+    }
+    Write(1, 0x33, 8);
+    SerialWrite(*bench.port, 0x45, base, 8);  // out of step: the chip waits for 24 clocks
+    EXPECT_NE(Read(1, 8), 0x33);
+    for (int i = 0; i < 32; ++i) {  // ones alone, without the pulses on the reset line
+        bench.port->OutByte(base, 0x13);
+        bench.port->OutByte(base, 0x1B);
+    }
+    bench.port->OutByte(base, 0x1A);
+    for (const auto& c : cases) {
+        EXPECT_EQ(Read(c.address, c.bits), c.afterReset) << c.address;
+    }
+}
+
+TEST_F(BoardTest, TakesWritesWhereTheModeAllows) {
+    struct {
+        unsigned address;
+        std::int16_t bits;
+        std::int32_t value;
+        std::int32_t readInMode1;
+    } const cases[] = {
+        {4, 8, 0x0D, 0x45},          {8, 24, 0x123456, 0x800000}, {9, 16, 0x1234, 0x8000},
+        {10, 24, 0x54321, 0x400000}, {11, 16, 0x4321, 0x4000},    {2, 8, 0x5A, 0x5A},
+        {3, 8, 0xFE, 0xFE},          {7, 16, 0xFFFB, 0xFFFB},
+    };
+    for (const auto& c : cases) {
+        Write(1, 0x01, 8);
+        Write(c.address, c.value, c.bits);
+        EXPECT_EQ(Read(c.address, c.bits), c.readInMode1) << c.address;
+        Write(1, 0x00, 8);
+        Write(c.address, c.value, c.bits);
+        EXPECT_EQ(Read(c.address, c.bits), c.value) << c.address;
+    }
+    Write(7, 0x00FF, 16);
+    EXPECT_EQ(Read(7, 16), 0x00FF);
+    Write(7, 0x000F, 16);  // P3 and P4 as inputs show their levels, high and low
+    EXPECT_EQ(Read(7, 16), 0x0007);
+}
+
+TEST_F(BoardTest, IgnoresWhatIsNoCommand) {
+    for (const int byte : {0x00, 0x81, 0x61, 0x51, 0x4C, 0x4E, 0x0F, 0xC1}) {
+        SerialWrite(*bench.port, byte, base, 8);
+        EXPECT_EQ(Read(1, 8), 0x03) << byte;
+    }
+    bench.port->OutByte(base + 2, 0x24);  // the data lines are inputs now
+    Write(1, 0x00, 8);
+    bench.port->OutByte(base + 2, 0x04);
+    EXPECT_EQ(Read(1, 8), 0x03);
+}
+
+TEST_F(BoardTest, AnnouncesResultsAtTheUpdateRate) {
+    EXPECT_NEAR(MillisecondsToReady(), 50.5, 0.1);
+    EXPECT_EQ(Read(0, 8), 0xC1);  // RDY0, RDY1, LOCK
+    ReadMain();
+    EXPECT_TRUE(ReadyLow());
+    EXPECT_EQ(Read(0, 8), 0x41);
+    ReadAux();
+    EXPECT_FALSE(ReadyLow());
+    EXPECT_EQ(Read(0, 8), 0x01);
+    Write(3, 0x01, 8);  // main alone
+    EXPECT_NEAR(MillisecondsToReady(), 50.5, 0.1);
+    Write(2, 0x87, 8);  // a write discards the result and starts the period anew
+    EXPECT_FALSE(ReadyLow());
+
+    Write(1, 0x00, 8);
+    Write(4, 0xFF, 8);
+    Write(1, 0x03, 8);
+    EXPECT_NEAR(MillisecondsToReady(), 186.8, 0.2);
+    Write(1, 0x02, 8);  // one conversion, then idle
+    EXPECT_NEAR(MillisecondsToReady(), 186.8, 0.2);
+    EXPECT_EQ(Read(1, 8), 0x01);
+    ReadMain();
+    EXPECT_EQ(ReadMain(), ReadTimeout);
+}
+
+TEST_F(BoardTest, ConvertsTheInputOfEachChannel) {
+    struct {
+        bool chcon;
+        int control;
+        double volts;
+    } const main[] = {
+        {false, 0x87, 0.010}, {false, 0x97, 0.020}, {false, 0xA7, 0},
+        {false, 0xB7, -1.0},  {true, 0x87, 1.030},  {true, 0x97, 0.020},
+        {true, 0xA7, 0},      {true, 0xB7, 1.020},  {false, 0x8F, 0.010},  // unipolar
+    };
+    for (const auto& c : main) {
+        Write(3, 0x01, 8);
+        Write(1, c.chcon ? 0x13 : 0x03, 8);
+        Write(2, c.control, 8);
+        const bool unipolar = (c.control & 8) != 0;
+        const double codesPerFullScale = unipolar ? 2 * half : half;
+        const double expected =
+            (unipolar ? 0 : half) + (c.volts * 0.996 / fullScale + 0.002) * codesPerFullScale;
+        EXPECT_NEAR(ReadMain(), expected, 200) << c.control;
+    }
+    struct {
+        bool chcon;
+        int control;
+        double partOfScale;
+    } const aux[] = {
+        {false, 0x89, 1.5 / 2.5}, {false, 0x99, 1.48 / 2.5},
+        {false, 0xA9, 0.6 / 2.5}, {false, 0xB9, 0.29815 / 2.5},
+        {false, 0xC9, 0},         {true, 0x89, 0.9 / 2.5},
+        {true, 0x99, 0.3 / 2.5},  {false, 0xB8, 0.29815 / 1.25},
+        {false, 0xF9, 0},
+    };
+    Write(2, 0x07, 8);
+    for (const auto& c : aux) {
+        Write(1, c.chcon ? 0x13 : 0x03, 8);
+        Write(3, c.control, 8);
+        EXPECT_NEAR(ReadAux(), (c.partOfScale * 0.996 + 0.002) * 65536, 4) << c.control;
+    }
+}
+
+TEST_F(BoardTest, ClampsAndFlagsWhatIsOverRange) {
+    Write(2, 0x80, 8);  // 10 mV fit the 20 mV range, -1 V does not
+    ReadAux();
+    ReadMain();
+    EXPECT_EQ(Read(0, 8) & 0x0C, 0);
+    Write(2, 0xB0, 8);
+    EXPECT_EQ(ReadMain(), 0);
+    EXPECT_EQ(Read(0, 8) & 0x0C, 0x08);
+    Write(2, 0xC7, 8);  // 16-bit words leave the low byte empty
+    EXPECT_EQ(ReadMain() & 0xFF, 0);
+    Write(3, 0x88, 8);  // 1.5 V at 1.25 V full scale
+    EXPECT_EQ(ReadAux(), 0xFFFF);
+    EXPECT_EQ(Read(0, 8) & 0x0C, 0x04);
+}
+
+TEST_F(BoardTest, CalibratesItsErrorsAway) {
+    Write(3, 0x01, 8);
+    for (const int mode : {4, 5}) {
+        Write(1, mode, 8);
+        EXPECT_EQ(Read(0, 8), 0x21) << mode;  // CAL, LOCK
+        EXPECT_NEAR(MillisecondsToReady(), 151.6, 1.0) << mode;
+        EXPECT_EQ(Read(1, 8), 0x01) << mode;
+        EXPECT_EQ(Read(0, 8) & 0x20, 0) << mode;
+    }
+    EXPECT_EQ(Read(9, 16), 0x8000);  // the aux converter was not enabled
+    EXPECT_NEAR(Read(8, 24), 0x800000 + 0.002 * half, 200);
+    EXPECT_NEAR(Read(10, 24), 0x400000 / 0.996, 200);
+    Write(1, 0x03, 8);
+    EXPECT_NEAR(ReadMain(), half + 0.010 / fullScale * half, 200);
+
+    Write(1, 0x06, 8);  // a system calibration takes the 10 mV that are there for zero
+    MillisecondsToReady();
+    Write(1, 0x03, 8);
+    EXPECT_NEAR(ReadMain(), half, 200);
+    Write(1, 0x17, 8);  // and 1.03 V for full scale
+    MillisecondsToReady();
+    Write(1, 0x13, 8);
+    EXPECT_NEAR(ReadMain(), 2 * half, 400);
+}
+
+/// Standard deviation of the codes of one setting, in volts.
+double NoiseVolts(SimulatedBench& bench, int control, double fullScaleVolts) {
+    bench.Chip().Preset(auxControlAt, 0x01);
+    bench.Chip().Preset(mainControlAt, static_cast<std::uint32_t>(control));
+    constexpr int count = 400;
+    double sum = 0;
+    double squares = 0;
+    ReadData reader(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
+    for (int i = 0; i < count; ++i) {
+        const double code = reader.Read() - half;
+        sum += code;
+        squares += code * code;
+    }
+    const double variance = (squares - sum * sum / count) / (count - 1);
+    return std::sqrt(variance) * fullScaleVolts / half;
+}
+
+TEST_F(BoardTest, IsNoisierInWideRangesAndAtHighRates) {
+    // 400 readings know the deviation to 3.5 %; the bounds are five times that.
+    EXPECT_NEAR(NoiseVolts(bench, 0xA0, 0.02), 0.5e-6, 0.09e-6);
+    EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 4.0e-6, 0.7e-6);
+    bench.Chip().Preset(filterAt, 0x11);  // 69 / 17 times the rate
+    EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 8.06e-6, 1.4e-6);
+}
+
+TEST_F(BoardTest, RepeatsToTheBit) {
+    SimulatedBench again;
+    bench.Chip().Preset(auxControlAt, 0x01);
+    again.Chip().Preset(auxControlAt, 0x01);
+    ReadData first(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
+    ReadData second(*again.port, again.state.PortAddress, RegisterMap::MainData);
+    std::int32_t previous = 0;
+    bool varies = false;
+    for (int i = 0; i < 20; ++i) {
+        const std::int32_t code = first.Read();
+        EXPECT_EQ(code, second.Read());
+        varies = varies || code != previous;
+        previous = code;
+    }
+    EXPECT_TRUE(varies);
+}
+
+}  // namespace
+}  // namespace vx3260

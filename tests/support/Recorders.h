@@ -1,0 +1,51 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/MessageBoxes.h"
+#include "app/OperatingSystem.h"
+
+namespace vx3260::test {
+
+/// Notes the message boxes asked for and gives prepared answers; OK when none is left.
+class RecordedMessages final : public MessageBoxes {
+  public:
+    MessageAnswer Show(const Message& message) override {
+        shown.push_back(message);
+        if (answers.empty()) {
+            return MessageAnswer::Ok;
+        }
+        const MessageAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+
+    std::vector<std::string> Texts() const {
+        std::vector<std::string> texts;
+        for (const Message& message : shown) {
+            texts.push_back(message.text);
+        }
+        return texts;
+    }
+
+    std::vector<Message> shown;
+    std::deque<MessageAnswer> answers;
+};
+
+/// A system with a version and a command line of the test's choice. It notes the end of the
+/// process instead of ending it.
+class RecordedSystem final : public OperatingSystem {
+  public:
+    SystemVersion QueryVersion() override { return version; }
+    std::string CommandLine() override { return commandLine; }
+    void EndProcess(int exitCode) override { ended.push_back(exitCode); }
+
+    SystemVersion version;
+    std::string commandLine;
+    std::vector<int> ended;
+};
+
+}  // namespace vx3260::test
