@@ -1,0 +1,93 @@
+#include "analysis/MainNoiseForm.h"
+
+#include <gtest/gtest.h>
+
+#include <QGroupBox>
+#include <QPushButton>
+
+#include "numbers/RuntimeError.h"
+#include "support/Forms.h"
+#include "support/SimulatedBench.h"
+
+namespace vx3260 {
+namespace {
+
+using namespace test;
+
+QString FromView(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+class MainNoiseFormTest : public testing::Test {
+  protected:
+    void Fill(std::vector<double> codes) {
+        bench.state.MainCodeCount = static_cast<std::int16_t>(codes.size());
+        bench.state.MainCodes = std::move(codes);
+    }
+
+    SimulatedBench bench;
+};
+
+TEST_F(MainNoiseFormTest, ShowsTheFiguresUnderTheirCaptions) {
+    Fill({8388608, 8388612, 8388616});
+    bench.Chip().Preset(mainControlAt, 0x80);
+    const MainNoiseForm form(*bench.services);
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("VX3260 Evaluation Software - Noise Analysis"));
+    const NoiseTexts texts =
+        AnalyseNoise(bench.state.MainCodes, MainNoiseConditionsOf(2.5F, 0x80)).texts;
+    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
+        const NoiseFigure& figure = NoiseFigures[i];
+        auto& value = Find<QLabel>(form, std::string(figure.label).c_str());
+        EXPECT_EQ(value.text(), QString::fromStdString(texts[i])) << figure.label;
+        EXPECT_EQ(qobject_cast<QGroupBox*>(value.parentWidget())->title(), FromView(figure.frame));
+        int captions = 0;
+        for (const QLabel* caption : form.findChildren<QLabel*>()) {
+            if (caption->buddy() == &value) {
+                EXPECT_EQ(caption->text(), FromView(figure.caption));
+                ++captions;
+            }
+        }
+        EXPECT_EQ(captions, 1) << figure.label;
+    }
+    EXPECT_EQ(Find<QLabel>(form, "RangeLabel").text(), QStringLiteral("± 20 mV"));
+    EXPECT_EQ(Find<QLabel>(form, "SpanLabel").text(), QStringLiteral("8"));
+    EXPECT_EQ(Find<QLabel>(form, "BadgeLabel").text(), QStringLiteral("Simulated board"));
+}
+
+TEST_F(MainNoiseFormTest, LeavesItsFindingsInTheState) {
+    Fill({1000, 1004, 1008});
+    bench.state.MainCodes.resize(50, 9e6);  // a block that was interrupted after three codes
+    bench.Chip().Preset(mainControlAt, 0x8F);
+    const MainNoiseForm form(*bench.services);
+    EXPECT_EQ(bench.state.InputRange, 2.56F);
+    EXPECT_EQ(bench.state.Polarity, Polarity::Unipolar);
+    EXPECT_EQ(bench.state.MaxCode, 1008);
+    EXPECT_EQ(bench.state.MinCode, 1000);
+    EXPECT_EQ(bench.state.AverageCode, 1004.0F);
+    EXPECT_EQ(bench.state.RmsNoiseLsb, 4);
+    EXPECT_NEAR(bench.state.LsbSize, 152.587890625, 1e-9);  // nanovolts
+}
+
+TEST_F(MainNoiseFormTest, DoesNotOpenOnATimeout) {
+    Fill({8388608, -2147483648.0});
+    EXPECT_THROW(MainNoiseForm(*bench.services, nullptr), OverflowError);
+}
+
+TEST_F(MainNoiseFormTest, HasItsButtons) {
+    Fill({1, 2});
+    const MainNoiseForm form(*bench.services);
+    const struct {
+        const char* name;
+        const char* caption;
+        bool enabled;
+    } cases[] = {{"Command1", "Plot &Graph", false},
+                 {"Command2", "Plot &Histogram", false},
+                 {"Command3", "B&ack", true}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Find<QPushButton>(form, c.name).text(), QString::fromLatin1(c.caption));
+        EXPECT_EQ(Find<QPushButton>(form, c.name).isEnabled(), c.enabled) << c.name;
+    }
+}
+
+}  // namespace
+}  // namespace vx3260

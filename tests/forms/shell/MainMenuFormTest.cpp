@@ -1,0 +1,202 @@
+#include "forms/shell/MainMenuForm.h"
+
+#include <gtest/gtest.h>
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+#include "support/Forms.h"
+#include "support/Pictures.h"
+#include "support/SimulatedBench.h"
+
+namespace vx3260 {
+namespace {
+
+using namespace test;
+
+class MainMenuFormTest : public testing::Test {
+  protected:
+    void Open() {
+        form = std::make_unique<MainMenuForm>(*bench.services);
+        form->show();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    /// The caption of the form that a button opens; empty when it opens none.
+    QString OpenedBy(const char* button) {
+        QString title;
+        WhileModal([&] { Find<QPushButton>(*form, button).click(); },
+                   [&](QDialog& opened) { title = opened.windowTitle(); });
+        return title;
+    }
+    std::vector<std::string> Shown() { return bench.messages.Texts(); }
+
+    SimulatedBench bench;
+    std::unique_ptr<MainMenuForm> form;
+};
+
+const QString readingTitle =
+    QStringLiteral("VX3260 Evaluation Software - Read Data From Main Data Register");
+
+TEST_F(MainMenuFormTest, HasItsButtonsInOrder) {
+    Open();
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("VX3260 Evaluation Software - Main Menu"));
+    EXPECT_EQ(Find<QLabel>(*form, "Label1").text(), QStringLiteral("Main Menu"));
+    EXPECT_EQ(Find<QLabel>(*form, "BadgeLabel").text(), QStringLiteral("Simulated board"));
+    const struct {
+        const char* name;
+        const char* caption;
+        bool enabled;
+    } buttons[] = {
+        {"Command1", "&Program VX3260", false},
+        {"Command2", "Read Data from &Main ADC", true},
+        {"Command3", "Mai&n ADC Noise Analysis", true},
+        {"Command4", "Re&set VX3260", false},
+        {"Command5", "&Read from File", false},
+        {"Command6", "&Write to File", false},
+        {"Command7", "A&bout", false},
+        {"Command8", "&Quit", true},
+        {"Command9", "Read Data from &Aux ADC", false},
+        {"Command10", "A&ux ADC Noise Analysis", false},
+        {"Command11", "Dual ADC Display", false},
+    };
+    for (const auto& b : buttons) {
+        EXPECT_EQ(Find<QPushButton>(*form, b.name).text(), QString::fromLatin1(b.caption));
+        EXPECT_EQ(Find<QPushButton>(*form, b.name).isEnabled(), b.enabled) << b.name;
+    }
+    TakePicture(*form, "MainMenuForm");
+}
+
+TEST_F(MainMenuFormTest, OpensTheReadingInContinuousConversionWithoutAQuestion) {
+    bench.Chip().Preset(modeAt, 0x23);
+    Open();
+    EXPECT_EQ(OpenedBy("Command2"), readingTitle);
+    EXPECT_TRUE(Shown().empty());
+    EXPECT_EQ(bench.Chip().Contents(modeAt), 0x23U);
+}
+
+TEST_F(MainMenuFormTest, AsksBeforeItPutsTheChipInContinuousConversion) {
+    const struct {
+        std::uint32_t mode;
+        MessageAnswer answer;
+        std::uint32_t after;
+    } cases[] = {{0x02, MessageAnswer::No, 0x02},
+                 {0x01, MessageAnswer::Yes, 0x03},
+                 {0x10, MessageAnswer::Yes, 0x13},
+                 {0x14, MessageAnswer::Yes, 0x17}};
+    Open();
+    for (const auto& c : cases) {
+        bench.Chip().Preset(modeAt, c.mode);
+        bench.messages.shown.clear();
+        bench.messages.answers = {c.answer};
+        EXPECT_EQ(OpenedBy("Command2"), c.answer == MessageAnswer::Yes ? readingTitle : QString());
+        EXPECT_EQ(bench.Chip().Contents(modeAt), c.after);
+        ASSERT_EQ(Shown().size(), 1U);
+        EXPECT_EQ(
+            bench.messages.shown[0].text,
+            "This function requires that the VX3260,\r\nbe placed in Continuous Conversion "
+            "Mode,\r\n\r\nDo you wish to Place the VX3260\r\nin Continuous Conversion Mode ?");
+        EXPECT_EQ(bench.messages.shown[0].icon, MessageIcon::None);
+        EXPECT_EQ(bench.messages.shown[0].buttons, MessageButtons::YesNo);
+    }
+}
+
+TEST_F(MainMenuFormTest, ChecksTheCountBeforeTheNoiseAnalysis) {
+    Open();
+    bench.state.MainCodes.assign(5001, 8388608);
+    for (const int count : {0, 9, 10, 5000, 5001}) {
+        bench.state.MainCodeCount = static_cast<std::int16_t>(count);
+        bench.messages.shown.clear();
+        const bool fits = count == 10 || count == 5000;
+        EXPECT_EQ(OpenedBy("Command3"),
+                  fits ? QStringLiteral("VX3260 Evaluation Software - Noise Analysis") : QString());
+        EXPECT_EQ(Shown().size(), fits ? 0U : 1U) << count;
+    }
+    EXPECT_EQ(Shown().back(),
+              "For Data Analysis the number of Codes read must be between 9 and 5000");
+}
+
+TEST_F(MainMenuFormTest, ShowsTheErrorOfANoiseFormThatCannotOpen) {
+    Open();
+    bench.state.MainCodes.assign(20, 8388608);
+    bench.state.MainCodes[19] = -2147483648.0;
+    bench.state.MainCodeCount = 20;
+    EXPECT_EQ(OpenedBy("Command3"), QString());
+    EXPECT_EQ(Shown(), std::vector<std::string>{"Overflow"});
+    EXPECT_EQ(bench.messages.shown[0].icon, MessageIcon::Critical);
+}
+
+TEST_F(MainMenuFormTest, QuitsWhenTheAnswerIsYes) {
+    Open();
+    bench.messages.answers = {MessageAnswer::No, MessageAnswer::Yes};
+    Find<QPushButton>(*form, "Command8").click();
+    EXPECT_TRUE(bench.system.ended.empty());
+    Find<QPushButton>(*form, "Command8").click();
+    EXPECT_EQ(bench.system.ended, std::vector<int>{0});
+    EXPECT_EQ(bench.messages.shown[0].text, "Are you sure you want to quit");
+    EXPECT_EQ(bench.messages.shown[0].buttons, MessageButtons::YesNo);
+    EXPECT_EQ(bench.messages.shown[0].icon, MessageIcon::None);
+}
+
+TEST_F(MainMenuFormTest, IgnoresEscapeAndClosesWithoutAQuestion) {
+    Open();
+    QTest::keyClick(form.get(), Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    form->close();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(MainMenuFormTest, ChoosesThePrinterPort) {
+    bench.state.PrinterPortEnabled = {true, true, false};
+    Open();
+    const char* const items[] = {"MnuLPT1", "MnuLPT2", "MnuPRN"};
+    const auto checked = [&] {
+        std::string names;
+        for (const char* item : items) {
+            names += Find<QAction>(*form, item).isChecked() ? item : "-";
+        }
+        return names;
+    };
+    EXPECT_EQ(checked(), "MnuLPT1--");
+    EXPECT_FALSE(Find<QAction>(*form, "MnuPRN").isEnabled());
+    Find<QAction>(*form, "MnuLPT2").trigger();
+    EXPECT_EQ(checked(), "-MnuLPT2-");
+    EXPECT_EQ(bench.state.PortAddress, 632);
+    Find<QAction>(*form, "MnuLPT2").trigger();  // stays checked
+    EXPECT_EQ(checked(), "-MnuLPT2-");
+    Find<QAction>(*form, "MnuPRN").setEnabled(true);
+    Find<QAction>(*form, "MnuPRN").trigger();
+    EXPECT_EQ(bench.state.PortAddress, 956);
+    EXPECT_EQ(Find<QAction>(*form, "MnuPRN").text(), QStringLiteral("PRN"));
+}
+
+TEST_F(MainMenuFormTest, OpensThePortMenuWithAltP) {
+    Open();
+    auto& menu = Find<QMenu>(*form, "MnuPrinter");
+    EXPECT_EQ(menu.title(), QStringLiteral("&Printer Port"));
+    Find<QPushButton>(*form, "Command1").setEnabled(true);
+    QTest::keyClick(form.get(), Qt::Key_P, Qt::AltModifier);
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+}
+
+TEST_F(MainMenuFormTest, AnswersAsTheWiresDo) {
+    struct {
+        const char* fault;
+        std::size_t questions;
+    } const cases[] = {{"dout-stuck-high", 1}, {"dout-stuck-low", 1}, {"board-gone=0", 1}};
+    for (const auto& c : cases) {
+        Faults faults;
+        AddFault(c.fault, faults);
+        SimulatedBench faulty(faults);
+        const MainMenuForm menu(*faulty.services);
+        Find<QPushButton>(menu, "Command2").click();
+        EXPECT_EQ(faulty.messages.shown.size(), c.questions) << c.fault;
+    }
+}
+
+}  // namespace
+}  // namespace vx3260
