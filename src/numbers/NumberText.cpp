@@ -51,7 +51,8 @@ void RoundHalfAwayFromZero(Decimal& number, int places) {
     }
     const auto lastBelowNine = number.digits.find_last_not_of('9');
     if (lastBelowNine == std::string::npos) {
-        number.digits.assign("1" + std::string(keptSize, '0'));
+        number.digits.assign(keptSize + 1, '0');
+        number.digits.front() = '1';
         ++number.pointAt;
         return;
     }

@@ -36,7 +36,10 @@ void SimulatedPort::OutByte(std::int16_t address, std::int16_t value) {
 }
 
 std::int16_t SimulatedPort::InByte(std::int16_t address) {
-    return IsOurs(address) ? board_.Read(OffsetOf(address)) : nothingThere;
+    if (!IsOurs(address)) {
+        return nothingThere;
+    }
+    return board_.Read(OffsetOf(address));
 }
 
 }  // namespace vx3260

@@ -40,7 +40,7 @@ class Form : public QDialog {
 
     /// Opens another form and returns when it has been closed.
     template <typename Opened>
-    void Open() {
+    void OpenForm() {
         Opened form(services_, this);
         form.exec();
     }

@@ -155,7 +155,7 @@ void ReadMainDataForm::AnalyseBlock() {
         Show({.text = std::string(CountRefusal)});
         return;
     }
-    Open<MainNoiseForm>();
+    OpenForm<MainNoiseForm>();
 }
 
 void ReadMainDataForm::FollowProgress() {

@@ -67,7 +67,7 @@ void MainMenuForm::ShowPort() {
 
 void MainMenuForm::ReadMainData() {
     if (EnsureContinuousConversion()) {
-        Open<ReadMainDataForm>();
+        OpenForm<ReadMainDataForm>();
     }
 }
 
@@ -99,7 +99,7 @@ void MainMenuForm::AnalyseMainNoise() {
         Show({.text = std::string(CountRefusal)});
         return;
     }
-    Open<MainNoiseForm>();
+    OpenForm<MainNoiseForm>();
 }
 
 void MainMenuForm::Quit() {

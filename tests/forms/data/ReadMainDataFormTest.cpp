@@ -36,7 +36,7 @@ class ReadMainDataFormTest : public testing::Test {
     QString Prompt() { return Find<QLabel>(*form, "ReadingLabel").text(); }
 
     /// Runs `act` from the event loop once a reading runs; `count` codes into it.
-    void DuringReading(std::int16_t count, std::function<void()> act) {
+    void DuringReading(std::int16_t count, const std::function<void()>& act) {
         auto* timer = new QTimer(form.get());
         QObject::connect(timer, &QTimer::timeout, form.get(), [this, timer, count, act] {
             if (bench->state.MainCodeCount >= count) {

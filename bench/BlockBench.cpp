@@ -1,0 +1,90 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "acquisition/Reading.h"
+#include "analysis/NoiseAnalysis.h"
+#include "app/StartUp.h"
+#include "forms/data/ReadMainDataForm.h"
+#include "platform/LinuxSystem.h"
+#include "ports/SimulatedPort.h"
+
+namespace vx3260::bench {
+namespace {
+
+constexpr std::int16_t blockSize = 5000;
+/// What the real chip takes for the block at the filter word 0x45.
+constexpr double realSeconds = blockSize * 0x45 * 24 / 32768.0;
+
+class NoMessages final : public MessageBoxes {
+  public:
+    MessageAnswer Show(const Message& /*message*/) override { return MessageAnswer::Ok; }
+};
+
+struct Bench {
+    Bench() { StartUp(services); }
+
+    SimulatedPort port;
+    NoMessages messages;
+    LinuxSystem system{0, nullptr};
+    ApplicationState state;
+    Services services{port, messages, system, state};
+};
+
+/// How many times faster than the real chip.
+void CountSpeed(benchmark::State& state) {
+    state.counters["times_real"] =
+        benchmark::Counter(realSeconds, benchmark::Counter::kIsIterationInvariantRate);
+}
+
+void BlockOf5000(benchmark::State& state) {
+    Bench bench;
+    ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
+    reader.ReadEnables();
+    for (auto _ : state) {
+        ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
+    }
+    CountSpeed(state);
+}
+BENCHMARK(BlockOf5000)->Unit(benchmark::kMillisecond);
+
+void BlockOf5000ThroughTheForm(benchmark::State& state) {
+    Bench bench;
+    ReadMainDataForm form(bench.services);
+    form.show();
+    form.findChild<QLineEdit*>(QStringLiteral("NumCodesText"))->setText(QStringLiteral("5000"));
+    auto* const read = form.findChild<QPushButton*>(QStringLiteral("Command1"));
+    for (auto _ : state) {
+        read->click();
+    }
+    CountSpeed(state);
+}
+BENCHMARK(BlockOf5000ThroughTheForm)->Unit(benchmark::kMillisecond);
+
+void StatisticsOf5000(benchmark::State& state) {
+    Bench bench;
+    ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
+    reader.ReadEnables();
+    ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
+    const NoiseConditions conditions = MainNoiseConditions(2.5F, 7, Polarity::Bipolar);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(AnalyseNoise(bench.state.MainCodes, conditions));
+    }
+}
+BENCHMARK(StatisticsOf5000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace vx3260::bench
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 2;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,71 @@
+# Sourced by run.sh, test.sh and .ci/run: what has to be installed, and quiet building.
+# shellcheck shell=bash disable=SC2034
+
+buildPackages=(g++ cmake ninja-build qt6-base-dev libcli11-dev)
+runPackages=(qt6-wayland)
+testPackages=(libgtest-dev fonts-dejavu-core)
+stylePackages=(clang-format clang-tidy shellcheck)
+benchPackages=(libbenchmark-dev)
+
+Say() {
+    printf '%s\n' "$*" >&2
+}
+
+IsInstalled() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# InstallMissing PACKAGE...: installs what is not there yet; says nothing when all is.
+InstallMissing() {
+    neededPackages=("$@")
+    command -v apt-get >/dev/null && command -v dpkg-query >/dev/null || return 0
+    local package missing=() asRoot=()
+    for package in "$@"; do
+        IsInstalled "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            Say "Missing packages. As root, run: apt-get install ${missing[*]}"
+            return 1
+        fi
+        asRoot=(sudo)
+    fi
+    Say "Installing ${missing[*]} ..."
+    "${asRoot[@]}" apt-get -qq update &&
+        "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get -qq install --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+NameNeededPackages() {
+    Say "The build needs these packages (Debian's names; another distribution may call them"
+    Say "differently): ${neededPackages[*]}"
+}
+
+# Build PRESET: configures and builds; says nothing when nothing is to do.
+Build() {
+    local preset=$1 directory=build/$1
+    local tool log
+    for tool in cmake ninja c++; do
+        if ! command -v "$tool" >/dev/null; then
+            Say "There is no $tool."
+            NameNeededPackages
+            return 1
+        fi
+    done
+    if [ ! -f "$directory/build.ninja" ]; then
+        Say "Configuring $directory ..."
+        mkdir -p "$directory"
+        log=$directory/configure.log
+        if ! cmake --preset "$preset" >"$log" 2>&1; then
+            cat "$log" >&2
+            NameNeededPackages
+            return 1
+        fi
+    fi
+    if ninja -C "$directory" -n | grep -q 'no work to do'; then
+        return 0
+    fi
+    Say "Building $directory ..."
+    cmake --build --preset "$preset" >&2
+}
