@@ -1,0 +1,141 @@
+#include "files/CodeFile.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QString>
+#include <algorithm>
+#include <cerrno>
+#include <ostream>
+#include <system_error>
+
+namespace vx3260 {
+namespace {
+
+/// 128 bytes for each of the lines that a block can have.
+constexpr std::size_t mostBytes = (MostCodesInBlock + 1) * 128;
+
+[[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
+                              const std::string& reason) {
+    throw FileAccessError("cannot " + std::string(what) + " " + std::string(name) + ": " + reason);
+}
+
+[[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
+                              const QFileDevice& file) {
+    ThrowCannot(what, name, file.errorString().toStdString());
+}
+
+std::string ReadBounded(QFile& file, const std::string& path) {
+    constexpr std::size_t chunk = std::size_t{1} << 16U;
+    std::string bytes;
+    std::size_t size = 0;
+    qint64 got = 0;
+    do {
+        bytes.resize(size + chunk);
+        got = file.read(bytes.data() + size, static_cast<qint64>(chunk));
+        if (got < 0 || file.error() != QFileDevice::NoError) {
+            ThrowCannot("read", path, file);
+        }
+        size += static_cast<std::size_t>(got);
+        if (size > mostBytes) {
+            throw BadDataError(path + ": more than " + std::to_string(mostBytes) +
+                               " bytes; a data file has at most " +
+                               std::to_string(MostCodesInBlock) + " lines of one code each");
+        }
+    } while (got > 0);
+    bytes.resize(size);
+    return bytes;
+}
+
+void OpenForSaving(QSaveFile& file, const std::string& path) {
+    file.setDirectWriteFallback(false);
+    if (!file.open(QIODevice::WriteOnly)) {
+        ThrowCannot("write", path, file);
+    }
+}
+
+void Save(const std::string& path, const std::string& text) {
+    QSaveFile file(QString::fromStdString(path));
+    OpenForSaving(file, path);
+    file.write(text.data(), static_cast<qint64>(text.size()));
+    if (!file.commit()) {
+        ThrowCannot("write", path, file);
+    }
+}
+
+/// The names of open files may lead to one on a disk, but its replacement would not be open.
+bool NamesOpenFile(std::string_view path) {
+    constexpr std::string_view prefixes[] = {"/dev/fd/", "/dev/std", "/proc/"};
+    return std::any_of(std::begin(prefixes), std::end(prefixes),
+                       [path](std::string_view prefix) { return path.starts_with(prefix); });
+}
+
+bool IsWrittenDirectly(const std::string& path) {
+    const QFileInfo info(QString::fromStdString(path));
+    return NamesOpenFile(path) || (info.exists() && !info.isFile() && !info.isDir());
+}
+
+/// Where the device turns out to be a file, nothing of it is cut off.
+std::unique_ptr<QFile> OpenDevice(const std::string& path) {
+    auto device = std::make_unique<QFile>(QString::fromStdString(path));
+    const auto how = QFileInfo(*device).isFile() ? QIODevice::Append : QIODevice::Truncate;
+    if (!device->open(QIODevice::WriteOnly | QIODevice::Unbuffered | how)) {
+        ThrowCannot("write", path, *device);
+    }
+    return device;
+}
+
+bool IsStandardOutput(std::string_view target) {
+    return target.empty() || target == "-" || target == "/dev/stdout";
+}
+
+}  // namespace
+
+std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
+    QFile file(QString::fromStdString(path));
+    if (QFileInfo(file).isDir()) {
+        ThrowCannot("read", path, std::generic_category().message(EISDIR));
+    }
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        ThrowCannot("read", path, file);
+    }
+    return ParseCodes(ReadBounded(file, path), notation, path);
+}
+
+void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name) {
+    errno = 0;
+    stream << text << std::flush;
+    if (!stream) {
+        const int error = errno != 0 ? errno : EIO;
+        ThrowCannot("write", name, std::generic_category().message(error));
+    }
+}
+
+CodeWriter::CodeWriter(std::string path) : name_(std::move(path)) {
+    if (IsWrittenDirectly(name_)) {
+        device_ = OpenDevice(name_);
+        return;
+    }
+    // Tried out and dropped again: a file kept open here would leave its temporary file behind
+    // when the program is killed during the reading.
+    QSaveFile file(QString::fromStdString(name_));
+    OpenForSaving(file, name_);
+    file.cancelWriting();
+}
+
+CodeWriter::CodeWriter(std::string target, std::ostream& standardOutput)
+    : CodeWriter(IsStandardOutput(target) ? CodeWriter(standardOutput)
+                                          : CodeWriter(std::move(target))) {}
+
+void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
+    const std::string text = FormatCodes(codes, notation);
+    if (stream_ != nullptr) {
+        WriteToStream(*stream_, text, name_);
+    } else if (device_ == nullptr) {
+        Save(name_, text);
+    } else if (device_->write(text.data(), static_cast<qint64>(text.size())) !=
+               static_cast<qint64>(text.size())) {
+        ThrowCannot("write", name_, *device_);
+    }
+}
+
+}  // namespace vx3260

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QFile>
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/CodeText.h"
+
+namespace vx3260 {
+
+/// A file that cannot be read or written. The message names the file and the system's reason.
+class FileAccessError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
+/// a few megabytes, so that a pipe may be endless. Throws FileAccessError, or BadDataError as
+/// ParseCodes does and for a file beyond that size.
+std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation);
+
+/// Writes a text to a stream and flushes it. Throws FileAccessError with `name` for the stream.
+void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name);
+
+/// A place for one block of codes, tried out before there are any: a reading may take minutes.
+///
+/// A file is replaced as a whole when everything has been written, or stays as it was; a link to
+/// it stays a link. What is no file on a disk (a pipe, a device) or named as an open file
+/// (/dev/fd/3) is written directly.
+class CodeWriter {
+  public:
+    /// Throws FileAccessError when the file cannot be written there. Creates none yet.
+    explicit CodeWriter(std::string path);
+
+    /// Standard output, which outlives the writer.
+    explicit CodeWriter(std::ostream& standardOutput)
+        : name_("standard output"), stream_(&standardOutput) {}
+
+    /// One or the other: an empty `target`, "-" and "/dev/stdout" stand for `standardOutput`.
+    CodeWriter(std::string target, std::ostream& standardOutput);
+
+    /// Writes the codes, once. Throws FileAccessError.
+    void Write(std::span<const std::int32_t> codes, Notation notation);
+
+    /// The place, as messages name it.
+    const std::string& Name() const { return name_; }
+
+  private:
+    std::string name_;
+    std::ostream* stream_ = nullptr;  ///< standard output, when that is the place
+    std::unique_ptr<QFile> device_;   ///< what is written directly, when that is the place
+};
+
+}  // namespace vx3260

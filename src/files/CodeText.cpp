@@ -1,0 +1,201 @@
+#include "files/CodeText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view blanks = " \t\r";
+constexpr std::ptrdiff_t mostHexDigits = 8;
+
+bool IsBlank(char c) {
+    return blanks.find(c) != std::string_view::npos;
+}
+
+bool IsPrintable(char c) {
+    return c >= ' ' && c <= '~';
+}
+
+/// Bytes above 127 may be a text in some encoding; these are in no text at all.
+bool IsBinary(char c) {
+    return (c >= '\0' && c < ' ' && !IsBlank(c)) || c == '\x7F';
+}
+
+std::string_view WithoutBlanks(std::string_view line) {
+    const auto first = line.find_first_not_of(blanks);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : line.substr(first, line.find_last_not_of(blanks) - first + 1);
+}
+
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t mostShown = 40;
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string quoted = "\"";
+    for (const char c : text.substr(0, mostShown)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (IsPrintable(c)) {
+            quoted += c;
+        } else {
+            quoted += {'\\', 'x', digits[byte >> 4U], digits[byte & 0x0FU]};
+        }
+    }
+    return quoted + (text.size() > mostShown ? "...\"" : "\"");
+}
+
+std::string_view NotationName(Notation notation) {
+    return notation == Notation::Decimal ? "decimal" : "hexadecimal";
+}
+
+/// Where a code ends and what went wrong with it.
+struct ParsedCode {
+    const char* end;
+    std::errc error;
+};
+
+ParsedCode ParseCode(const char* first, const char* last, Notation notation, std::int32_t& code) {
+    if (notation == Notation::Decimal) {
+        const auto result = std::from_chars(first, last, code);
+        return {result.ptr, result.ec};
+    }
+    std::uint32_t bits = 0;
+    const auto result = std::from_chars(first, last, bits, 16);
+    code = static_cast<std::int32_t>(bits);
+    const bool tooLong = result.ec == std::errc() && result.ptr - first > mostHexDigits;
+    return {result.ptr, tooLong ? std::errc::result_out_of_range : result.ec};
+}
+
+/// Goes through a text once. What is wrong with a line is looked into only when it is no code.
+class CodeParser {
+  public:
+    CodeParser(std::string_view text, Notation notation, std::string_view source)
+        : position_(text.data()),
+          end_(text.data() + text.size()),
+          notation_(notation),
+          source_(source) {}
+
+    std::vector<std::int32_t> Parse() {
+        std::vector<std::int32_t> codes;
+        codes.reserve(MostCodesInBlock);
+        for (; position_ != end_; ++line_) {
+            const char* const lineStart = position_;
+            SkipBlanks();
+            if (AtLineEnd()) {
+                SkipBlankLines();
+                break;
+            }
+            if (codes.size() == MostCodesInBlock) {
+                Refuse("more than the " + std::to_string(MostCodesInBlock) +
+                       " codes that a block can have");
+            }
+            codes.push_back(CodeOfLine(lineStart));
+            SkipLineEnd();
+        }
+        if (codes.empty()) {
+            throw BadDataError(std::string(source_) + ": holds no codes");
+        }
+        return codes;
+    }
+
+  private:
+    bool AtLineEnd() const { return position_ == end_ || *position_ == '\n'; }
+
+    void SkipBlanks() {
+        while (position_ != end_ && IsBlank(*position_)) {
+            ++position_;
+        }
+    }
+
+    void SkipLineEnd() {
+        if (position_ != end_) {
+            ++position_;
+        }
+    }
+
+    /// Blank lines may only end the text.
+    void SkipBlankLines() {
+        const auto isBlankOrLineEnd = [](char c) { return c == '\n' || IsBlank(c); };
+        if (!std::all_of(position_, end_, isBlankOrLineEnd)) {
+            Refuse("a blank line between the codes");
+        }
+        position_ = end_;
+    }
+
+    std::int32_t CodeOfLine(const char* lineStart) {
+        std::int32_t code = 0;
+        const ParsedCode parsed = ParseCode(position_, end_, notation_, code);
+        position_ = parsed.end;
+        SkipBlanks();
+        if (parsed.error != std::errc() || !AtLineEnd()) {
+            RefuseLine({lineStart, std::find(lineStart, end_, '\n')}, parsed.error);
+        }
+        return code;
+    }
+
+    [[noreturn]] void RefuseLine(std::string_view line, std::errc error) const {
+        if (std::any_of(line.begin(), line.end(), IsBinary)) {
+            Refuse("binary data, not a text: " + Quoted(line));
+        }
+        const std::string code = Quoted(WithoutBlanks(line));
+        if (error == std::errc::result_out_of_range && AtLineEnd()) {
+            Refuse(code + " does not fit into 32 bits");
+        }
+        Refuse(code + " is no " + std::string(NotationName(notation_)) + " code");
+    }
+
+    [[noreturn]] void Refuse(const std::string& reason) const {
+        throw BadDataError(std::string(source_) + ": line " + std::to_string(line_) + ": " +
+                           reason);
+    }
+
+    const char* position_;
+    const char* end_;
+    Notation notation_;
+    std::string_view source_;
+    std::size_t line_ = 1;
+};
+
+char UpperCase(char digit) {
+    return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+}
+
+char* FormatHexadecimal(char* first, char* last, std::int32_t code) {
+    char* const end = std::to_chars(first, last, static_cast<std::uint32_t>(code), 16).ptr;
+    std::transform(first, end, first, UpperCase);
+    return end;
+}
+
+char* FormatDecimal(char* first, char* last, std::int32_t code) {
+    if (code >= 0) {
+        *first++ = ' ';
+    }
+    return std::to_chars(first, last, code).ptr;
+}
+
+}  // namespace
+
+std::vector<std::int32_t> ParseCodes(std::string_view text, Notation notation,
+                                     std::string_view source) {
+    if (text.starts_with(byteOrderMark)) {
+        text.remove_prefix(byteOrderMark.size());
+    }
+    return CodeParser(text, notation, source).Parse();
+}
+
+std::string FormatCodes(std::span<const std::int32_t> codes, Notation notation) {
+    constexpr std::size_t longestLine = std::string_view("-2147483648\n").size();
+    const auto format = notation == Notation::Decimal ? FormatDecimal : FormatHexadecimal;
+    std::string text(codes.size() * longestLine, '\0');
+    char* position = text.data();
+    for (const std::int32_t code : codes) {
+        position = format(position, position + longestLine - 1, code);
+        *position++ = '\n';
+    }
+    text.resize(static_cast<std::size_t>(position - text.data()));
+    return text;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vx3260 {
+
+/// How a code is written: decimal with a leading blank when it is not negative (" 8388608", "-5"),
+/// or upper-case hexadecimal without prefix or leading zeros, a negative code as the eight digits
+/// of its two's complement.
+enum class Notation { Decimal, Hexadecimal };
+
+/// A block's count is a 16-bit number.
+inline constexpr std::size_t MostCodesInBlock = 32767;
+
+/// A text that is no block of codes. The message names where it came from, the line and the reason.
+class BadDataError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The codes in a text, one a line. Blanks around a code, CR LF line ends, a UTF-8 byte-order mark,
+/// a missing last line end and blank lines at the very end are accepted, lower-case digits too.
+/// Decimal codes are -2147483648 to 2147483647; hexadecimal ones have one to eight digits, of
+/// which 80000000 to FFFFFFFF are negative.
+/// Throws BadDataError, with `source` as the name of the text, for anything else and for less than
+/// one or more than MostCodesInBlock codes.
+std::vector<std::int32_t> ParseCodes(std::string_view text, Notation notation,
+                                     std::string_view source);
+
+/// The codes as text, one a line, each line ended by LF.
+std::string FormatCodes(std::span<const std::int32_t> codes, Notation notation);
+
+}  // namespace vx3260

@@ -1,0 +1,92 @@
+#include "files/CodeText.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace vx3260 {
+namespace {
+
+using Codes = std::vector<std::int32_t>;
+constexpr Notation dec = Notation::Decimal;
+constexpr Notation hex = Notation::Hexadecimal;
+constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+
+TEST(CodeText, WritesOneCodeALine) {
+    const Codes codes{8388608, 0, -5, lowest, highest, 0xABCDEF};
+    EXPECT_EQ(FormatCodes(codes, dec), " 8388608\n 0\n-5\n-2147483648\n 2147483647\n 11259375\n");
+    EXPECT_EQ(FormatCodes(codes, hex), "800000\n0\nFFFFFFFB\n80000000\n7FFFFFFF\nABCDEF\n");
+    for (const Notation notation : {dec, hex}) {
+        EXPECT_EQ(ParseCodes(FormatCodes(codes, notation), notation, "x"), codes);
+    }
+}
+
+TEST(CodeText, AcceptsWhatEditorsMakeOfAFile) {
+    struct Case {
+        std::string_view text;
+        Notation notation;
+        Codes codes;
+    };
+    const Case cases[] = {
+        {" 1\r\n-2\r\n", dec, {1, -2}},
+        {"\xEF\xBB\xBF 1\n2", dec, {1, 2}},
+        {" \t7 \t\n8\n \n\n\t\r\n", dec, {7, 8}},
+        {"8000\nabcDEF\n00000001\nffffffff\n80000000", hex, {32768, 0xABCDEF, 1, -1, lowest}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(ParseCodes(c.text, c.notation, "x"), c.codes) << c.text;
+    }
+}
+
+TEST(CodeText, RefusesAndTellsLineAndReason) {
+    using namespace std::string_view_literals;
+    struct Case {
+        std::string_view text;
+        Notation notation;
+        std::string_view message;
+    };
+    const Case cases[] = {
+        {"", dec, "x: holds no codes"},
+        {"\xEF\xBB\xBF\r\n \n", dec, "x: holds no codes"},
+        {"1\n\n2\n", dec, "x: line 2: a blank line between the codes"},
+        {"1\n2\n1.5\n", dec, "x: line 3: \"1.5\" is no decimal code"},
+        {"1, 2\n", dec, "x: line 1: \"1, 2\" is no decimal code"},
+        {"80F\n", dec, "x: line 1: \"80F\" is no decimal code"},
+        {"1\r2\n", dec, "x: line 1: \"1\\x0D2\" is no decimal code"},
+        {"\xC3\xA4", dec, "x: line 1: \"\\xC3\\xA4\" is no decimal code"},
+        {"0x10", hex, "x: line 1: \"0x10\" is no hexadecimal code"},
+        {"-1", hex, "x: line 1: \"-1\" is no hexadecimal code"},
+        {"2147483648", dec, "x: line 1: \"2147483648\" does not fit into 32 bits"},
+        {"1\n-2147483649\n", dec, "x: line 2: \"-2147483649\" does not fit into 32 bits"},
+        {"100000000", hex, "x: line 1: \"100000000\" does not fit into 32 bits"},
+        {"000000001", hex, "x: line 1: \"000000001\" does not fit into 32 bits"},
+        {"1\n2\0"sv, dec, "x: line 2: binary data, not a text: \"2\\x00\""},
+        {"abcdefghijabcdefghijabcdefghijabcdefghijZ", dec,
+         "x: line 1: \"abcdefghijabcdefghijabcdefghijabcdefghij...\" is no decimal code"},
+    };
+    for (const Case& c : cases) {
+        try {
+            ParseCodes(c.text, c.notation, "x");
+            ADD_FAILURE() << "accepted: " << c.text;
+        } catch (const BadDataError& error) {
+            EXPECT_EQ(error.what(), c.message);
+        }
+    }
+}
+
+TEST(CodeText, TakesNoMoreThanABlockCanHave) {
+    Codes codes(MostCodesInBlock, 5);
+    EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").size(), MostCodesInBlock);
+    codes.push_back(5);
+    try {
+        ParseCodes(FormatCodes(codes, dec), dec, "x");
+        ADD_FAILURE();
+    } catch (const BadDataError& error) {
+        EXPECT_STREQ(error.what(),
+                     "x: line 32768: more than the 32767 codes that a block can have");
+    }
+}
+
+}  // namespace
+}  // namespace vx3260
