@@ -87,10 +87,7 @@ void InitialiseControlRegister(ParallelPort& port, std::int16_t portAddress) {
 }
 
 void ShowStatusIfRequested(Services& services) {
-    std::string commandLine = services.system.CommandLine();
-    std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    if (!Contains(commandLine, "/SS")) {
+    if (!StatusRequested(services.system)) {
         return;
     }
     services.messages.Show({.text = "Windows Version:" + services.state.WindowsVersionText +
@@ -111,6 +108,13 @@ std::string GetWindowsVersion(OperatingSystem& system) {
         default:
             return "Failed";
     }
+}
+
+bool StatusRequested(OperatingSystem& system) {
+    std::string commandLine = system.CommandLine();
+    std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return Contains(commandLine, "/SS");
 }
 
 void SetUpPort(Services& services) {

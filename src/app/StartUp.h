@@ -11,6 +11,9 @@ namespace vx3260 {
 /// "Windows 2000"; empty for another version of the two families, "Failed" for another system.
 std::string GetWindowsVersion(OperatingSystem& system);
 
+/// Whether the command line holds "/SS" in any case.
+bool StatusRequested(OperatingSystem& system);
+
 /// Detects the system, finds the printer port's address (and claims the port, but for Windows 95
 /// and 98), clears bits 0, 1, 3 and 5 of its control register and, where the command line holds
 /// "/SS" in any case, tells system and address. What fails is told in a message box; start-up
