@@ -46,17 +46,29 @@ std::string ReadBounded(QFile& file, const std::string& path) {
     return bytes;
 }
 
+/// Unbuffered: QSaveFile would commit a file whose last buffer did not fit on the disk.
 void OpenForSaving(QSaveFile& file, const std::string& path) {
     file.setDirectWriteFallback(false);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         ThrowCannot("write", path, file);
+    }
+}
+
+/// Writes go on after a part has been taken: the next one tells why no more was.
+void WriteAll(QFileDevice& file, std::string_view text, std::string_view name) {
+    while (!text.empty()) {
+        const qint64 taken = file.write(text.data(), static_cast<qint64>(text.size()));
+        if (taken <= 0) {
+            ThrowCannot("write", name, file);
+        }
+        text.remove_prefix(static_cast<std::size_t>(taken));
     }
 }
 
 void Save(const std::string& path, const std::string& text) {
     QSaveFile file(QString::fromStdString(path));
     OpenForSaving(file, path);
-    file.write(text.data(), static_cast<qint64>(text.size()));
+    WriteAll(file, text, path);
     if (!file.commit()) {
         ThrowCannot("write", path, file);
     }
@@ -132,9 +144,8 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
         Save(name_, text);
-    } else if (device_->write(text.data(), static_cast<qint64>(text.size())) !=
-               static_cast<qint64>(text.size())) {
-        ThrowCannot("write", name_, *device_);
+    } else {
+        WriteAll(*device_, text, name_);
     }
 }
 

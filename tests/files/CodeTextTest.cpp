@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace vx3260 {
+namespace vx3260::test {
 namespace {
 
 using Codes = std::vector<std::int32_t>;
@@ -12,6 +12,15 @@ constexpr Notation dec = Notation::Decimal;
 constexpr Notation hex = Notation::Hexadecimal;
 constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+
+std::string Refusal(std::string_view text, Notation notation) {
+    try {
+        ParseCodes(text, notation, "x");
+        return "accepted";
+    } catch (const BadDataError& error) {
+        return error.what();
+    }
+}
 
 TEST(CodeText, WritesOneCodeALine) {
     const Codes codes{8388608, 0, -5, lowest, highest, 0xABCDEF};
@@ -23,30 +32,20 @@ TEST(CodeText, WritesOneCodeALine) {
 }
 
 TEST(CodeText, AcceptsWhatEditorsMakeOfAFile) {
-    struct Case {
-        std::string_view text;
-        Notation notation;
-        Codes codes;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string_view, Notation, Codes> cases[] = {
         {" 1\r\n-2\r\n", dec, {1, -2}},
         {"\xEF\xBB\xBF 1\n2", dec, {1, 2}},
         {" \t7 \t\n8\n \n\n\t\r\n", dec, {7, 8}},
         {"8000\nabcDEF\n00000001\nffffffff\n80000000", hex, {32768, 0xABCDEF, 1, -1, lowest}},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(ParseCodes(c.text, c.notation, "x"), c.codes) << c.text;
+    for (const auto& [text, notation, codes] : cases) {
+        EXPECT_EQ(ParseCodes(text, notation, "x"), codes) << text;
     }
 }
 
 TEST(CodeText, RefusesAndTellsLineAndReason) {
     using namespace std::string_view_literals;
-    struct Case {
-        std::string_view text;
-        Notation notation;
-        std::string_view message;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string_view, Notation, std::string> cases[] = {
         {"", dec, "x: holds no codes"},
         {"\xEF\xBB\xBF\r\n \n", dec, "x: holds no codes"},
         {"1\n\n2\n", dec, "x: line 2: a blank line between the codes"},
@@ -65,13 +64,8 @@ TEST(CodeText, RefusesAndTellsLineAndReason) {
         {"abcdefghijabcdefghijabcdefghijabcdefghijZ", dec,
          "x: line 1: \"abcdefghijabcdefghijabcdefghijabcdefghij...\" is no decimal code"},
     };
-    for (const Case& c : cases) {
-        try {
-            ParseCodes(c.text, c.notation, "x");
-            ADD_FAILURE() << "accepted: " << c.text;
-        } catch (const BadDataError& error) {
-            EXPECT_EQ(error.what(), c.message);
-        }
+    for (const auto& [text, notation, message] : cases) {
+        EXPECT_EQ(Refusal(text, notation), message) << text;
     }
 }
 
@@ -79,14 +73,9 @@ TEST(CodeText, TakesNoMoreThanABlockCanHave) {
     Codes codes(MostCodesInBlock, 5);
     EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").size(), MostCodesInBlock);
     codes.push_back(5);
-    try {
-        ParseCodes(FormatCodes(codes, dec), dec, "x");
-        ADD_FAILURE();
-    } catch (const BadDataError& error) {
-        EXPECT_STREQ(error.what(),
-                     "x: line 32768: more than the 32767 codes that a block can have");
-    }
+    EXPECT_EQ(Refusal(FormatCodes(codes, dec), dec),
+              "x: line 32768: more than the 32767 codes that a block can have");
 }
 
 }  // namespace
-}  // namespace vx3260
+}  // namespace vx3260::test
