@@ -1,0 +1,135 @@
+#include "cli/BlockReading.h"
+
+#include <algorithm>
+
+#include "cli/ProgressLine.h"
+#include "link/Register.h"
+#include "link/RegisterMap.h"
+#include "link/Serial.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t allOnes = 0xFF;
+
+std::string HexByte(std::int16_t value) {
+    return "0x" + HexText(value);
+}
+
+std::string HintOf(std::int16_t modeRegister) {
+    switch (modeRegister) {
+        case 0:
+            return "All bits read 0, as from a line that is stuck low. ";
+        case allOnes:
+            return "All bits read 1, as from a line that is open or stuck high. ";
+        default:
+            return "";
+    }
+}
+
+[[noreturn]] void RefuseNoAnswer(std::int16_t written, std::int16_t read) {
+    throw CommandError(ExitCode::NoAnswer,
+                       "no answer from the board: wrote " + HexByte(written) +
+                           " to the mode register and read back " + HexByte(read) + ". " +
+                           HintOf(read) +
+                           "Check the cable, the board's power and which printer port it is on.");
+}
+
+constexpr std::string_view timeoutDetail =
+    "No result was announced in time. Check the cable, the board's power and its data-ready "
+    "line.\nThe chip still waits for the clocks of this result; a software reset brings the "
+    "interface back in step.";
+
+/// What is told of a reading that did not get to its end.
+void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
+    const std::string soFar = "\nRead so far: " + CodesText(codes);
+    if (end == ReadingEnd::TimedOut) {
+        services.messages.Show({.text = "Error Reading Data from VX3260",
+                                .detail = std::string(timeoutDetail) + soFar});
+    } else if (end == ReadingEnd::Stopped) {
+        services.messages.Show(
+            {.text = "User Interruption of Reading" + soFar, .icon = MessageIcon::Exclamation});
+    }
+}
+
+std::vector<std::int32_t> GoodCodes(const CodeBlock& block, ReadingEnd end) {
+    const std::ptrdiff_t good = end == ReadingEnd::TimedOut ? block.count - 1 : block.count;
+    std::vector<std::int32_t> codes(static_cast<std::size_t>(good));
+    std::transform(block.codes.begin(), block.codes.begin() + good, codes.begin(), ToInt32);
+    return codes;
+}
+
+}  // namespace
+
+void EnsureContinuousConversion(Services& services, std::ostream& err) {
+    Register mode(services.port, services.state.PortAddress, RegisterMap::Mode);
+    const std::int16_t before = ToInt16(mode.ReadReg());
+    if ((before & RegisterMap::ModeMask) == RegisterMap::ContinuousConversion) {
+        return;
+    }
+    const auto wanted = static_cast<std::int16_t>((before & ~RegisterMap::ModeMask) |
+                                                  RegisterMap::ContinuousConversion);
+    mode.RegValue = wanted;
+    mode.WriteReg();
+    const std::int16_t after = ToInt16(mode.ReadReg());
+    if (after != wanted) {
+        RefuseNoAnswer(wanted, after);
+    }
+    err << "The chip was not in Continuous Conversion Mode: mode register changed from "
+        << HexByte(before) << " to " << HexByte(wanted) << std::endl;
+}
+
+BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
+                       std::int16_t count, const std::function<bool()>& stopRequested) {
+    const std::string name = std::string(TraitsOf(converter).name) + " ADC";
+    ConverterReader reader(services.port, services.state.PortAddress, converter);
+    reader.ReadEnables();
+    if (!reader.Enabled()) {
+        throw CommandError(ExitCode::ConverterDisabled, "Enable " + name + " before reading Data");
+    }
+    streams.err << "Reading " << CodesText(static_cast<std::size_t>(count)) << " from the " << name
+                << ", Ctrl+C stops" << std::endl;
+    const CodeBlock block = services.state.BlockOf(converter);
+    const ReadingEnd end = [&] {
+        ProgressLine progress(streams.err, count, streams.errIsTerminal);
+        return ReadBlock(
+            reader, block, count,
+            {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+    }();
+    BlockReading reading{GoodCodes(block, end), end};
+    TellEnd(services, end, reading.codes.size());
+    return reading;
+}
+
+std::string CodesText(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " code" : " codes");
+}
+
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err) {
+    constexpr std::int32_t largestCode = 0xFFFFFF;
+    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
+    if (codes.size() > 1 && *least == *most) {
+        err << "Warning: all codes are 0x" << HexText(*most)
+            << "; the input is over range or a line is stuck" << std::endl;
+    }
+    if (!codes.empty() && (*least < 0 || *most > largestCode)) {
+        err << "Warning: there are codes outside 0 to 0x" << HexText(largestCode)
+            << "; is it the right file and notation?" << std::endl;
+    }
+}
+
+ExitCode ExitCodeOf(ReadingEnd end) {
+    switch (end) {
+        case ReadingEnd::TimedOut:
+            return ExitCode::NoAnswer;
+        case ReadingEnd::Stopped:
+            return ExitCode::Interrupted;
+        case ReadingEnd::Complete:
+            break;
+    }
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260

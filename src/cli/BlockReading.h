@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "acquisition/Reading.h"
+#include "cli/BoardSession.h"
+#include "cli/ExitCodes.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// Puts the chip into continuous conversion where it is not, and says so on `err`. Throws
+/// CommandError when the mode register does not read back as written: no board answers.
+void EnsureContinuousConversion(Services& services, std::ostream& err);
+
+/// One block of codes as commands take it.
+struct BlockReading {
+    std::vector<std::int32_t> codes;  ///< the good ones; a time-out is none
+    ReadingEnd end;
+};
+
+/// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
+/// told on `streams.err`. Throws CommandError when the converter is disabled.
+BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
+                       std::int16_t count, const std::function<bool()>& stopRequested);
+
+/// "1 code", "200 codes".
+std::string CodesText(std::size_t count);
+
+/// Prints warnings about codes that can hardly be results of a healthy board: all the same, or
+/// outside the 24 bits of a result.
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err);
+
+/// The exit code of a command whose reading ended this way.
+ExitCode ExitCodeOf(ReadingEnd end);
+
+}  // namespace vx3260

@@ -1,0 +1,60 @@
+#include "cli/Command.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vx3260 {
+namespace {
+
+constexpr Converter offeredConverters[] = {Converter::Main};
+
+std::vector<std::string> OfferedNames() {
+    std::vector<std::string> names;
+    std::transform(std::begin(offeredConverters), std::end(offeredConverters),
+                   std::back_inserter(names), CommandLineName);
+    return names;
+}
+
+/// The parser alone would take 010 for 8 and 0x10 for 16.
+std::string RefuseOtherThanDecimal(const std::string& text) {
+    const std::size_t sign = text.starts_with('-') ? 1 : 0;
+    const bool digits =
+        text.size() > sign && text.find_first_not_of("0123456789", sign) == std::string::npos;
+    const bool leadingZero = digits && text.size() > sign + 1 && text[sign] == '0';
+    return digits && !leadingZero ? "" : "'" + text + "' is no whole decimal number";
+}
+
+}  // namespace
+
+std::string CommandLineName(Converter converter) {
+    return CLI::detail::to_lower(std::string(TraitsOf(converter).name));
+}
+
+void AddConverter(CLI::App& parser, Converter& converter) {
+    parser
+        .add_option_function<std::string>(
+            "converter",
+            [&converter](const std::string& name) {
+                const auto* const found = std::find_if(
+                    std::begin(offeredConverters), std::end(offeredConverters),
+                    [&name](Converter offered) { return CommandLineName(offered) == name; });
+                converter = *found;
+            },
+            "Which converter")
+        ->check(CLI::IsMember(OfferedNames()))
+        ->required();
+}
+
+CLI::Option* AddCount(CLI::App& parser, std::int32_t& count) {
+    return parser.add_option("--count", count, "How many codes to read")
+        ->type_name("N")
+        ->check(CLI::Validator(RefuseOtherThanDecimal, ""))
+        ->capture_default_str();
+}
+
+CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description) {
+    return parser.add_flag_callback(
+        "--hex", [&notation] { notation = Notation::Hexadecimal; }, description);
+}
+
+}  // namespace vx3260

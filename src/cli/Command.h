@@ -1,0 +1,51 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "cli/BoardSession.h"
+#include "cli/ExitCodes.h"
+#include "files/CodeText.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// One command of the command line. Its constructor adds it to the parser, which then fills in the
+/// command's members.
+class Command {
+  public:
+    virtual ~Command() = default;
+    Command(const Command&) = delete;
+    Command(Command&&) = delete;
+    Command& operator=(const Command&) = delete;
+    Command& operator=(Command&&) = delete;
+
+    /// Whether the command line that was parsed asks for this command.
+    bool Chosen() const { return parser_.parsed(); }
+
+    /// Does what was asked. Throws CommandError, FileAccessError, BadDataError or RuntimeError.
+    virtual ExitCode Run(const CommandContext& context) = 0;
+
+  protected:
+    Command(CLI::App& program, const std::string& name, const std::string& description)
+        : parser_(*program.add_subcommand(name, description)) {}
+
+    CLI::App& Parser() { return parser_; }
+
+  private:
+    CLI::App& parser_;
+};
+
+/// The name of a converter in the command line and in results: "main" or "aux".
+std::string CommandLineName(Converter converter);
+
+/// Adds the word that names the converter.
+void AddConverter(CLI::App& parser, Converter& converter);
+
+/// Adds --count N.
+CLI::Option* AddCount(CLI::App& parser, std::int32_t& count);
+
+/// Adds --hex, which makes the notation of data files hexadecimal.
+CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);
+
+}  // namespace vx3260

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <stdexcept>
+#include <string_view>
+
+namespace vx3260 {
+
+/// How the process ends; scripts tell the cases apart by it.
+enum class ExitCode : int {
+    Success = 0,
+    UnexpectedError = 1,
+    WrongCommandLine = 2,
+    BadDataFile = 3,
+    NoAnswer = 4,
+    ConverterDisabled = 5,
+    CountRefused = 6,
+    FileNotAccessible = 7,
+    Interrupted = 130,  ///< what shells give a process that SIGINT ended
+};
+
+struct ExitCodeText {
+    ExitCode code;
+    std::string_view text;
+};
+
+inline constexpr std::array ExitCodeTexts{
+    ExitCodeText{ExitCode::Success, "success"},
+    ExitCodeText{ExitCode::UnexpectedError, "unexpected error"},
+    ExitCodeText{ExitCode::WrongCommandLine, "wrong command line"},
+    ExitCodeText{ExitCode::BadDataFile, "a file is no data file, or cannot be analysed"},
+    ExitCodeText{ExitCode::NoAnswer, "no printer port, or no answer from the board"},
+    ExitCodeText{ExitCode::ConverterDisabled, "the converter is disabled"},
+    ExitCodeText{ExitCode::CountRefused, "too few or too many codes for an analysis"},
+    ExitCodeText{ExitCode::FileNotAccessible, "a file cannot be read or written"},
+    ExitCodeText{ExitCode::Interrupted, "interrupted; what was read by then is kept"},
+};
+
+/// Ends a command; the message goes to stderr.
+class CommandError : public std::runtime_error {
+  public:
+    CommandError(ExitCode code, const std::string& message)
+        : std::runtime_error(message), code_(code) {}
+
+    ExitCode Code() const { return code_; }
+
+  private:
+    ExitCode code_;
+};
+
+}  // namespace vx3260

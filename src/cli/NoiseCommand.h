@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "analysis/NoiseAnalysis.h"
+#include "cli/Command.h"
+
+namespace vx3260 {
+
+/// noise: the figures of the noise form, of a data file or of a block read from the board.
+class NoiseCommand final : public Command {
+  public:
+    explicit NoiseCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+
+  private:
+    NoiseAnalysis AnalyseFile(std::ostream& err) const;
+    ExitCode RunOnFile(const CommandContext& context) const;
+    ExitCode RunOnBoard(const CommandContext& context) const;
+    std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
+
+    Converter converter_ = Converter::Main;
+    std::string file_;
+    Notation notation_ = Notation::Decimal;
+    int rangeCode_ = 0;
+    std::string polarity_;
+    std::int32_t count_ = 200;
+    float referenceVoltage_ = 2.5F;
+    std::string format_ = "text";
+};
+
+}  // namespace vx3260

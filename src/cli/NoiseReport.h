@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "analysis/NoiseAnalysis.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// The figures as the noise form shows them: a heading for each frame, a line for each label.
+std::string NoiseText(const NoiseAnalysis& analysis);
+
+/// The same texts by label name, and the figures in full precision in volts and codes, as one JSON
+/// object. `board` is the badge of the board they come from; null when empty.
+std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board);
+
+}  // namespace vx3260

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "ports/OpenPort.h"
+
+namespace vx3260 {
+
+/// Adds the options that choose the port; parsing fills in `choice`, which outlives `app`.
+/// `--fault list` ends the parsing as --version does: CLI::App::exit prints the list.
+void AddPortOptions(CLI::App& app, PortChoice& choice);
+
+/// The arguments without the word /SS in any case: start-up looks for it in the whole command
+/// line, to the parser it is no option.
+std::vector<std::string> WithoutStatusSwitch(std::vector<std::string> arguments);
+
+}  // namespace vx3260

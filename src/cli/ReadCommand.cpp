@@ -1,0 +1,40 @@
+#include "cli/ReadCommand.h"
+
+#include "cli/BlockReading.h"
+#include "cli/StopSignal.h"
+#include "files/CodeFile.h"
+
+namespace vx3260 {
+
+ReadCommand::ReadCommand(CLI::App& program)
+    : Command(program, "read", "Read a block of codes into a data file, one code a line") {
+    AddConverter(Parser(), converter_);
+    AddCount(Parser(), count_)->check(CLI::Range(1, static_cast<int>(MostCodesInBlock)));
+    Parser()
+        .add_option("-o,--output", output_, "Data file to write, in place of standard output")
+        ->type_name("FILE");
+    AddHex(Parser(), notation_, "Write the codes in hexadecimal");
+}
+
+ExitCode ReadCommand::Run(const CommandContext& context) {
+    CodeWriter writer(output_, context.streams.out);
+    BoardSession session(context);
+    session.RequirePort();
+    EnsureContinuousConversion(session.Services(), context.streams.err);
+    // Until the codes are safe, the first Ctrl+C must not end the process.
+    const StopSignal stop;
+    const BlockReading reading =
+        ReadCodes(session.Services(), context.streams, converter_,
+                  static_cast<std::int16_t>(count_), [&stop] { return stop.Requested(); });
+    WarnOfSuspiciousCodes(reading.codes, context.streams.err);
+    if (reading.codes.empty()) {
+        context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
+        return ExitCodeOf(reading.end);
+    }
+    writer.Write(reading.codes, notation_);
+    context.streams.err << "Wrote " << CodesText(reading.codes.size()) << " to " << writer.Name()
+                        << std::endl;
+    return ExitCodeOf(reading.end);
+}
+
+}  // namespace vx3260

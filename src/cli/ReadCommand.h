@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "cli/Command.h"
+
+namespace vx3260 {
+
+/// read: a block of codes, to a data file or to standard output.
+class ReadCommand final : public Command {
+  public:
+    explicit ReadCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+
+  private:
+    Converter converter_ = Converter::Main;
+    std::int32_t count_ = 200;
+    std::string output_;
+    Notation notation_ = Notation::Decimal;
+};
+
+}  // namespace vx3260

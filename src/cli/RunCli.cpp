@@ -1,0 +1,103 @@
+#include "cli/RunCli.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "app/ApplicationInfo.h"
+#include "cli/ExitCodes.h"
+#include "cli/NoiseCommand.h"
+#include "cli/PortOptions.h"
+#include "cli/ReadCommand.h"
+#include "files/CodeFile.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr const char* programName = "vx3260-cli";
+
+std::string ExitCodeHelp() {
+    std::string help = "Exit codes:";
+    for (const ExitCodeText& line : ExitCodeTexts) {
+        const std::string code = std::to_string(static_cast<int>(line.code));
+        help += "\n  " + code + std::string(5 - code.size(), ' ') + std::string(line.text);
+    }
+    return help;
+}
+
+class Program {
+  public:
+    Program() {
+        // Before the commands, which inherit it: options of the program may follow a command.
+        parser_.fallthrough();
+        commands_.push_back(std::make_unique<ReadCommand>(parser_));
+        commands_.push_back(std::make_unique<NoiseCommand>(parser_));
+        parser_.set_version_flag("--version",
+                                 std::string(ApplicationTitle) + " " + std::string(VersionText));
+        AddPortOptions(parser_, portChoice_);
+        parser_.require_subcommand(1);
+        parser_.footer(ExitCodeHelp());
+    }
+
+    ExitCode Run(std::span<const std::string> arguments, OperatingSystem& system,
+                 CliStreams& streams) {
+        try {
+            Parse(arguments);
+        } catch (const CLI::ParseError& error) {
+            const bool well = parser_.exit(error, streams.out, streams.err) == 0;
+            return well ? ExitCode::Success : ExitCode::WrongCommandLine;
+        }
+        const auto chosen =
+            std::find_if(commands_.begin(), commands_.end(),
+                         [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
+        return (*chosen)->Run({portChoice_, system, streams});
+    }
+
+  private:
+    /// The parser takes its words from the end of the list.
+    void Parse(std::span<const std::string> arguments) {
+        std::vector<std::string> words = WithoutStatusSwitch({arguments.begin(), arguments.end()});
+        std::reverse(words.begin(), words.end());
+        parser_.parse(std::move(words));
+    }
+
+    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", programName};
+    PortChoice portChoice_;
+    std::vector<std::unique_ptr<Command>> commands_;
+};
+
+ExitCode Tell(std::ostream& err, const std::exception& error, ExitCode code) {
+    err << programName << ": " << error.what() << std::endl;
+    return code;
+}
+
+/// What was printed counts only once it has left the process.
+ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
+                     CliStreams& streams) {
+    const ExitCode code = Program().Run(arguments, system, streams);
+    WriteToStream(streams.out, "", "standard output");
+    return code;
+}
+
+}  // namespace
+
+int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
+    const auto run = [&]() -> ExitCode {
+        try {
+            return RunAndFlush(arguments, system, streams);
+        } catch (const CommandError& error) {
+            return Tell(streams.err, error, error.Code());
+        } catch (const BadDataError& error) {
+            return Tell(streams.err, error, ExitCode::BadDataFile);
+        } catch (const FileAccessError& error) {
+            return Tell(streams.err, error, ExitCode::FileNotAccessible);
+        } catch (const std::exception& error) {
+            return Tell(streams.err, error, ExitCode::UnexpectedError);
+        }
+    };
+    return static_cast<int>(run());
+}
+
+}  // namespace vx3260

@@ -1,0 +1,228 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <cmath>
+#include <sstream>
+
+#include "cli/ExitCodes.h"
+#include "cli/RunCli.h"
+#include "support/Folder.h"
+#include "support/Recorders.h"
+
+namespace vx3260::test {
+namespace {
+
+using testing::HasSubstr;
+
+struct Outcome {
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+/// The program inside the test's process, on Windows 2000; blanks part the command line's words.
+Outcome RunProgram(const std::string& commandLine) {
+    std::istringstream words(commandLine);
+    const std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+    std::ostringstream out;
+    std::ostringstream err;
+    RecordedSystem system;
+    system.version = {2, 5, 0};
+    system.commandLine = commandLine;
+    const int exitCode = RunCli(arguments, system, {out, err});
+    return {exitCode, out.str(), err.str()};
+}
+
+std::ptrdiff_t Lines(const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
+}
+
+/// Of each case: the command line, and a part of what is printed to stderr.
+void ExpectRefused(ExitCode code, const std::vector<std::pair<std::string, std::string>>& cases) {
+    for (const auto& [commandLine, message] : cases) {
+        const Outcome outcome = RunProgram(commandLine);
+        EXPECT_EQ(outcome.exitCode, static_cast<int>(code)) << commandLine;
+        EXPECT_THAT(outcome.err, HasSubstr(message)) << commandLine;
+        EXPECT_EQ(outcome.out, "") << commandLine;
+    }
+}
+
+TEST(CommandLine, WrongOnesAreRefused) {
+    ExpectRefused(ExitCode::WrongCommandLine,
+                  {
+                      {"", "subcommand is required"},
+                      {"--simulated read aux", "aux not in {main}"},
+                      {"--simulated read main /ST", "not expected: /ST"},
+                      {"--simulated read main --count 010", "no whole decimal number"},
+                      {"--fault no-data-ready read main", "--fault requires --simulated"},
+                      {"--simulated --fault worn read main", "--fault list"},
+                      {"noise main x.dat", "FILE requires --range"},
+                      {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
+                      {"--simulated noise main --range 7", "--range requires FILE"},
+                      {"--simulated noise main --hex", "--hex requires FILE"},
+                      {"--simulated noise main --reference 1e39", "no positive number"},
+                  });
+}
+
+TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
+    ExpectRefused(
+        ExitCode::CountRefused,
+        {{"noise main --count 9", "between 9 and 5000 (9 given; accepted are 10 to 5000)"},
+         {"noise main --count 5001", "accepted are 10 to 5000"}});
+    ExpectRefused(
+        ExitCode::NoAnswer,
+        {{"read main", "claim parallel port failed\nGetPortAddress Error: This PC"},
+         {"noise main", "no printer port to reach a board through; --simulated"},
+         {"read main --simulated --fault board-gone=0",
+          "wrote 0xFB to the mode register and read back 0xFF. All bits read 1"},
+         {"read main --simulated --fault=dout-stuck-low",
+          "wrote 0x3 to the mode register and read back 0x0. All bits read 0"},
+         {"read main --simulated --fault no-data-ready", "Error Reading Data from VX3260\n"},
+         {"noise main --simulated --fault no-data-ready", "Nothing was analysed\n"}});
+    ExpectRefused(ExitCode::FileNotAccessible,
+                  {{"read main --output /none/x.dat",
+                    "vx3260-cli: cannot write /none/x.dat: No such file or directory\n"},
+                   {"noise main /none/x.dat --range=7 --polarity=unipolar", "cannot read /none/"}});
+}
+
+TEST(CommandLine, HelpAndListsGoToStandardOutput) {
+    const std::string help = RunProgram("--help").out;
+    for (const ExitCodeText& line : ExitCodeTexts) {
+        EXPECT_THAT(help, HasSubstr("\n  " + std::to_string(static_cast<int>(line.code)) + " "));
+    }
+    EXPECT_THAT(RunProgram("--fault list").out, HasSubstr("\nbit-flip=N        every Nth bit"));
+    EXPECT_EQ(RunProgram("--version").out,
+              "VX3260 Evaluation Software " + std::string(VersionText) + "\n");
+}
+
+TEST(CommandLine, StatusSwitchIsAWordInAnyCase) {
+    for (const char* const words : {"/SS --simulated read main", "read main --simulated /ss"}) {
+        const Outcome outcome = RunProgram(words);
+        EXPECT_EQ(Lines(outcome.out), 200);
+        EXPECT_THAT(outcome.err,
+                    HasSubstr("Show Status: Windows Version:Windows 2000\n  Port Address:0x378\n"));
+    }
+}
+
+TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
+    const Folder folder;
+    const std::string read = "--simulated read main --count 3";
+    const Outcome decimal = RunProgram(read);
+    EXPECT_EQ(decimal.exitCode, 0);
+    EXPECT_EQ(decimal.err,
+              "Simulated board\nReading 3 codes from the Main ADC, Ctrl+C stops\n"
+              "Wrote 3 codes to standard output\n");
+    EXPECT_EQ(RunProgram(read + " --output " + folder.Path("ä.dat")).out, "");
+    EXPECT_EQ(folder.Bytes("ä.dat"), decimal.out);
+    std::istringstream codes(decimal.out);
+    std::ostringstream hex;
+    for (int code = 0; codes >> code;) {
+        hex << std::hex << std::uppercase << code << '\n';
+    }
+    EXPECT_EQ(RunProgram(read + " --hex").out, hex.str());
+    EXPECT_EQ(Lines(decimal.out), 3);
+}
+
+TEST(ReadCommand, KeepsWhatWasReadBeforeATimeout) {
+    const Outcome outcome =
+        RunProgram("--simulated --fault board-gone=60000 read main --count 5000");
+    EXPECT_EQ(outcome.exitCode, static_cast<int>(ExitCode::NoAnswer));
+    const std::ptrdiff_t kept = Lines(outcome.out);
+    ASSERT_GT(kept, 1);
+    EXPECT_THAT(outcome.out, testing::Not(HasSubstr("-2147483648")));
+    EXPECT_THAT(outcome.err, HasSubstr("Read so far: " + std::to_string(kept) + " codes\n"));
+}
+
+class NoiseOfFile : public testing::Test {
+  protected:
+    Outcome Analyse(const std::string& bytes, const std::string& more = "") {
+        return RunProgram("noise main " + folder_.Make("f.dat", bytes) +
+                          " --range 7 --polarity bipolar " + more);
+    }
+
+    /// Ten codes; their mean is mid-scale.
+    const std::string block =
+        " 8388608\n 8388607\n 8388609\n 8388608\n 8388608\n"
+        " 8388608\n 8388608\n 8388608\n 8388608\n 8388608\n";
+
+  private:
+    Folder folder_;
+};
+
+TEST_F(NoiseOfFile, TextIsThatOfTheForm) {
+    const Outcome outcome = Analyse(block);
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, testing::StartsWith("Conditions\n"
+                                                 "  Codes Read      10\n"
+                                                 "  Input Range     ± 2.56V\n"));
+    EXPECT_THAT(outcome.out, testing::EndsWith("  Max Code        800001\n"
+                                               "  Min Code        7FFFFF\n"));
+}
+
+QJsonObject Parsed(const Outcome& outcome) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.out)).object();
+}
+
+TEST_F(NoiseOfFile, JsonHasFullPrecision) {
+    const QJsonObject report =
+        Parsed(Analyse(block + " 8388597\n", "--format json --reference 3.3"));
+    const QJsonObject values = report["values"].toObject();
+    const double lsb = 3.3 * 1.024 * 2 / 16777216;
+    const double sigma = std::sqrt((100 + 10 * 1.0 + 1 + 1) / 10.0);
+    const std::pair<const char*, double> expected[] = {
+        {"count", 11},
+        {"referenceVoltage", 3.3},
+        {"inputRange", 2.56},
+        {"lsbVolts", lsb},
+        {"maxCode", 8388609},
+        {"minCode", 8388597},
+        {"spanCodes", 12},
+        {"meanCodes", 8388607},
+        {"sigmaCodes", sigma},
+        {"sigmaVolts", sigma * lsb},
+        {"peakToPeakVolts", 12 * lsb},
+        {"averageVolts", -lsb},
+    };
+    for (const auto& [name, value] : expected) {
+        EXPECT_NEAR(values[QLatin1String(name)].toDouble(), value, std::abs(value) * 1e-12) << name;
+    }
+    EXPECT_EQ(values["polarity"].toString(), "bipolar");
+    EXPECT_EQ(report["texts"]["RangeLabel"].toString(), QString::fromUtf8("± 2.56V"));
+    EXPECT_EQ(report["converter"].toString(), "main");
+    EXPECT_TRUE(report["board"].isNull());
+}
+
+TEST_F(NoiseOfFile, EachKindOfBadFileHasItsExitCode) {
+    const std::tuple<std::string, ExitCode, std::string> cases[] = {
+        {" 1\n", ExitCode::CountRefused, "(1 given; accepted are 10 to 5000)"},
+        {" 1\nFF\n", ExitCode::BadDataFile, "f.dat: line 2: \"FF\" is no decimal code"},
+        {block + "-2147483648\n", ExitCode::BadDataFile, "line 11: the time-out value"},
+        {block + "-2000000000\n 2000000000", ExitCode::BadDataFile, "be analysed: Overflow"},
+    };
+    for (const auto& [bytes, code, message] : cases) {
+        const Outcome outcome = Analyse(bytes);
+        EXPECT_EQ(outcome.exitCode, static_cast<int>(code));
+        EXPECT_THAT(outcome.err, HasSubstr(message));
+        EXPECT_EQ(outcome.out, "");
+    }
+}
+
+TEST_F(NoiseOfFile, SuspiciousCodesAreWarnedOf) {
+    EXPECT_THAT(Analyse(block, "--hex").err, HasSubstr("there are codes outside 0 to 0xFFFFFF"));
+    EXPECT_THAT(Analyse("1\n1\n1\n1\n1\n1\n1\n1\n1\n1\n").err, HasSubstr("all codes are 0x1;"));
+}
+
+TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
+    const QJsonObject report =
+        Parsed(RunProgram("--simulated noise main --count 50 --format json"));
+    EXPECT_EQ(report["board"].toString(), "Simulated board");
+    EXPECT_EQ(report["values"]["count"].toInt(), 50);
+    EXPECT_EQ(report["values"]["inputRange"].toDouble(), 2.56);
+    EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), 1);
+}
+
+}  // namespace
+}  // namespace vx3260::test

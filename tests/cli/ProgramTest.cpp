@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QProcess>
+#include <algorithm>
+#include <csignal>
+
+#include "cli/ExitCodes.h"
+#include "support/Folder.h"
+
+/// What only a process of its own can show.
+namespace vx3260::test {
+namespace {
+
+class Program : public testing::Test {
+  protected:
+    void Start(const QStringList& arguments) {
+        process.start(QStringLiteral(VX3260_CLI), arguments);
+        ASSERT_TRUE(process.waitForStarted(-1)) << process.errorString().toStdString();
+    }
+
+    ExitCode End() {
+        process.waitForFinished(-1);
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        err += process.readAllStandardError().toStdString();
+        return static_cast<ExitCode>(process.exitCode());
+    }
+
+    bool Told(const std::string& text) const { return err.find(text) != std::string::npos; }
+
+    Folder folder;
+    QProcess process;
+    std::string err;
+};
+
+TEST_F(Program, CtrlCKeepsWhatWasRead) {
+    process.setReadChannel(QProcess::StandardError);
+    Start({"--simulated", "read", "main", "--count", "32767", "--output",
+           QString::fromStdString(folder.Path("x.dat"))});
+    while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
+        err += process.readAllStandardError().toStdString();
+    }
+    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    EXPECT_EQ(End(), ExitCode::Interrupted) << err;
+    const std::string saved = folder.Bytes("x.dat");
+    const std::ptrdiff_t kept = std::count(saved.begin(), saved.end(), '\n');
+    EXPECT_GT(kept, 0);
+    EXPECT_TRUE(Told("Wrote " + std::to_string(kept) + " code")) << err;
+}
+
+TEST_F(Program, AFullStandardOutputIsAnError) {
+    const QStringList commands[] = {
+        {"--simulated", "read", "main"}, {"--simulated", "noise", "main"}, {"--help"}};
+    process.setStandardOutputFile("/dev/full");
+    for (const QStringList& command : commands) {
+        err.clear();
+        Start(command);
+        EXPECT_EQ(End(), ExitCode::FileNotAccessible);
+        EXPECT_TRUE(Told("cannot write standard output: No space left on device")) << err;
+    }
+}
+
+TEST_F(Program, AFullDiskLeavesTheOldFile) {
+    const std::string path = folder.Make("x.dat", "old");
+    process.setChildProcessModifier([] {
+        const rlimit small{4096, 4096};
+        setrlimit(RLIMIT_FSIZE, &small);
+    });
+    Start({"--simulated", "read", "main", "--count", "1000", "--output",
+           QString::fromStdString(path)});
+    EXPECT_EQ(End(), ExitCode::FileNotAccessible);
+    EXPECT_TRUE(Told("cannot write " + path + ": File too large")) << err;
+    EXPECT_EQ(folder.Bytes("x.dat"), "old");
+}
+
+}  // namespace
+}  // namespace vx3260::test
