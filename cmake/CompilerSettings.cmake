@@ -4,6 +4,7 @@ target_compile_options(vx3260_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
     -Werror
+    -Wno-restrict  # GCC 12 sees overlaps in "text" + std::string that are not there
     $<$<CONFIG:Debug>:-D_GLIBCXX_ASSERTIONS>)
 if(VX3260_SANITIZERS)
     target_compile_options(vx3260_settings INTERFACE

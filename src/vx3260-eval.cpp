@@ -1,0 +1,63 @@
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "app/ApplicationInfo.h"
+#include "app/ApplicationState.h"
+#include "app/Services.h"
+#include "app/StartUp.h"
+#include "cli/ExitCodes.h"
+#include "cli/PortOptions.h"
+#include "forms/shell/MainMenuForm.h"
+#include "platform/LinuxSystem.h"
+#include "ports/OpenPort.h"
+#include "ui/QtMessageBoxes.h"
+
+namespace {
+
+using namespace vx3260;
+
+bool HoldsStatusSwitch(const std::string& word) {
+    return CLI::detail::to_lower(word).find("/ss") != std::string::npos;
+}
+
+/// Fills in the port choice from the command line. An exit code where the program ends with that:
+/// after --help or --version, or because of an error, which has been told.
+std::optional<int> Parse(int argc, const char* const* argv, PortChoice& choice) {
+    CLI::App app{std::string(ApplicationTitle)};
+    app.set_version_flag("--version", std::string(VersionText));
+    app.footer("/SS anywhere in the command line shows the system and the port address.");
+    AddPortOptions(app, choice);
+    app.allow_extras();
+    try {
+        app.parse(argc, argv);
+        for (const std::string& word : app.remaining()) {
+            if (!HoldsStatusSwitch(word)) {
+                throw CLI::ExtrasError({word});
+            }
+        }
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    PortChoice choice;
+    if (const std::optional<int> exitCode = Parse(argc, argv, choice)) {
+        return *exitCode;
+    }
+    LinuxSystem system(argc, argv);
+    const QApplication application(argc, argv);
+    QtMessageBoxes messages;
+    ApplicationState state;
+    const OpenedPort opened = OpenPort(choice);
+    Services services{*opened.port, messages, system, state, opened.badge};
+    StartUp(services);
+    MainMenuForm(services).exec();
+    return 0;
+}
