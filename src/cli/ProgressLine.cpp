@@ -6,8 +6,9 @@ namespace {
 std::string Bar(int done, int total) {
     constexpr int width = 30;
     const auto filled = static_cast<std::size_t>(width * done / total);
-    return "[" + std::string(filled, '#') + std::string(width - filled, '.') + "] " +
-           std::to_string(done) + " of " + std::to_string(total);
+    std::string bar = "[";
+    bar.append(filled, '#').append(width - filled, '.').append("] ");
+    return bar + std::to_string(done) + " of " + std::to_string(total);
 }
 
 }  // namespace

@@ -24,14 +24,22 @@ constexpr std::size_t mostBytes = (MostCodesInBlock + 1) * 128;
     ThrowCannot(what, name, file.errorString().toStdString());
 }
 
+/// What a file says of its size is only a hint: a pipe says 0, and a file may grow.
+std::size_t ChunkSize(const QFile& file) {
+    constexpr std::size_t least = std::size_t{1} << 16U;
+    return std::clamp(static_cast<std::size_t>(file.size()) + 1, least, mostBytes + 1);
+}
+
 std::string ReadBounded(QFile& file, const std::string& path) {
-    constexpr std::size_t chunk = std::size_t{1} << 16U;
+    const std::size_t chunk = ChunkSize(file);
     std::string bytes;
     std::size_t size = 0;
     qint64 got = 0;
     do {
-        bytes.resize(size + chunk);
-        got = file.read(bytes.data() + size, static_cast<qint64>(chunk));
+        if (size == bytes.size()) {
+            bytes.resize(size + chunk);
+        }
+        got = file.read(bytes.data() + size, static_cast<qint64>(bytes.size() - size));
         if (got < 0 || file.error() != QFileDevice::NoError) {
             ThrowCannot("read", path, file);
         }

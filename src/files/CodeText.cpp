@@ -8,11 +8,10 @@ namespace vx3260 {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view blanks = " \t\r";
 constexpr std::ptrdiff_t mostHexDigits = 8;
 
 bool IsBlank(char c) {
-    return blanks.find(c) != std::string_view::npos;
+    return c == ' ' || c == '\t' || c == '\r';
 }
 
 bool IsPrintable(char c) {
@@ -25,10 +24,9 @@ bool IsBinary(char c) {
 }
 
 std::string_view WithoutBlanks(std::string_view line) {
-    const auto first = line.find_first_not_of(blanks);
-    return first == std::string_view::npos
-               ? std::string_view()
-               : line.substr(first, line.find_last_not_of(blanks) - first + 1);
+    const auto* const first = std::find_if_not(line.begin(), line.end(), IsBlank);
+    const auto last = std::find_if_not(line.rbegin(), line.rend(), IsBlank).base();
+    return first < last ? std::string_view(first, last) : std::string_view();
 }
 
 std::string Quoted(std::string_view text) {
