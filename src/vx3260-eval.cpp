@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
-#include <algorithm>
+#include <cstdio>
+#include <exception>
 #include <optional>
 #include <string>
 
@@ -44,9 +45,7 @@ std::optional<int> Parse(int argc, const char* const* argv, PortChoice& choice) 
     return std::nullopt;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     PortChoice choice;
     if (const std::optional<int> exitCode = Parse(argc, argv, choice)) {
         return *exitCode;
@@ -60,4 +59,15 @@ int main(int argc, char** argv) {
     StartUp(services);
     MainMenuForm(services).exec();
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "vx3260-eval: %s\n", error.what());
+        return static_cast<int>(ExitCode::UnexpectedError);
+    }
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <system_error>
 
 #include "numbers/RuntimeError.h"
 
@@ -91,6 +92,21 @@ std::string HexText(std::int32_t value) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
     return text;
+}
+
+std::int32_t HexLiteral(std::string_view text) {
+    constexpr std::size_t mostDigits = 8;
+    constexpr std::size_t digitsOf16Bits = 4;
+    std::uint32_t bits = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, bits, 16);
+    if (text.size() > mostDigits || result.ec != std::errc() || result.ptr != end) {
+        throw TypeMismatchError();
+    }
+    if (text.size() <= digitsOf16Bits) {
+        return static_cast<std::int16_t>(bits);
+    }
+    return static_cast<std::int32_t>(bits);
 }
 
 std::string ShortestText(float value) {

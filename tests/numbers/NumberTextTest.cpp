@@ -55,6 +55,23 @@ TEST(NumberText, WritesHexadecimalWithoutLeadingZeros) {
     EXPECT_EQ(HexText(std::numeric_limits<std::int32_t>::min()), "80000000");
 }
 
+TEST(NumberText, ReadsHexadecimalLiterals) {
+    struct {
+        const char* text;
+        std::int32_t value;
+    } const cases[] = {
+        {"0", 0},          {"7FFF", 32767},      {"8000", -32768},     {"ffff", -1},
+        {"08000", 0x8000}, {"0FFFF", 0xFFFF},    {"ABCDEF", 0xABCDEF}, {"80000000", INT32_MIN},
+        {"FFFFFFFF", -1},  {"0000FFFF", 0xFFFF},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(HexLiteral(c.text), c.value) << c.text;
+    }
+    for (const char* text : {"", " ", "12G", "-1", "+1", "1 ", "0x1", "100000000", "1e5."}) {
+        EXPECT_THROW(HexLiteral(text), TypeMismatchError) << text;
+    }
+}
+
 TEST(NumberText, GivesSinglePrecisionItsShortestText) {
     EXPECT_EQ(ShortestText(0.02F * 1000.0F), "20");
     EXPECT_EQ(ShortestText(0.64F * 1000.0F), "640");

@@ -1,0 +1,18 @@
+#include "link/Calibration.h"
+
+#include "link/BoardLines.h"
+#include "link/PortAccess.h"
+
+namespace vx3260 {
+
+bool WaitForCalibration(ParallelPort& parallelPort, std::int16_t port) {
+    const auto status = static_cast<std::int16_t>(port + BoardLines::StatusRegister);
+    for (std::int32_t polls = 0; polls < CalibrationPollLimit; ++polls) {
+        if ((PortIn(parallelPort, status) & BoardLines::NotReady) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+#include "link/ParallelPort.h"
+
+namespace vx3260 {
+
+/// Status reads after which a calibration is given up.
+inline constexpr std::int32_t CalibrationPollLimit = 500001;
+
+/// Polls the data-ready line, without a pause, until it shows that a calibration has ended. False
+/// when CalibrationPollLimit reads did not show it.
+bool WaitForCalibration(ParallelPort& parallelPort, std::int16_t port);
+
+}  // namespace vx3260

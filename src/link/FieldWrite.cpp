@@ -1,0 +1,15 @@
+#include "link/FieldWrite.h"
+
+#include "numbers/Conversions.h"
+
+namespace vx3260 {
+
+FieldWrite WriteField(Register& reg, const RegisterMap::Field& field, std::int32_t code) {
+    const std::int32_t before = ToInt32(reg.ReadReg());
+    const std::int32_t wanted = field.Insert(before, code);
+    reg.RegValue = wanted;
+    reg.WriteReg();
+    return {before, wanted, ToInt32(reg.ReadReg())};
+}
+
+}  // namespace vx3260

@@ -1,0 +1,34 @@
+#include "link/Reset.h"
+
+#include "link/BoardLines.h"
+#include "link/PortAccess.h"
+#include "link/RegisterMap.h"
+#include "link/Serial.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t resetLow = BoardLines::Idle & ~BoardLines::Reset;
+constexpr std::int16_t clockHighOneResetLow = BoardLines::ClockHighOne & ~BoardLines::Reset;
+constexpr int onesThatReset = 32;
+
+}  // namespace
+
+void HardwareReset(ParallelPort& parallelPort, std::int16_t port) {
+    PortOut(parallelPort, port, resetLow);
+    PortOut(parallelPort, port, BoardLines::Idle);
+}
+
+void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
+    for (int i = 0; i < onesThatReset; ++i) {
+        PortOut(parallelPort, port, BoardLines::ClockLowOne);
+        PortOut(parallelPort, port, clockHighOneResetLow);
+    }
+    PortOut(parallelPort, port, BoardLines::Idle);
+    for (const RegisterMap::RegisterAccess& test : {RegisterMap::Test1, RegisterMap::Test2}) {
+        SerialWrite(parallelPort, test.writeByte, port, 8);
+        SerialWrite(parallelPort, 0, port, test.wordLength);
+    }
+}
+
+}  // namespace vx3260
