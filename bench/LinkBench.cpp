@@ -4,7 +4,7 @@
 #include "link/Serial.h"
 
 // Each routine of the link beside a straight loop that makes the same calls through the same
-// reference. `accesses` is the rate of port accesses.
+// reference. `access` is the time of one port access.
 
 namespace vx3260::bench {
 namespace {

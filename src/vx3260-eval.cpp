@@ -14,6 +14,7 @@
 #include "forms/shell/MainMenuForm.h"
 #include "platform/LinuxSystem.h"
 #include "ports/OpenPort.h"
+#include "ui/Icons.h"
 #include "ui/QtMessageBoxes.h"
 
 namespace {
@@ -52,6 +53,7 @@ int Run(int argc, char** argv) {
     }
     LinuxSystem system(argc, argv);
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(ApplicationIcon());
     QtMessageBoxes messages;
     ApplicationState state;
     const OpenedPort opened = OpenPort(choice);

@@ -18,6 +18,10 @@ void BeforeEach(const ReadingHooks& hooks) {
 
 }  // namespace
 
+std::string DisabledText(Converter converter) {
+    return "Enable " + std::string(TraitsOf(converter).name) + " ADC before reading Data";
+}
+
 void CheckBlockSize(std::int16_t size) {
     if (size < 1) {
         throw SubscriptError();

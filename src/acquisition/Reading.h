@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <string_view>
 
 #include "acquisition/ConverterReader.h"
 #include "app/ApplicationState.h"
@@ -13,6 +15,17 @@ enum class ReadingEnd {
     TimedOut,  ///< data-ready did not come
     Stopped,   ///< stopRequested said so after the last read
 };
+
+/// How the ends that are no success are told.
+inline constexpr std::string_view TimeoutText = "Error Reading Data from VX3260";
+inline constexpr std::string_view TimeoutDetail =
+    "No result became ready. Check the cable, the board's power, the mode register and the printer "
+    "port. The chip still waits for the clocks of this access: a software reset brings the "
+    "interface back in step.";
+inline constexpr std::string_view StoppedText = "User Interruption of Reading";
+
+/// What is told where the converter is not enabled: "Enable Main ADC before reading Data".
+std::string DisabledText(Converter converter);
 
 /// What the caller does between the reads; each may be left empty.
 struct ReadingHooks {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace vx3260 {
@@ -21,6 +22,19 @@ class OperatingSystem {
 
     /// The arguments as the user typed them, without the program's own path.
     virtual std::string CommandLine() = 0;
+
+    /// A value under HKEY_LOCAL_MACHINE in the Windows registry: a string as it is, a 32-bit number
+    /// as hexadecimal text after "&h". Nothing where there is none, nor a registry.
+    virtual std::optional<std::string> GetKeyValue(const std::string& key,
+                                                   const std::string& name) = 0;
+
+    virtual bool FileExists(const std::string& path) = 0;
+
+    /// The desktop's system-information program; nothing where none is installed.
+    virtual std::optional<std::string> DesktopSystemInformation() = 0;
+
+    /// Starts a program with a normal window and goes on. False when it does not start.
+    virtual bool StartProgram(const std::string& path) = 0;
 
     /// Ends the process at once: no destructor runs, the port is not released.
     virtual void EndProcess(int exitCode) = 0;

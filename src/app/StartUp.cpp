@@ -81,7 +81,7 @@ void FindPortAddress(Services& services) {
 }
 
 void InitialiseControlRegister(ParallelPort& port, std::int16_t portAddress) {
-    const auto control = static_cast<std::int16_t>(portAddress + BoardLines::ControlRegister);
+    const std::int16_t control = ToInt16(portAddress + BoardLines::ControlRegister);
     PortOut(port, control,
             static_cast<std::int16_t>(PortIn(port, control) & BoardLines::ControlKept));
 }

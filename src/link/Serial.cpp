@@ -2,6 +2,7 @@
 
 #include "link/BoardLines.h"
 #include "link/PortAccess.h"
+#include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
 
 namespace vx3260 {
@@ -16,7 +17,7 @@ void CheckBitCount(std::int16_t bits) {
 }
 
 std::int16_t StatusAddress(std::int16_t port) {
-    return static_cast<std::int16_t>(port + BoardLines::StatusRegister);
+    return ToInt16(port + BoardLines::StatusRegister);
 }
 
 bool ReadyComes(ParallelPort& parallelPort, std::int16_t status) {

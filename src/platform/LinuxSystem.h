@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "app/OperatingSystem.h"
@@ -14,6 +15,11 @@ class LinuxSystem final : public OperatingSystem {
 
     SystemVersion QueryVersion() override { return {}; }
     std::string CommandLine() override { return commandLine_; }
+    std::optional<std::string> GetKeyValue(const std::string& key,
+                                           const std::string& name) override;
+    bool FileExists(const std::string& path) override;
+    std::optional<std::string> DesktopSystemInformation() override;
+    bool StartProgram(const std::string& path) override;
     void EndProcess(int exitCode) override;
 
   private:

@@ -31,7 +31,9 @@ bool AnyKeyFilter::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
     // An accepted override keeps the key from being looked up as a shortcut; the press follows.
     event->accept();
-    if (event->type() == QEvent::KeyPress) {
+    // The key that started it all may still be held down.
+    const bool repeated = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
+    if (event->type() == QEvent::KeyPress && !repeated) {
         pressed_();
     }
     return true;

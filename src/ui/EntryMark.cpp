@@ -25,4 +25,9 @@ void MarkEntry(QLineEdit* box, const QString& reason) {
     box->setAccessibleDescription(reason);
 }
 
+bool IsMarked(const QLineEdit* box) {
+    const auto* mark = box->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
+    return mark != nullptr && mark->isVisible();
+}
+
 }  // namespace vx3260

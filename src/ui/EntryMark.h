@@ -8,4 +8,7 @@ namespace vx3260 {
 /// tip and accessible description. An empty reason takes the mark away.
 void MarkEntry(QLineEdit* box, const QString& reason);
 
+/// Whether the box is marked.
+bool IsMarked(const QLineEdit* box);
+
 }  // namespace vx3260

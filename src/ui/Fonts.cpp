@@ -12,6 +12,14 @@ void UseHeadingFont(QWidget* widget) {
     widget->setFont(font);
 }
 
+void UseValueFont(QWidget* widget) {
+    constexpr double valueSize = 1.8;
+    UseFixedFont(widget);
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * valueSize);
+    widget->setFont(font);
+}
+
 void UseFixedFont(QWidget* widget) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(widget->font().pointSizeF());

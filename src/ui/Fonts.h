@@ -7,6 +7,9 @@ namespace vx3260 {
 /// The heading of a form: the platform's font, larger.
 void UseHeadingFont(QWidget* widget);
 
+/// A register's value beside its bits: fixed-width and large.
+void UseValueFont(QWidget* widget);
+
 /// Register contents and codes: the system's fixed-width font.
 void UseFixedFont(QWidget* widget);
 

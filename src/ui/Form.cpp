@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
+#include <exception>
 
 namespace vx3260 {
 
@@ -33,8 +34,20 @@ void Form::showEvent(QShowEvent* event) {
          onScreen.top() + (onScreen.height() - height()) / 2);
 }
 
-void Form::ShowError(const std::exception& error) {
-    Show({.text = error.what(), .icon = MessageIcon::Critical});
+void Form::OnSelected(QAbstractButton* option, const std::function<void()>& handler) {
+    connect(option, &QAbstractButton::toggled, this, [this, handler](bool selected) {
+        if (selected) {
+            Guarded(handler);
+        }
+    });
+}
+
+void Form::Guarded(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const std::exception& error) {
+        Show({.text = error.what(), .icon = MessageIcon::Critical});
+    }
 }
 
 }  // namespace vx3260

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QLabel>
-#include <exception>
+#include <functional>
 
 #include "app/Services.h"
 
@@ -30,13 +31,13 @@ class Form : public QDialog {
     template <typename Sender, typename Signal, typename Derived>
     void On(Sender* sender, Signal signal, void (Derived::*handler)()) {
         connect(sender, signal, this, [this, handler] {
-            try {
-                (static_cast<Derived*>(this)->*handler)();
-            } catch (const std::exception& error) {
-                ShowError(error);
-            }
+            Guarded([this, handler] { (static_cast<Derived*>(this)->*handler)(); });
         });
     }
+
+    /// The same for an option button's click: its becoming selected, by the user or by the
+    /// program. Selecting the one that is selected already is none.
+    void OnSelected(QAbstractButton* option, const std::function<void()>& handler);
 
     /// Opens another form and returns when it has been closed.
     template <typename Opened>
@@ -51,7 +52,7 @@ class Form : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
-    void ShowError(const std::exception& error);
+    void Guarded(const std::function<void()>& handler);
 
     Services& services_;
 };

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <algorithm>
 
 namespace vx3260 {
 namespace {
@@ -22,6 +23,21 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// The window to lie over. None is active while another program has the focus; the box must not
+/// end up behind a form that waits for it.
+QWidget* WindowBelow() {
+    if (QWidget* const active = QApplication::activeWindow()) {
+        return active;
+    }
+    if (QWidget* const modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto visible = std::find_if(windows.begin(), windows.end(),
+                                      [](const QWidget* window) { return window->isVisible(); });
+    return visible == windows.end() ? nullptr : *visible;
+}
+
 /// A text's lines end in CR LF or in CR alone; the box breaks lines at LF only.
 QString WithLineFeeds(const std::string& text) {
     QString lines = QString::fromStdString(text);
@@ -34,7 +50,7 @@ QString WithLineFeeds(const std::string& text) {
 
 MessageAnswer QtMessageBoxes::Show(const Message& message) {
     const bool question = message.buttons == MessageButtons::YesNo;
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(WindowBelow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(QString::fromStdString(message.title));
     box.setText(WithLineFeeds(message.text));

@@ -4,7 +4,7 @@
 
 namespace vx3260 {
 
-/// Message boxes on the screen, over the window that is active.
+/// Message boxes on the screen, over the program's window in front.
 class QtMessageBoxes final : public MessageBoxes {
   public:
     MessageAnswer Show(const Message& message) override;

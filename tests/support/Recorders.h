@@ -2,6 +2,8 @@
 
 #include <deque>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,10 +43,26 @@ class RecordedSystem final : public OperatingSystem {
   public:
     SystemVersion QueryVersion() override { return version; }
     std::string CommandLine() override { return commandLine; }
+    std::optional<std::string> GetKeyValue(const std::string& key,
+                                           const std::string& name) override {
+        const auto found = registry.find(key + ":" + name);
+        return found == registry.end() ? std::nullopt : std::optional(found->second);
+    }
+    bool FileExists(const std::string& path) override { return path == existingFile; }
+    std::optional<std::string> DesktopSystemInformation() override { return desktopProgram; }
+    bool StartProgram(const std::string& path) override {
+        started.push_back(path);
+        return startsPrograms;
+    }
     void EndProcess(int exitCode) override { ended.push_back(exitCode); }
 
     SystemVersion version;
     std::string commandLine;
+    std::map<std::string, std::string> registry;  ///< "key:name" and the value
+    std::string existingFile;
+    std::optional<std::string> desktopProgram;
+    bool startsPrograms = true;
+    std::vector<std::string> started;
     std::vector<int> ended;
 };
 

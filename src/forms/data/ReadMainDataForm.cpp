@@ -17,7 +17,7 @@ namespace {
 
 constexpr Converter converter = Converter::Main;
 
-/// The delay was once counted in turns of an empty loop; their number still has to fit 32 bits.
+/// By design a delay is a number of turns, which has to fit 32 bits; the wait itself is real time.
 constexpr std::int32_t turnsPerMillisecond = 20000;
 
 /// How often a progress bar is worth drawing.
@@ -29,9 +29,11 @@ std::string TextOf(const QLineEdit* box) {
     return box->text().toStdString();
 }
 
+/// Milliseconds. Throws where the text is no number, or too large a one.
 std::int32_t DelayOf(const std::string& text) {
     const std::int32_t milliseconds = TextToInt32(text);
-    return milliseconds < 1 ? 0 : Product(milliseconds, turnsPerMillisecond) / turnsPerMillisecond;
+    Product(milliseconds, turnsPerMillisecond);
+    return milliseconds;
 }
 
 /// What is stored for a typed reference voltage: the number with two decimals. Throws
@@ -55,6 +57,8 @@ ReadMainDataForm::ReadMainDataForm(Services& services, QWidget* parent)
       reader_(services.port, services.state.PortAddress, converter) {
     ui_->setupUi(this);
     loop_ = new ReadingLoop(ui_->ReadingLabel, ui_->Text1, this);
+    // What an input method composes is a key too, and none for this box to take.
+    ui_->Text1->setAttribute(Qt::WA_InputMethodEnabled, false);
     ui_->ReadingProgress->reset();
     UseFixedFont(ui_->CurrentCodeText);
     ShowBadge(ui_->BadgeLabel);
@@ -94,13 +98,14 @@ void ReadMainDataForm::ReadForAnalysis() {
         return;
     }
     ui_->ReadingProgress->setRange(0, size);
+    ui_->ReadingProgress->setValue(0);
     sinceProgress_.start();
     const ReadingEnd end = loop_->Run([this, size](const ReadingHooks& hooks) {
         return ReadBlock(reader_, State().BlockOf(converter), size, hooks);
     });
-    ShowCount();
+    ui_->ReadingProgress->setValue(State().BlockOf(converter).count);
     if (end == ReadingEnd::Stopped) {
-        Show({.text = "User Interruption of Reading", .icon = MessageIcon::Exclamation});
+        Show({.text = std::string(StoppedText), .icon = MessageIcon::Exclamation});
     } else {
         TakeReferenceVoltage();
     }
@@ -131,16 +136,13 @@ bool ReadMainDataForm::RefusedAsDisabled() {
         return false;
     }
     TakeReferenceVoltage();
-    Show({.text = "Enable Main ADC before reading Data", .icon = MessageIcon::Exclamation});
+    Show({.text = DisabledText(converter), .icon = MessageIcon::Exclamation});
     return true;
 }
 
 void ReadMainDataForm::AfterReading(ReadingEnd end) {
     if (end == ReadingEnd::TimedOut) {
-        Show({.text = "Error Reading Data from VX3260",
-              .detail = "No result became ready. Check the cable, the board's power, the mode "
-                        "register and the printer port. The chip still waits for the clocks of "
-                        "this access: a software reset brings the interface back in step."});
+        Show({.text = std::string(TimeoutText), .detail = std::string(TimeoutDetail)});
     }
     if (closeRequested_) {
         Form::reject();
@@ -160,13 +162,10 @@ void ReadMainDataForm::AnalyseBlock() {
 
 void ReadMainDataForm::FollowProgress() {
     if (sinceProgress_.isValid() && sinceProgress_.elapsed() >= progressMilliseconds) {
-        ShowCount();
+        // The count is the number of the code that is read next.
+        ui_->ReadingProgress->setValue(State().BlockOf(converter).count - 1);
         sinceProgress_.restart();
     }
-}
-
-void ReadMainDataForm::ShowCount() {
-    ui_->ReadingProgress->setValue(State().BlockOf(converter).count);
 }
 
 void ReadMainDataForm::ShowCode(std::int32_t code) {
@@ -186,7 +185,7 @@ void ReadMainDataForm::TakeReferenceVoltage() {
 }
 
 void ReadMainDataForm::ShowReferenceVoltage() {
-    if (ui_->RefText->accessibleDescription().isEmpty()) {
+    if (!IsMarked(ui_->RefText)) {
         ui_->RefText->setText(
             QString::fromStdString(FormatNumber(State().ReferenceVoltage, referenceFormat)));
     }

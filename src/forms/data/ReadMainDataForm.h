@@ -35,7 +35,6 @@ class ReadMainDataForm final : public Form {
     void FollowProgress();
 
     bool RefusedAsDisabled();
-    void ShowCount();
     void ShowCode(std::int32_t code);
     void AfterReading(ReadingEnd end);
 

@@ -5,6 +5,9 @@
 #include "analysis/MainNoiseForm.h"
 #include "analysis/NoiseAnalysis.h"
 #include "forms/data/ReadMainDataForm.h"
+#include "forms/shell/ProgramForm.h"
+#include "forms/shell/ResetForm.h"
+#include "forms/shell/aboutform.h"
 #include "link/RegisterMap.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
@@ -26,9 +29,12 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
 
     On(ui_->Command2, &QPushButton::clicked, &MainMenuForm::ReadMainData);
     On(ui_->Command3, &QPushButton::clicked, &MainMenuForm::AnalyseMainNoise);
+    On(ui_->Command1, &QPushButton::clicked, &MainMenuForm::OpenForm<ProgramForm>);
+    On(ui_->Command4, &QPushButton::clicked, &MainMenuForm::OpenForm<ResetForm>);
+    On(ui_->Command7, &QPushButton::clicked, &MainMenuForm::OpenForm<aboutform>);
     On(ui_->Command8, &QPushButton::clicked, &MainMenuForm::Quit);
-    for (QPushButton* later : {ui_->Command1, ui_->Command4, ui_->Command5, ui_->Command6,
-                               ui_->Command7, ui_->Command9, ui_->Command10, ui_->Command11}) {
+    for (QPushButton* later :
+         {ui_->Command5, ui_->Command6, ui_->Command9, ui_->Command10, ui_->Command11}) {
         later->setEnabled(false);
     }
     ConnectPrinterPortMenu();

@@ -50,13 +50,13 @@ TEST_F(MainMenuFormTest, HasItsButtonsInOrder) {
         const char* caption;
         bool enabled;
     } buttons[] = {
-        {"Command1", "&Program VX3260", false},
+        {"Command1", "&Program VX3260", true},
         {"Command2", "Read Data from &Main ADC", true},
         {"Command3", "Mai&n ADC Noise Analysis", true},
-        {"Command4", "Re&set VX3260", false},
+        {"Command4", "Re&set VX3260", true},
         {"Command5", "&Read from File", false},
         {"Command6", "&Write to File", false},
-        {"Command7", "A&bout", false},
+        {"Command7", "A&bout", true},
         {"Command8", "&Quit", true},
         {"Command9", "Read Data from &Aux ADC", false},
         {"Command10", "A&ux ADC Noise Analysis", false},

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "app/Services.h"
+
+namespace vx3260 {
+
+/// Starts the system's own information program: on Windows the one that the registry names, else
+/// that of the desktop. Where there is none, or it does not start, a message box says so.
+void StartSysInfo(Services& services);
+
+}  // namespace vx3260

@@ -1,0 +1,104 @@
+#include "forms/config/AuxControlForm.h"
+
+#include "link/RegisterFields.h"
+#include "ui/Fonts.h"
+#include "ui_AuxControlForm.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr float rangeOfHalfReference = 0.04F;
+
+}  // namespace
+
+AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
+    : ControlForm(services, RegisterMap::AuxControl, parent),
+      ui_(std::make_unique<Ui::AuxControlForm>()) {
+    ui_->setupUi(this);
+    UseHeadingFont(ui_->Label9);
+    ShowBadge(ui_->BadgeLabel);
+    const Captions channels[] = {
+        {ui_->OptAIN3_Agnd, "AIN3 - AGND", "AIN5 - AGND"},
+        {ui_->OptAIN4_Agnd, "AIN4 - AGND", "AIN6 - AGND"},
+        {ui_->OptAIN5_6, "AIN5 - AIN6", "AIN5 - AIN6"},
+        {ui_->OptTemp, "TEMP SENSOR", "TEMP SENSOR"},
+        {ui_->OptAGND_AGND, "AGND - AGND", "AGND - AGND"},
+    };
+    ConnectOptions();
+    On(ui_->Command1, &QPushButton::clicked, &AuxControlForm::reject);
+    Load(std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)),
+                                  BitNames(RegisterMap::AuxControlFields, 8)),
+         ui_->AuxControlLabel, channels);
+}
+
+AuxControlForm::~AuxControlForm() = default;
+
+void AuxControlForm::ConnectOptions() {
+    using namespace RegisterMap;
+    const std::string_view error = ErrorProgrammingSmallP;
+    SetOptions({
+        {ui_->OptAIN3_Agnd, AuxChannel, 0, error},
+        {ui_->OptAIN4_Agnd, AuxChannel, 1, error},
+        {ui_->OptAIN5_6, AuxChannel, 2, error},
+        {ui_->OptTemp, AuxChannel, 3, error},
+        {ui_->OptAGND_AGND, AuxChannel, 4, error},
+        {ui_->OptREF, Reference, 1, error},
+        // Only this one of the two leaves a range for the analysis, by design.
+        {ui_->OptREF2,
+         Reference,
+         0,
+         error,
+         {.always = [this] { State().InputRange = rangeOfHalfReference; }}},
+        {ui_->OptUnipolar,
+         RegisterMap::Polarity,
+         1,
+         error,
+         {.always = [this] { State().Polarity = vx3260::Polarity::Unipolar; },
+          .beforeReading = [this] { ShowClickedUnipolar(); },
+          .atTheEnd =
+              [this] {
+                  if (RegisterMap::Polarity.CodeIn(State().AuxControlValue) != 0) {
+                      ShowClickedUnipolar();
+                  }
+              }}},
+        {ui_->OptBipolar,
+         RegisterMap::Polarity,
+         0,
+         error,
+         {.always = [this] { State().Polarity = vx3260::Polarity::Bipolar; },
+          .beforeReading = [this] { ShowReferences("± REFIN2", "± REFIN2 / 2"); }}},
+        {ui_->OptAuxEn, Enable, 1, error},
+        {ui_->OptAuxDis, Enable, 0, error},
+    });
+}
+
+void AuxControlForm::KeepValue(std::int32_t value) {
+    State().AuxControlValue = static_cast<std::int16_t>(value);
+}
+
+void AuxControlForm::SelectOptions(std::int32_t value) {
+    for (const RegisterMap::Field& field : RegisterMap::AuxControlFields) {
+        SelectOption(field, value);
+    }
+}
+
+/// Unlike the main form this one selects no options here.
+void AuxControlForm::FollowBits(std::int32_t value) {
+    if (RegisterMap::Polarity.CodeIn(value) != 0) {
+        ShowReferences("0 - REFIN2", "0 - REFIN2 / 2");
+    } else {
+        ShowReferences("± REFIN2", "± REFIN2 / 2");
+    }
+}
+
+void AuxControlForm::ShowReferences(const char* ref, const char* ref2) {
+    ui_->OptREF->setText(QString::fromUtf8(ref));
+    ui_->OptREF2->setText(QString::fromUtf8(ref2));
+}
+
+/// The dash that is missing after a click is missing by design, until something else refreshes.
+void AuxControlForm::ShowClickedUnipolar() {
+    ShowReferences("0 REFIN2", "0 - REFIN2 / 2");
+}
+
+}  // namespace vx3260

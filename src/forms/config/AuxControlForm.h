@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/config/ControlForm.h"
+
+namespace Ui {
+class AuxControlForm;
+}
+
+namespace vx3260 {
+
+/// Sets the aux ADC's control register. The polarity that the analysis goes by follows the options;
+/// the input range is touched by one of them alone, see ConnectOptions.
+class AuxControlForm final : public ControlForm {
+    Q_OBJECT
+
+  public:
+    explicit AuxControlForm(Services& services, QWidget* parent = nullptr);
+    ~AuxControlForm() override;
+
+  private:
+    void KeepValue(std::int32_t value) override;
+    void SelectOptions(std::int32_t value) override;
+    void FollowBits(std::int32_t value) override;
+
+    void ConnectOptions();
+    void ShowReferences(const char* ref, const char* ref2);
+    void ShowClickedUnipolar();
+
+    std::unique_ptr<Ui::AuxControlForm> ui_;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QLabel>
+#include <QRadioButton>
+#include <memory>
+#include <span>
+
+#include "forms/config/RegisterForm.h"
+#include "ui/BitRow.h"
+
+namespace vx3260 {
+
+/// What the twins MainControlForm and AuxControlForm have in common. After loading, the value's
+/// label shows the register in decimal, after a click in hexadecimal; both are as designed.
+class ControlForm : public RegisterForm {
+    Q_OBJECT
+
+  protected:
+    /// An option button with the two texts it can have.
+    struct Captions {
+        QRadioButton* button;
+        const char* first;
+        const char* second;
+    };
+
+    using RegisterForm::RegisterForm;
+
+    /// Takes the controls that show the register, and loads the form.
+    void Load(std::unique_ptr<BitRow> bits, QLabel* valueLabel, std::span<const Captions> channels);
+
+    static void ShowCaptions(std::span<const Captions> captions, bool second);
+
+    void ShowReadBack(std::int32_t readBack) final;
+
+    /// Selects the options that the register's value stands for.
+    virtual void SelectOptions(std::int32_t value) = 0;
+    /// What follows the bits besides their labels: captions, and options where the form has it so.
+    virtual void FollowBits(std::int32_t value) = 0;
+
+  private:
+    bool ReadChcon();
+    void RefreshControlBits();
+    void RefreshControlOptions();
+
+    std::unique_ptr<BitRow> bits_;
+    QLabel* valueLabel_ = nullptr;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,142 @@
+#include "forms/config/Filterform.h"
+
+#include <algorithm>
+
+#include "link/FilterRate.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+#include "numbers/RuntimeError.h"
+#include "ui/Fonts.h"
+#include "ui_Filterform.h"
+
+namespace vx3260 {
+namespace {
+
+/// The limits that hold are whole hertz, though the message names 5.35 and 105.3; as designed.
+constexpr std::int16_t minUpdateRate = 5;
+constexpr std::int16_t maxUpdateRate = 105;
+constexpr std::string_view updateRateMessage = "Enter a value Between 5.35 Hz and 105.3 Hz";
+
+/// The same rate is shown in three formats, by design.
+constexpr std::string_view rateAtLoad = "#.##";
+constexpr std::string_view rateOfTypedWord = "00.00";
+constexpr std::string_view rateOfTypedRate = "#.##00";
+
+constexpr std::string_view typedRateFormat = "####.##";
+
+QString RateText(std::int32_t filterWord, std::string_view format) {
+    return QString::fromStdString(FormatNumber(UpdateRateOf(filterWord), format));
+}
+
+QString WordText(std::int32_t filterWord) {
+    return QString::fromStdString(HexText(filterWord));
+}
+
+/// Whole hertz. Throws TypeMismatchError where the text is no number or is left without a digit.
+std::int16_t TypedRate(const std::string& text) {
+    return TextToInt16(FormatNumber(TextToDouble(text), typedRateFormat));
+}
+
+}  // namespace
+
+Filterform::Filterform(Services& services, QWidget* parent)
+    : Form(services, parent),
+      ui_(std::make_unique<Ui::Filterform>()),
+      register_(services.port, services.state.PortAddress, RegisterMap::Filter) {
+    ui_->setupUi(this);
+    UseHeadingFont(ui_->Label9);
+    UseValueFont(ui_->Filterlabel);
+    ShowBadge(ui_->BadgeLabel);
+    bits_ = std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)));
+    On(ui_->TxtFilter, &QLineEdit::returnPressed, &Filterform::TakeFilterWord);
+    On(ui_->TxtUpdate, &QLineEdit::returnPressed, &Filterform::TakeUpdateRate);
+    On(ui_->Command1, &QPushButton::clicked, &Filterform::reject);
+
+    State().FilterValue = ReadRegister();
+    if (State().FilterValue == 0) {
+        Show({.text = "Error Reading from VX3260"});
+        return;
+    }
+    ShowFilterSetting();
+    RefreshFilterBits();
+}
+
+Filterform::~Filterform() = default;
+
+std::int16_t Filterform::ReadRegister() {
+    return ToInt16(register_.ReadReg());
+}
+
+void Filterform::ShowFilterSetting() {
+    ui_->TxtFilter->setText(WordText(State().FilterValue));
+    ui_->TxtUpdate->setText(RateText(State().FilterValue, rateAtLoad));
+}
+
+void Filterform::RefreshFilterBits() {
+    State().FilterValue = ReadRegister();
+    bits_->Show(State().FilterValue);
+    ui_->Filterlabel->setText(WordText(State().FilterValue));
+}
+
+void Filterform::TakeFilterWord() {
+    if (ui_->TxtFilter->text().isEmpty()) {
+        ui_->TxtFilter->setText(QStringLiteral("0"));
+    }
+    std::int32_t word = 0;
+    try {
+        word = HexLiteral(ui_->TxtFilter->text().toStdString());
+    } catch (const TypeMismatchError&) {
+        Refuse(ui_->TxtFilter, tr("The Filter Word is not a hexadecimal number"));
+        return;
+    }
+    if (word > MostFilterWord) {
+        ShowExclamation("The maximum Filter Word is  FF Hex");
+        return;
+    }
+    if (word < LeastFilterWord) {
+        ShowExclamation("The minimum Filter Word is " + HexText(LeastFilterWord) + " Hex");
+        return;
+    }
+    ui_->TxtUpdate->setText(RateText(word, rateOfTypedWord));
+    ui_->TxtFilter->setText(WordText(word));
+    Program(word, ErrorProgrammingSmallP);
+}
+
+void Filterform::TakeUpdateRate() {
+    std::int16_t rate = 0;
+    try {
+        rate = TypedRate(ui_->TxtUpdate->text().toStdString());
+    } catch (const TypeMismatchError&) {
+        Refuse(ui_->TxtUpdate, tr("The Output Update Rate is not a number"));
+        return;
+    }
+    const std::int16_t taken = std::clamp(rate, minUpdateRate, maxUpdateRate);
+    if (taken != rate) {
+        ShowExclamation(updateRateMessage);
+    }
+    const std::int32_t word = FilterWordFor(taken);
+    ui_->TxtFilter->setText(WordText(word));
+    ui_->TxtUpdate->setText(RateText(word, rateOfTypedRate));
+    Program(word, ErrorProgramming);
+}
+
+void Filterform::Program(std::int32_t filterWord, std::string_view errorText) {
+    register_.RegValue = filterWord;
+    register_.WriteReg();
+    RefreshFilterBits();
+    if (ReadRegister() != filterWord) {
+        ShowExclamation(errorText);
+    }
+}
+
+void Filterform::Refuse(QLineEdit* box, const QString& reason) {
+    ShowExclamation(reason.toStdString());
+    box->selectAll();
+    box->setFocus();
+}
+
+void Filterform::ShowExclamation(std::string_view text) {
+    Show({.text = std::string(text), .icon = MessageIcon::Exclamation});
+}
+
+}  // namespace vx3260

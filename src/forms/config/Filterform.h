@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLineEdit>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "forms/config/RegisterForm.h"
+#include "ui/BitRow.h"
+
+namespace Ui {
+class Filterform;
+}
+
+namespace vx3260 {
+
+/// Sets the filter register, by its word or by the update rate it stands for. Nothing is written
+/// but on Enter.
+class Filterform final : public Form {
+    Q_OBJECT
+
+  public:
+    explicit Filterform(Services& services, QWidget* parent = nullptr);
+    ~Filterform() override;
+
+  private:
+    void ShowFilterSetting();
+    void RefreshFilterBits();
+    void TakeFilterWord();
+    void TakeUpdateRate();
+
+    void Program(std::int32_t filterWord, std::string_view errorText);
+    std::int16_t ReadRegister();
+    void Refuse(QLineEdit* box, const QString& reason);
+    void ShowExclamation(std::string_view text);
+
+    std::unique_ptr<Ui::Filterform> ui_;
+    std::unique_ptr<BitRow> bits_;
+    Register register_;
+};
+
+}  // namespace vx3260

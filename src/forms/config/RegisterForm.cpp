@@ -1,0 +1,87 @@
+#include "forms/config/RegisterForm.h"
+
+#include <QScopeGuard>
+#include <algorithm>
+#include <utility>
+
+#include "numbers/Conversions.h"
+
+namespace vx3260 {
+namespace {
+
+void Do(const std::function<void()>& step) {
+    if (step) {
+        step();
+    }
+}
+
+}  // namespace
+
+std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bits) {
+    std::vector<QString> names;
+    for (int bit = bits - 1; bit >= 0; --bit) {
+        const auto field = std::find_if(fields.begin(), fields.end(),
+                                        [bit](const auto& f) { return (f.mask >> bit & 1) != 0; });
+        names.push_back(field == fields.end()
+                            ? QString()
+                            : QString::fromUtf8(field->title.data(),
+                                                static_cast<qsizetype>(field->title.size())));
+    }
+    return names;
+}
+
+RegisterForm::RegisterForm(Services& services, const RegisterMap::RegisterAccess& access,
+                           QWidget* parent)
+    : Form(services, parent), register_(services.port, services.state.PortAddress, access) {}
+
+void RegisterForm::SetOptions(std::vector<Option> options) {
+    options_ = std::move(options);
+    for (const Option& option : options_) {
+        OnSelected(option.button, [this, &option] {
+            Do(option.steps.always);
+            if (!Loading()) {
+                Program(option);
+            }
+        });
+    }
+}
+
+void RegisterForm::Program(const Option& option) {
+    const OptionSteps& steps = option.steps;
+    Do(steps.beforeReading);
+    const FieldWrite write = WriteField(register_, option.field, option.code);
+    KeepValue(write.before);
+    Do(steps.afterReadBack);
+    if (write.Verified() || (write.readBack & steps.alsoGoodWith) != 0) {
+        Do(steps.onSuccess);
+    } else {
+        Show({.text = std::string(option.errorText), .icon = MessageIcon::Exclamation});
+        if (steps.mismatchEnds) {
+            return;
+        }
+    }
+    ShowReadBack(write.readBack);
+    Do(steps.atTheEnd);
+}
+
+void RegisterForm::SelectOption(const RegisterMap::Field& field, std::int32_t value) {
+    const auto found = std::find_if(options_.begin(), options_.end(), [&](const Option& option) {
+        return option.field.mask == field.mask && option.code == field.CodeIn(value);
+    });
+    if (found != options_.end()) {
+        found->button->setChecked(true);
+    }
+}
+
+std::int32_t RegisterForm::ReadRegister() {
+    return ToInt32(register_.ReadReg());
+}
+
+void RegisterForm::WhileLoading(const std::function<void()>& refresh) {
+    std::int16_t& loading = State().FormLoading;
+    loading = 1;
+    const auto loaded = qScopeGuard([&loading] { loading = 0; });
+    refresh();
+}
+
+}  // namespace vx3260

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QRadioButton>
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "link/FieldWrite.h"
+#include "link/Register.h"
+#include "link/RegisterFields.h"
+#include "ui/Form.h"
+
+namespace vx3260 {
+
+/// The two spellings of the one message, both as designed.
+inline constexpr std::string_view ErrorProgramming = "Error Programming VX3260";
+inline constexpr std::string_view ErrorProgrammingSmallP = "Error programming VX3260";
+
+/// What a click on an option button does beyond the common steps. Each may be left empty.
+struct OptionSteps {
+    std::function<void()> always{};         ///< first of all, also while the form is loading
+    std::function<void()> beforeReading{};  ///< before the register is read
+    std::function<void()> afterReadBack{};  ///< before the comparison
+    std::function<void()> onSuccess{};      ///< after a verified write, before the display
+    std::function<void()> atTheEnd{};       ///< after the display
+    bool mismatchEnds = false;              ///< a failed write leaves the display as it was
+    std::int32_t alsoGoodWith = 0;          ///< a read-back with this bit set counts as verified
+};
+
+/// One option button of a register form: selecting it puts `code` into `field`.
+struct Option {
+    QRadioButton* button;
+    const RegisterMap::Field& field;
+    std::int32_t code;
+    std::string_view errorText;
+    OptionSteps steps{};
+};
+
+/// What each bit of a register belongs to, from bit `bits` - 1 down to bit 0; empty where none.
+std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bits);
+
+/// The pattern of the configuration dialogs, once: read the register, change one field, write it,
+/// read it back, compare, refresh the display. A form is a table of options and their exceptions.
+///
+/// A button's click is its becoming selected, by the user or by the program; while FormLoading is
+/// set a click writes nothing.
+class RegisterForm : public Form {
+    Q_OBJECT
+
+  protected:
+    RegisterForm(Services& services, const RegisterMap::RegisterAccess& access, QWidget* parent);
+
+    /// Takes the form's options, once, and connects them.
+    void SetOptions(std::vector<Option> options);
+
+    /// Selects the button of the field's code in `value`; none where no option has it.
+    void SelectOption(const RegisterMap::Field& field, std::int32_t value);
+
+    std::int32_t ReadRegister();
+    vx3260::Register& Register() { return register_; }
+
+    bool Loading() { return State().FormLoading != 0; }
+    /// Runs `refresh` with FormLoading set.
+    void WhileLoading(const std::function<void()>& refresh);
+
+    /// Where the form keeps the register as it was read.
+    virtual void KeepValue(std::int32_t value) = 0;
+    /// Refreshes the display after a write that was read back.
+    virtual void ShowReadBack(std::int32_t readBack) = 0;
+
+  private:
+    void Program(const Option& option);
+
+    vx3260::Register register_;
+    std::vector<Option> options_;
+};
+
+}  // namespace vx3260

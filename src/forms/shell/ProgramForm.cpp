@@ -1,0 +1,55 @@
+#include "forms/shell/ProgramForm.h"
+
+#include "forms/config/AuxCalForm.h"
+#include "forms/config/AuxControlForm.h"
+#include "forms/config/Filterform.h"
+#include "forms/config/IOControlForm.h"
+#include "forms/config/MainCalForm.h"
+#include "forms/config/MainControlForm.h"
+#include "forms/config/ModeForm.h"
+#include "forms/shell/StatusForm.h"
+#include "numbers/Conversions.h"
+#include "ui/Fonts.h"
+#include "ui_ProgramForm.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t powerDown = 0;
+
+}  // namespace
+
+ProgramForm::ProgramForm(Services& services, QWidget* parent)
+    : Form(services, parent),
+      ui_(std::make_unique<Ui::ProgramForm>()),
+      modeRegister_(services.port, services.state.PortAddress) {
+    ui_->setupUi(this);
+    UseHeadingFont(ui_->Label1);
+    ShowBadge(ui_->BadgeLabel);
+    On(ui_->Command1, &QPushButton::clicked, &ProgramForm::OpenForm<ModeForm>);
+    On(ui_->Command2, &QPushButton::clicked, &ProgramForm::OpenFilterform);
+    On(ui_->Command3, &QPushButton::clicked, &ProgramForm::OpenForm<MainCalForm>);
+    On(ui_->Command4, &QPushButton::clicked, &ProgramForm::OpenForm<MainControlForm>);
+    On(ui_->Command5, &QPushButton::clicked, &ProgramForm::OpenForm<IOControlForm>);
+    On(ui_->Command6, &QPushButton::clicked, &ProgramForm::OpenForm<StatusForm>);
+    On(ui_->Command7, &QPushButton::clicked, &ProgramForm::reject);
+    On(ui_->Command8, &QPushButton::clicked, &ProgramForm::OpenForm<AuxControlForm>);
+    On(ui_->Command9, &QPushButton::clicked, &ProgramForm::OpenForm<AuxCalForm>);
+}
+
+ProgramForm::~ProgramForm() = default;
+
+void ProgramForm::OpenFilterform() {
+    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
+    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
+    const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
+    if ((mode & RegisterMap::ModeMask) != powerDown) {
+        Show({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
+                      "Register",
+              .icon = MessageIcon::Exclamation});
+        return;
+    }
+    OpenForm<Filterform>();
+}
+
+}  // namespace vx3260

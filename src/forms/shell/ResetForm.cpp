@@ -1,0 +1,31 @@
+#include "forms/shell/ResetForm.h"
+
+#include "link/Reset.h"
+#include "ui/Fonts.h"
+#include "ui_ResetForm.h"
+
+namespace vx3260 {
+
+ResetForm::ResetForm(Services& services, QWidget* parent)
+    : Form(services, parent), ui_(std::make_unique<Ui::ResetForm>()) {
+    ui_->setupUi(this);
+    UseHeadingFont(ui_->Label1);
+    ShowBadge(ui_->BadgeLabel);
+    On(ui_->Command1, &QPushButton::clicked, &ResetForm::ResetByLine);
+    On(ui_->Command2, &QPushButton::clicked, &ResetForm::ResetByOnes);
+    On(ui_->Command3, &QPushButton::clicked, &ResetForm::reject);
+}
+
+ResetForm::~ResetForm() = default;
+
+void ResetForm::ResetByLine() {
+    HardwareReset(Shared().port, State().PortAddress);
+    accept();
+}
+
+void ResetForm::ResetByOnes() {
+    SoftwareReset(Shared().port, State().PortAddress);
+    accept();
+}
+
+}  // namespace vx3260
