@@ -21,10 +21,6 @@ namespace {
 
 using namespace vx3260;
 
-bool HoldsStatusSwitch(const std::string& word) {
-    return CLI::detail::to_lower(word).find("/ss") != std::string::npos;
-}
-
 /// Fills in the port choice from the command line. An exit code where the program ends with that:
 /// after --help or --version, or because of an error, which has been told.
 std::optional<int> Parse(int argc, const char* const* argv, PortChoice& choice) {

@@ -89,6 +89,14 @@ NoiseTexts TextsOf(std::size_t count, const NoiseConditions& conditions,
 
 }  // namespace
 
+bool RefusedByCount(MessageBoxes& messages, std::int32_t count) {
+    if (CountFitsAnalysis(count)) {
+        return false;
+    }
+    messages.Show({.text = std::string(CountRefusal)});
+    return true;
+}
+
 NoiseConditions MainNoiseConditions(float referenceVoltage, int rangeCode, Polarity polarity) {
     const double gain = std::ldexp(1.0, largestRangeCode - rangeCode);
     const int polarityFactor = static_cast<int>(polarity);

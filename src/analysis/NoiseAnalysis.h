@@ -9,6 +9,7 @@
 
 #include "analysis/NoiseStatistics.h"
 #include "app/ApplicationState.h"
+#include "app/MessageBoxes.h"
 
 namespace vx3260 {
 
@@ -23,6 +24,9 @@ constexpr bool CountFitsAnalysis(std::int32_t count) {
 /// Shown for any other count. It names 9 as allowed although 9 is refused; kept as designed.
 inline constexpr std::string_view CountRefusal =
     "For Data Analysis the number of Codes read must be between 9 and 5000";
+
+/// Shows the refusal where the count does not fit.
+bool RefusedByCount(MessageBoxes& messages, std::int32_t count);
 
 /// Under which conditions a block was read: what turns its codes into volts.
 struct NoiseConditions {

@@ -110,11 +110,15 @@ std::string GetWindowsVersion(OperatingSystem& system) {
     }
 }
 
-bool StatusRequested(OperatingSystem& system) {
-    std::string commandLine = system.CommandLine();
-    std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(),
+bool HoldsStatusSwitch(std::string_view text) {
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return Contains(commandLine, "/SS");
+    return Contains(upper, "/SS");
+}
+
+bool StatusRequested(OperatingSystem& system) {
+    return HoldsStatusSwitch(system.CommandLine());
 }
 
 void SetUpPort(Services& services) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "app/OperatingSystem.h"
 #include "app/Services.h"
@@ -13,6 +14,9 @@ std::string GetWindowsVersion(OperatingSystem& system);
 
 /// Whether the command line holds "/SS" in any case.
 bool StatusRequested(OperatingSystem& system);
+
+/// Whether a text holds "/SS" in any case: the command line's way to ask for the status box.
+bool HoldsStatusSwitch(std::string_view text);
 
 /// Detects the system, finds the printer port's address (and claims the port, but for Windows 95
 /// and 98), clears bits 0, 1, 3 and 5 of its control register and, where the command line holds

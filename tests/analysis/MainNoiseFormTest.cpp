@@ -75,7 +75,8 @@ TEST_F(MainNoiseFormTest, DoesNotOpenOnATimeout) {
 
 TEST_F(MainNoiseFormTest, HasItsButtons) {
     Fill({1, 2});
-    const MainNoiseForm form(*bench.services);
+    MainNoiseForm form(*bench.services);
+    form.show();
     const struct {
         const char* name;
         const char* caption;
@@ -87,6 +88,12 @@ TEST_F(MainNoiseFormTest, HasItsButtons) {
         EXPECT_EQ(Find<QPushButton>(form, c.name).text(), QString::fromLatin1(c.caption));
         EXPECT_EQ(Find<QPushButton>(form, c.name).isEnabled(), c.enabled) << c.name;
     }
+    EXPECT_EQ(Find<QLabel>(form, "HeadingLabel").text(), QStringLiteral("Main ADC Noise Analysis"));
+    for (const char* label : {"AvValueLabel", "AverageLabel", "RMSLabel", "RMSLabelLSB"}) {
+        EXPECT_TRUE(Find<QLabel>(form, label).toolTip().contains(QStringLiteral("single")));
+    }
+    Find<QPushButton>(form, "Command3").click();
+    EXPECT_FALSE(form.isVisible());
 }
 
 }  // namespace

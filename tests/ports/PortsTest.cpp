@@ -35,6 +35,8 @@ TEST(Faults, ChangeWhatTheChipAnswers) {
         {"reset-stuck-low", 0xFF, INT32_MIN},
         {"board-gone=0", 0xFF, INT32_MIN},
         {"bit-flip=4", 0x12, -1},
+        {"din-stuck-high", 0xFF, 0xFFFFFF},
+        {"reset-stuck-high", 0x03, -1},
     };
     for (const auto& c : cases) {
         SimulatedBench bench(FaultOf({c.fault}));

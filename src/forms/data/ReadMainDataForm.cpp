@@ -153,11 +153,9 @@ void ReadMainDataForm::AnalyseBlock() {
     if (loop_->Running()) {
         return;
     }
-    if (!CountFitsAnalysis(State().BlockOf(converter).count)) {
-        Show({.text = std::string(CountRefusal)});
-        return;
+    if (!RefusedByCount(Shared().messages, State().BlockOf(converter).count)) {
+        OpenForm<MainNoiseForm>();
     }
-    OpenForm<MainNoiseForm>();
 }
 
 void ReadMainDataForm::FollowProgress() {

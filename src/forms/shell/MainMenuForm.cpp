@@ -21,7 +21,6 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::MainMenuForm>()),
       modeRegister_(services.port, services.state.PortAddress) {
     ui_->setupUi(this);
-    portItems_ = {ui_->MnuLPT1, ui_->MnuLPT2, ui_->MnuPRN};
     UseHeadingFont(ui_->Label1);
     ShowBadge(ui_->BadgeLabel);
     // Alt+P opens the printer-port menu; the button that shares the letter gives way.
@@ -49,11 +48,15 @@ void MainMenuForm::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+QAction* MainMenuForm::ItemOf(const PrinterPort& port) {
+    return findChild<QAction*>(QString::fromLatin1(port.item));
+}
+
 void MainMenuForm::ConnectPrinterPortMenu() {
     for (std::size_t i = 0; i < PrinterPorts.size(); ++i) {
-        portItems_[i]->setEnabled(State().PrinterPortEnabled[i]);
-        connect(portItems_[i], &QAction::triggered, this,
-                [this, i] { ChoosePort(PrinterPorts[i]); });
+        QAction* const item = ItemOf(PrinterPorts[i]);
+        item->setEnabled(State().PrinterPortEnabled[i]);
+        connect(item, &QAction::triggered, this, [this, i] { ChoosePort(PrinterPorts[i]); });
     }
 }
 
@@ -64,8 +67,8 @@ void MainMenuForm::ChoosePort(const PrinterPort& port) {
 }
 
 void MainMenuForm::ShowPort() {
-    for (std::size_t i = 0; i < PrinterPorts.size(); ++i) {
-        portItems_[i]->setChecked(PrinterPorts[i].address == State().PortAddress);
+    for (const PrinterPort& port : PrinterPorts) {
+        ItemOf(port)->setChecked(port.address == State().PortAddress);
     }
     ui_->PortLabel->setText(
         tr("Port address 0x%1").arg(QString::fromStdString(HexText(State().PortAddress))));
@@ -101,11 +104,9 @@ bool MainMenuForm::EnsureContinuousConversion() {
 }
 
 void MainMenuForm::AnalyseMainNoise() {
-    if (!CountFitsAnalysis(State().MainCodeCount)) {
-        Show({.text = std::string(CountRefusal)});
-        return;
+    if (!RefusedByCount(Shared().messages, State().MainCodeCount)) {
+        OpenForm<MainNoiseForm>();
     }
-    OpenForm<MainNoiseForm>();
 }
 
 void MainMenuForm::Quit() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAction>
-#include <array>
 #include <memory>
 
 #include "app/PrinterPorts.h"
@@ -34,12 +33,12 @@ class MainMenuForm final : public Form {
 
     /// Sees to it that the chip converts continuously. False when the user would not have it.
     bool EnsureContinuousConversion();
+    QAction* ItemOf(const PrinterPort& port);
     void ConnectPrinterPortMenu();
     void ChoosePort(const PrinterPort& port);
     void ShowPort();
 
     std::unique_ptr<Ui::MainMenuForm> ui_;
-    std::array<QAction*, PrinterPorts.size()> portItems_;
     Register modeRegister_;
 };
 

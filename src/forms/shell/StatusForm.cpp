@@ -27,6 +27,10 @@ StatusForm::StatusForm(Services& services, QWidget* parent)
         names.push_back(heading->text());
     }
     BitRow(bits, names).Show(value);
+    const int widestHeading = ui_->Label15->sizeHint().width();
+    for (QLabel* bit : bits) {
+        bit->setMinimumWidth(widestHeading);
+    }
     ui_->StatusLabel->setText(QString::fromStdString(HexText(value)));
 }
 

@@ -5,7 +5,9 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
+#include <algorithm>
 
 #include "support/Forms.h"
 #include "support/Pictures.h"
@@ -52,6 +54,34 @@ class ReadMainDataFormTest : public testing::Test {
     std::unique_ptr<SimulatedBench> bench;
     std::unique_ptr<ReadMainDataForm> form;
 };
+
+TEST_F(ReadMainDataFormTest, HasItsTextsAndSitsInTheMiddle) {
+    Open();
+    EXPECT_EQ(form->windowTitle(),
+              QStringLiteral("VX3260 Evaluation Software - Read Data From Main Data Register"));
+    ExpectTexts(*form, {{"Label1", "Number of Codes to Read :"},
+                        {"Label2", "Current Code :"},
+                        {"Label3", "Delay Between Reads (mS) :"},
+                        {"Label4", "Reference Voltage :"},
+                        {"NumCodesText", "200"},
+                        {"ReadingLabel", ""},
+                        {"Command1", "&Read Data for Analysis"},
+                        {"Command2", "Read &Data for Display"},
+                        {"Command3", "&Noise Analysis"},
+                        {"Command4", "B&ack"}});
+    for (const QPushButton* button : form->findChildren<QPushButton*>()) {
+        EXPECT_FALSE(button->autoDefault()) << button->objectName().toStdString();
+    }
+    const QPoint off = form->geometry().center() - form->screen()->geometry().center();
+    EXPECT_LE(off.manhattanLength(), 6);  // a frame's width
+}
+
+TEST_F(ReadMainDataFormTest, HasNoBadgeOnARealBoard) {
+    Open();
+    bench->services->boardBadge.clear();
+    Reopen();
+    EXPECT_FALSE(Find<QLabel>(*form, "BadgeLabel").isVisible());
+}
 
 TEST_F(ReadMainDataFormTest, ReadsABlockByButtonAndByEnter) {
     Open();
@@ -105,7 +135,10 @@ TEST_F(ReadMainDataFormTest, RefusesADelayThatIsNone) {
     const struct {
         const char* delay;
         const char* error;
-    } cases[] = {{"abc", "Type mismatch"}, {"107375", "Overflow"}, {"", "Type mismatch"}};
+    } cases[] = {{"abc", "Type mismatch"},
+                 {"107375", "Overflow"},
+                 {"-107375", "Overflow"},
+                 {"", "Type mismatch"}};
     for (const auto& c : cases) {
         bench->messages.shown.clear();
         Type("DelayText", c.delay);
@@ -149,6 +182,9 @@ TEST_F(ReadMainDataFormTest, StopsABlockWithAnyKey) {
         DuringReading(20, [&] {
             EXPECT_EQ(Prompt(), prompt);
             EXPECT_TRUE(Box("Text1").hasFocus());
+            EXPECT_LT(Find<QProgressBar>(*form, "ReadingProgress").value(), 5000);
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(&Box("Text1"), &held);
             QTest::keyClick(&Box("Text1"), Qt::Key_Shift);
             EXPECT_EQ(Prompt(), prompt);
             for (const char* button : {"Command1", "Command2", "Command3"}) {
@@ -205,6 +241,35 @@ TEST_F(ReadMainDataFormTest, ShowsCodesInHexadecimalUntilAKeyIsPressed) {
         EXPECT_NEAR(Box("CurrentCodeText").text().toInt(nullptr, 16), 8388608 + 16777, 100)
             << delay;
     }
+}
+
+TEST_F(ReadMainDataFormTest, LetsTheDelayPassBetweenTwoCodes) {
+    Open();
+    Type("DelayText", "60");
+    int codes = 0;
+    QObject::connect(&Box("CurrentCodeText"), &QLineEdit::textChanged, form.get(), [&] {
+        if (++codes == 3) {
+            QTest::keyClick(&Box("Text1"), Qt::Key_Space);
+        }
+    });
+    QElapsedTimer elapsed;
+    elapsed.start();
+    Click("Command2");
+    EXPECT_EQ(codes, 3);
+    EXPECT_GE(elapsed.elapsed(), 2 * 60);
+}
+
+TEST_F(ReadMainDataFormTest, FollowsALongReadingOnItsBar) {
+    Open();
+    Type("NumCodesText", "5000");
+    std::vector<int> values;
+    QObject::connect(&Find<QProgressBar>(*form, "ReadingProgress"), &QProgressBar::valueChanged,
+                     form.get(), [&](int value) { values.push_back(value); });
+    Click("Command1");
+    ASSERT_GT(values.size(), 2U);
+    EXPECT_EQ(values[0], 0);
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_EQ(values.back(), 5000);
 }
 
 TEST_F(ReadMainDataFormTest, TellsWhenNoResultBecomesReady) {

@@ -67,6 +67,16 @@ TEST_F(MainMenuFormTest, HasItsButtonsInOrder) {
         EXPECT_EQ(Find<QPushButton>(*form, b.name).isEnabled(), b.enabled) << b.name;
     }
     TakePicture(*form, "MainMenuForm");
+    const QWidget* at = &Find<QPushButton>(*form, "Command1");
+    for (int number = 2; number <= 11; ++number) {
+        do {
+            at = at->nextInFocusChain();
+        } while (qobject_cast<const QPushButton*>(at) == nullptr);
+        EXPECT_EQ(at->objectName(), QStringLiteral("Command%1").arg(number));
+    }
+    for (const char* name : {"Frame1", "Line1", "Line2"}) {
+        Find<QFrame>(*form, name);
+    }
 }
 
 TEST_F(MainMenuFormTest, OpensTheReadingInContinuousConversionWithoutAQuestion) {
@@ -170,6 +180,8 @@ TEST_F(MainMenuFormTest, ChoosesThePrinterPort) {
     Find<QAction>(*form, "MnuPRN").setEnabled(true);
     Find<QAction>(*form, "MnuPRN").trigger();
     EXPECT_EQ(bench.state.PortAddress, 956);
+    EXPECT_EQ(Find<QAction>(*form, "MnuLPT1").text(), QStringLiteral("LPT1"));
+    EXPECT_EQ(Find<QAction>(*form, "MnuLPT2").text(), QStringLiteral("LPT2"));
     EXPECT_EQ(Find<QAction>(*form, "MnuPRN").text(), QStringLiteral("PRN"));
 }
 
@@ -194,7 +206,8 @@ TEST_F(MainMenuFormTest, AnswersAsTheWiresDo) {
         SimulatedBench faulty(faults);
         const MainMenuForm menu(*faulty.services);
         Find<QPushButton>(menu, "Command2").click();
-        EXPECT_EQ(faulty.messages.shown.size(), c.questions) << c.fault;
+        ASSERT_EQ(faulty.messages.shown.size(), c.questions) << c.fault;
+        EXPECT_TRUE(faulty.messages.shown[0].text.starts_with("This function requires"));
     }
 }
 
