@@ -7,7 +7,7 @@ namespace vx3260 {
 namespace {
 
 std::optional<std::string> FindSysInfo(OperatingSystem& system) {
-    if (const auto path = system.GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH")) {
+    if (auto path = system.GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH")) {
         return path;
     }
     if (const auto folder =

@@ -321,7 +321,7 @@ TEST_F(ReadMainDataFormTest, GoesOnToTheNoiseOfABlockOfFittingSize) {
                       "For Data Analysis the number of Codes read must be between 9 and 5000"});
         EXPECT_EQ(bench->messages.shown.at(0).icon, MessageIcon::None);
     }
-    for (const char* count : {"10", "5000"}) {
+    for (const char* count : {"10", "5000", "200"}) {
         Type("NumCodesText", count);
         Click("Command1");
         QString title;
