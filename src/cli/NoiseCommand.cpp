@@ -129,7 +129,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
 /// A file needs no board; start-up is left to those who ask for its status.
 ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
     if (StatusRequested(context.system)) {
-        const BoardSession session(context);
+        context.board.Open();
     }
     context.streams.out << Report(AnalyseFile(context.streams.err), "");
     return ExitCode::Success;
@@ -137,9 +137,7 @@ ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
 
 ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
-    BoardSession session(context);
-    session.RequirePort();
-    Services& services = session.Services();
+    Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
     const NoiseConditions conditions =
         MainNoiseConditionsOf(referenceVoltage_, ReadMainControl(services));

@@ -52,7 +52,8 @@ class Program {
         const auto chosen =
             std::find_if(commands_.begin(), commands_.end(),
                          [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
-        return (*chosen)->Run({portChoice_, system, streams});
+        BoardSession board(portChoice_, system, streams.err);
+        return (*chosen)->Run({board, system, streams});
     }
 
   private:
