@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cli/ProgressLine.h"
+#include "cli/RegisterText.h"
 #include "link/Register.h"
 #include "link/RegisterMap.h"
 #include "link/Serial.h"
@@ -12,29 +13,15 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t allOnes = 0xFF;
-
 std::string HexByte(std::int16_t value) {
     return "0x" + HexText(value);
-}
-
-std::string HintOf(std::int16_t modeRegister) {
-    switch (modeRegister) {
-        case 0:
-            return "All bits read 0, as from a line that is stuck low. ";
-        case allOnes:
-            return "All bits read 1, as from a line that is open or stuck high. ";
-        default:
-            return "";
-    }
 }
 
 [[noreturn]] void RefuseNoAnswer(std::int16_t written, std::int16_t read) {
     throw CommandError(ExitCode::NoAnswer,
                        "no answer from the board: wrote " + HexByte(written) +
                            " to the mode register and read back " + HexByte(read) + ". " +
-                           HintOf(read) +
-                           "Check the cable, the board's power and which printer port it is on.");
+                           StuckLineHint(read, RegisterMap::Mode) + std::string(CheckBoardAdvice));
 }
 
 constexpr std::string_view timeoutDetail =

@@ -52,6 +52,20 @@ CLI::Option* AddCount(CLI::App& parser, std::int32_t& count) {
         ->capture_default_str();
 }
 
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format) {
+    const std::string text = "text";
+    const std::string json = "json";
+    return parser
+        .add_option_function<std::string>(
+            "--format",
+            [&format, json](const std::string& name) {
+                format = name == json ? ReportFormat::Json : ReportFormat::Text;
+            },
+            "How to print the results")
+        ->check(CLI::IsMember({text, json}))
+        ->default_str(text);
+}
+
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description) {
     return parser.add_flag_callback(
         "--hex", [&notation] { notation = Notation::Hexadecimal; }, description);

@@ -45,6 +45,12 @@ void AddConverter(CLI::App& parser, Converter& converter);
 /// Adds --count N.
 CLI::Option* AddCount(CLI::App& parser, std::int32_t& count);
 
+/// How a command prints its results.
+enum class ReportFormat { Text, Json };
+
+/// Adds --format text|json.
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format);
+
 /// Adds --hex, which makes the notation of data files hexadecimal.
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);
 

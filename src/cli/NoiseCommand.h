@@ -28,7 +28,7 @@ class NoiseCommand final : public Command {
     std::string polarity_;
     std::int32_t count_ = 200;
     float referenceVoltage_ = 2.5F;
-    std::string format_ = "text";
+    ReportFormat format_ = ReportFormat::Text;
 };
 
 }  // namespace vx3260

@@ -3,14 +3,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
-#include <memory>
 #include <vector>
 
 #include "app/ApplicationInfo.h"
+#include "cli/CommandSet.h"
 #include "cli/ExitCodes.h"
-#include "cli/NoiseCommand.h"
 #include "cli/PortOptions.h"
-#include "cli/ReadCommand.h"
 #include "files/CodeFile.h"
 
 namespace vx3260 {
@@ -30,14 +28,9 @@ std::string ExitCodeHelp() {
 class Program {
   public:
     Program() {
-        // Before the commands, which inherit it: options of the program may follow a command.
-        parser_.fallthrough();
-        commands_.push_back(std::make_unique<ReadCommand>(parser_));
-        commands_.push_back(std::make_unique<NoiseCommand>(parser_));
         parser_.set_version_flag("--version",
                                  std::string(ApplicationTitle) + " " + std::string(VersionText));
         AddPortOptions(parser_, portChoice_);
-        parser_.require_subcommand(1);
         parser_.footer(ExitCodeHelp());
     }
 
@@ -49,11 +42,8 @@ class Program {
             const bool well = parser_.exit(error, streams.out, streams.err) == 0;
             return well ? ExitCode::Success : ExitCode::WrongCommandLine;
         }
-        const auto chosen =
-            std::find_if(commands_.begin(), commands_.end(),
-                         [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
         BoardSession board(portChoice_, system, streams.err);
-        return (*chosen)->Run({board, system, streams});
+        return commands_.Chosen().Run({board, system, streams});
     }
 
   private:
@@ -65,8 +55,8 @@ class Program {
     }
 
     CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", programName};
+    CommandSet commands_{parser_};
     PortChoice portChoice_;
-    std::vector<std::unique_ptr<Command>> commands_;
 };
 
 ExitCode Tell(std::ostream& err, const std::exception& error, ExitCode code) {

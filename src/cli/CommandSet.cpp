@@ -1,0 +1,25 @@
+#include "cli/CommandSet.h"
+
+#include <algorithm>
+
+#include "cli/NoiseCommand.h"
+#include "cli/ReadCommand.h"
+#include "cli/RegistersCommand.h"
+
+namespace vx3260 {
+
+CommandSet::CommandSet(CLI::App& parser) {
+    // Before the commands, which inherit it: options of the program may follow a command.
+    parser.fallthrough();
+    parser.require_subcommand(1);
+    Add(std::make_unique<RegistersCommand>(parser));
+    Add(std::make_unique<ReadCommand>(parser));
+    Add(std::make_unique<NoiseCommand>(parser));
+}
+
+Command& CommandSet::Chosen() const {
+    return **std::find_if(commands_.begin(), commands_.end(),
+                          [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
+}
+
+}  // namespace vx3260
