@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cli/ProgressLine.h"
+#include "cli/ReadyLine.h"
 #include "cli/RegisterText.h"
 #include "link/Register.h"
 #include "link/RegisterMap.h"
@@ -76,6 +77,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     if (!reader.Enabled()) {
         throw CommandError(ExitCode::ConverterDisabled, "Enable " + name + " before reading Data");
     }
+    CheckReadyLine(services);
     streams.err << "Reading " << CodesText(static_cast<std::size_t>(count)) << " from the " << name
                 << ", Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);

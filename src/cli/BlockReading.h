@@ -24,7 +24,8 @@ struct BlockReading {
 };
 
 /// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
-/// told on `streams.err`. Throws CommandError when the converter is disabled.
+/// told on `streams.err`. Throws CommandError when the converter is disabled or the data-ready line
+/// is stuck low.
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 

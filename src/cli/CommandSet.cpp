@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "cli/CalibrateCommand.h"
 #include "cli/NoiseCommand.h"
 #include "cli/ReadCommand.h"
 #include "cli/RegistersCommand.h"
+#include "cli/ResetCommand.h"
+#include "cli/SetCommand.h"
 
 namespace vx3260 {
 
@@ -13,6 +16,9 @@ CommandSet::CommandSet(CLI::App& parser) {
     parser.fallthrough();
     parser.require_subcommand(1);
     Add(std::make_unique<RegistersCommand>(parser));
+    Add(std::make_unique<SetCommand>(parser));
+    Add(std::make_unique<CalibrateCommand>(parser));
+    Add(std::make_unique<ResetCommand>(parser));
     Add(std::make_unique<ReadCommand>(parser));
     Add(std::make_unique<NoiseCommand>(parser));
 }

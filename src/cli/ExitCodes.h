@@ -16,6 +16,8 @@ enum class ExitCode : int {
     ConverterDisabled = 5,
     CountRefused = 6,
     FileNotAccessible = 7,
+    ReadBackMismatch = 8,
+    NotInPowerDown = 9,
     Interrupted = 130,  ///< what shells give a process that SIGINT ended
 };
 
@@ -33,6 +35,8 @@ inline constexpr std::array ExitCodeTexts{
     ExitCodeText{ExitCode::ConverterDisabled, "the converter is disabled"},
     ExitCodeText{ExitCode::CountRefused, "too few or too many codes for an analysis"},
     ExitCodeText{ExitCode::FileNotAccessible, "a file cannot be read or written"},
+    ExitCodeText{ExitCode::ReadBackMismatch, "a register did not read back as it was written"},
+    ExitCodeText{ExitCode::NotInPowerDown, "the register can be written in power-down mode only"},
     ExitCodeText{ExitCode::Interrupted, "interrupted; what was read by then is kept"},
 };
 

@@ -8,6 +8,18 @@
 
 namespace vx3260 {
 
+const RegisterMap::RegisterDescription& RegisterNamed(std::string_view name) {
+    return *std::find_if(
+        std::begin(RegisterMap::ReadableRegisters), std::end(RegisterMap::ReadableRegisters),
+        [name](const RegisterMap::RegisterDescription& d) { return d.name == name; });
+}
+
+const RegisterMap::Field& FieldNamed(const RegisterMap::RegisterDescription& description,
+                                     std::string_view name) {
+    return *std::find_if(description.fields.begin(), description.fields.end(),
+                         [name](const RegisterMap::Field& field) { return field.name == name; });
+}
+
 std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access) {
     return ToInt32(Register(services.port, services.state.PortAddress, access).ReadReg());
 }

@@ -17,6 +17,13 @@ struct RegisterReading {
     std::int32_t value;
 };
 
+/// The register with this name of the command line, which must be one of them.
+const RegisterMap::RegisterDescription& RegisterNamed(std::string_view name);
+
+/// The field with this name, which the register must have.
+const RegisterMap::Field& FieldNamed(const RegisterMap::RegisterDescription& description,
+                                     std::string_view name);
+
 /// Reads a register once.
 std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access);
 RegisterReading ReadRegister(Services& services,
