@@ -26,7 +26,7 @@ class NoiseCommand final : public Command {
     Notation notation_ = Notation::Decimal;
     int rangeCode_ = 0;
     std::string polarity_;
-    std::int32_t count_ = 200;
+    std::int64_t count_ = 200;
     float referenceVoltage_ = 2.5F;
     ReportFormat format_ = ReportFormat::Text;
 };

@@ -37,7 +37,9 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
     ExpectRefused(
         ExitCode::CountRefused,
         {{"noise main --count 9", "between 9 and 5000 (9 given; accepted are 10 to 5000)"},
-         {"noise main --count 5001", "accepted are 10 to 5000"}});
+         {"noise main --count 5001", "accepted are 10 to 5000"},
+         {"noise main --count 4294967396", "(4294967396 given; "},
+         {"noise main --count -99999999999999999999", "accepted are 10 to 5000"}});
     ExpectRefused(
         ExitCode::NoAnswer,
         {{"read main", "claim parallel port failed\nGetPortAddress Error: This PC"},
@@ -47,6 +49,8 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
          {"read main --simulated --fault=dout-stuck-low",
           "wrote 0x3 to the mode register and read back 0x0. All bits read 0"},
          {"read main --simulated --fault no-data-ready", "Error Reading Data from VX3260\n"},
+         {"read main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
+         {"noise main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
          {"noise main --simulated --fault no-data-ready", "Nothing was analysed\n"}});
     ExpectRefused(ExitCode::FileNotAccessible,
                   {{"read main --output /none/x.dat",
