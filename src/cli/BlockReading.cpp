@@ -109,16 +109,11 @@ void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& er
     }
 }
 
-ExitCode ExitCodeOf(ReadingEnd end) {
-    switch (end) {
-        case ReadingEnd::TimedOut:
-            return ExitCode::NoAnswer;
-        case ReadingEnd::Stopped:
-            return ExitCode::Interrupted;
-        case ReadingEnd::Complete:
-            break;
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested) {
+    if (end == ReadingEnd::TimedOut) {
+        return ExitCode::NoAnswer;
     }
-    return ExitCode::Success;
+    return end == ReadingEnd::Stopped || stopRequested ? ExitCode::Interrupted : ExitCode::Success;
 }
 
 }  // namespace vx3260

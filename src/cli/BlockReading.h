@@ -36,7 +36,8 @@ std::string CodesText(std::size_t count);
 /// outside the 24 bits of a result.
 void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err);
 
-/// The exit code of a command whose reading ended this way.
-ExitCode ExitCodeOf(ReadingEnd end);
+/// The exit code of a command whose reading ended this way. A stop that was asked for after the
+/// reading, while its codes were being written, counts too: it is meant for a whole script.
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested);
 
 }  // namespace vx3260

@@ -14,7 +14,13 @@ namespace vx3260 {
 CommandSet::CommandSet(CLI::App& parser) {
     // Before the commands, which inherit it: options of the program may follow a command.
     parser.fallthrough();
-    parser.require_subcommand(1);
+    parser.require_subcommand(0, 1);
+    // Asked for last, so that a command that does not exist is named by then.
+    parser.final_callback([&parser] {
+        if (parser.get_subcommands().empty()) {
+            throw CLI::RequiredError("A command");
+        }
+    });
     Add(std::make_unique<RegistersCommand>(parser));
     Add(std::make_unique<SetCommand>(parser));
     Add(std::make_unique<CalibrateCommand>(parser));

@@ -134,11 +134,11 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
                   [&stop] { return stop.Requested(); });
     if (reading.end != ReadingEnd::Complete) {
         context.streams.err << "Nothing was analysed" << std::endl;
-        return ExitCodeOf(reading.end);
+        return ExitCodeOf(reading.end, stop.Requested());
     }
     WarnOfSuspiciousCodes(reading.codes, context.streams.err);
     context.streams.out << Report(Analyse(reading.codes, conditions), services.boardBadge);
-    return ExitCode::Success;
+    return ExitCodeOf(reading.end, stop.Requested());
 }
 
 std::string NoiseCommand::Report(const NoiseAnalysis& analysis, std::string_view board) const {

@@ -28,12 +28,12 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     WarnOfSuspiciousCodes(reading.codes, context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
-        return ExitCodeOf(reading.end);
+        return ExitCodeOf(reading.end, stop.Requested());
     }
     writer.Write(reading.codes, notation_);
     context.streams.err << "Wrote " << CodesText(reading.codes.size()) << " to " << writer.Name()
                         << std::endl;
-    return ExitCodeOf(reading.end);
+    return ExitCodeOf(reading.end, stop.Requested());
 }
 
 }  // namespace vx3260

@@ -2,19 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <exception>
 #include <vector>
 
 #include "app/ApplicationInfo.h"
 #include "cli/CommandSet.h"
 #include "cli/ExitCodes.h"
 #include "cli/PortOptions.h"
+#include "cli/ScriptCommand.h"
+#include "cli/TellErrors.h"
 #include "files/CodeFile.h"
 
 namespace vx3260 {
 namespace {
-
-constexpr const char* programName = "vx3260-cli";
 
 std::string ExitCodeHelp() {
     std::string help = "Exit codes:";
@@ -28,6 +27,7 @@ std::string ExitCodeHelp() {
 class Program {
   public:
     Program() {
+        commands_.Add(std::make_unique<ScriptCommand>(parser_));
         parser_.set_version_flag("--version",
                                  std::string(ApplicationTitle) + " " + std::string(VersionText));
         AddPortOptions(parser_, portChoice_);
@@ -54,15 +54,10 @@ class Program {
         parser_.parse(std::move(words));
     }
 
-    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", programName};
+    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", ProgramName};
     CommandSet commands_{parser_};
     PortChoice portChoice_;
 };
-
-ExitCode Tell(std::ostream& err, const std::exception& error, ExitCode code) {
-    err << programName << ": " << error.what() << std::endl;
-    return code;
-}
 
 /// What was printed counts only once it has left the process.
 ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
@@ -75,20 +70,8 @@ ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& sy
 }  // namespace
 
 int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
-    const auto run = [&]() -> ExitCode {
-        try {
-            return RunAndFlush(arguments, system, streams);
-        } catch (const CommandError& error) {
-            return Tell(streams.err, error, error.Code());
-        } catch (const BadDataError& error) {
-            return Tell(streams.err, error, ExitCode::BadDataFile);
-        } catch (const FileAccessError& error) {
-            return Tell(streams.err, error, ExitCode::FileNotAccessible);
-        } catch (const std::exception& error) {
-            return Tell(streams.err, error, ExitCode::UnexpectedError);
-        }
-    };
-    return static_cast<int>(run());
+    return static_cast<int>(
+        TellErrors(streams.err, "", [&] { return RunAndFlush(arguments, system, streams); }));
 }
 
 }  // namespace vx3260

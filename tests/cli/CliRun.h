@@ -4,6 +4,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -37,6 +38,10 @@ inline Outcome RunProgram(const std::string& commandLine) {
     system.commandLine = commandLine;
     const int exitCode = RunCli(arguments, system, {out, err});
     return {exitCode, out.str(), err.str()};
+}
+
+inline std::ptrdiff_t Lines(const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
 }
 
 /// Of each case: the command line, and a part of what is printed to stderr.

@@ -11,14 +11,11 @@
 namespace vx3260::test {
 namespace {
 
-std::ptrdiff_t Lines(const std::string& text) {
-    return std::count(text.begin(), text.end(), '\n');
-}
-
 TEST(CommandLine, WrongOnesAreRefused) {
     ExpectRefused(ExitCode::WrongCommandLine,
                   {
-                      {"", "subcommand is required"},
+                      {"", "A command is required"},
+                      {"wead", "not expected: wead"},
                       {"--simulated read aux", "aux not in {main}"},
                       {"--simulated read main /ST", "not expected: /ST"},
                       {"--simulated read main --count 010", "no whole decimal number"},
