@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "cli/ProgressLine.h"
+#include "cli/ReadyLine.h"
+#include "cli/RegisterText.h"
 #include "link/Register.h"
 #include "link/RegisterMap.h"
 #include "link/Serial.h"
@@ -12,29 +14,15 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t allOnes = 0xFF;
-
 std::string HexByte(std::int16_t value) {
     return "0x" + HexText(value);
-}
-
-std::string HintOf(std::int16_t modeRegister) {
-    switch (modeRegister) {
-        case 0:
-            return "All bits read 0, as from a line that is stuck low. ";
-        case allOnes:
-            return "All bits read 1, as from a line that is open or stuck high. ";
-        default:
-            return "";
-    }
 }
 
 [[noreturn]] void RefuseNoAnswer(std::int16_t written, std::int16_t read) {
     throw CommandError(ExitCode::NoAnswer,
                        "no answer from the board: wrote " + HexByte(written) +
                            " to the mode register and read back " + HexByte(read) + ". " +
-                           HintOf(read) +
-                           "Check the cable, the board's power and which printer port it is on.");
+                           StuckLineHint(read, RegisterMap::Mode) + std::string(CheckBoardAdvice));
 }
 
 constexpr std::string_view timeoutDetail =
@@ -89,6 +77,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     if (!reader.Enabled()) {
         throw CommandError(ExitCode::ConverterDisabled, "Enable " + name + " before reading Data");
     }
+    CheckReadyLine(services);
     streams.err << "Reading " << CodesText(static_cast<std::size_t>(count)) << " from the " << name
                 << ", Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
@@ -120,16 +109,11 @@ void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& er
     }
 }
 
-ExitCode ExitCodeOf(ReadingEnd end) {
-    switch (end) {
-        case ReadingEnd::TimedOut:
-            return ExitCode::NoAnswer;
-        case ReadingEnd::Stopped:
-            return ExitCode::Interrupted;
-        case ReadingEnd::Complete:
-            break;
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested) {
+    if (end == ReadingEnd::TimedOut) {
+        return ExitCode::NoAnswer;
     }
-    return ExitCode::Success;
+    return end == ReadingEnd::Stopped || stopRequested ? ExitCode::Interrupted : ExitCode::Success;
 }
 
 }  // namespace vx3260

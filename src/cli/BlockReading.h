@@ -24,7 +24,8 @@ struct BlockReading {
 };
 
 /// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
-/// told on `streams.err`. Throws CommandError when the converter is disabled.
+/// told on `streams.err`. Throws CommandError when the converter is disabled or the data-ready line
+/// is stuck low.
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 
@@ -35,7 +36,8 @@ std::string CodesText(std::size_t count);
 /// outside the 24 bits of a result.
 void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err);
 
-/// The exit code of a command whose reading ended this way.
-ExitCode ExitCodeOf(ReadingEnd end);
+/// The exit code of a command whose reading ended this way. A stop that was asked for after the
+/// reading, while its codes were being written, counts too: it is meant for a whole script.
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested);
 
 }  // namespace vx3260

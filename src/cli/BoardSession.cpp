@@ -5,22 +5,26 @@
 
 namespace vx3260 {
 
-BoardSession::BoardSession(const CommandContext& context)
-    : opened_(OpenPort(context.portChoice)),
-      messages_(context.streams.err),
-      services_{*opened_.port, messages_, context.system, state_, opened_.badge} {
-    if (!services_.boardBadge.empty()) {
-        context.streams.err << services_.boardBadge << std::endl;
+void BoardSession::Open() {
+    if (services_) {
+        return;
     }
-    StartUp(services_);
+    opened_ = OpenPort(portChoice_);
+    services_.emplace(vx3260::Services{*opened_.port, messages_, system_, state_, opened_.badge});
+    if (!opened_.badge.empty()) {
+        err_ << opened_.badge << std::endl;
+    }
+    StartUp(*services_);
 }
 
-void BoardSession::RequirePort() const {
+Services& BoardSession::Services() {
+    Open();
     if (state_.PortAddress == 0) {
         throw CommandError(ExitCode::NoAnswer,
                            "no printer port to reach a board through; --simulated works on the "
                            "simulated board");
     }
+    return *services_;
 }
 
 }  // namespace vx3260

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <ostream>
 
 #include "app/ApplicationState.h"
@@ -16,35 +17,42 @@ struct CliStreams {
     bool errIsTerminal = false;
 };
 
-/// What the program hands to every command.
-struct CommandContext {
-    const PortChoice& portChoice;
-    OperatingSystem& system;
-    CliStreams& streams;
-};
-
-/// The board, for as long as a command works with it.
+/// The one board of a run. Commands that need none leave the port alone; the first that needs it
+/// opens it, for all that follow.
 class BoardSession {
   public:
-    /// Opens the port and starts up; what start-up has to tell goes to `err`, and so does the badge
-    /// of a board that is not a real one.
-    explicit BoardSession(const CommandContext& context);
+    /// References outlive the session. Nothing is opened yet.
+    BoardSession(const PortChoice& portChoice, OperatingSystem& system, std::ostream& err)
+        : portChoice_(portChoice), system_(system), err_(err), messages_(err) {}
     ~BoardSession() = default;
     BoardSession(const BoardSession&) = delete;
     BoardSession(BoardSession&&) = delete;
     BoardSession& operator=(const BoardSession&) = delete;
     BoardSession& operator=(BoardSession&&) = delete;
 
-    vx3260::Services& Services() { return services_; }
+    /// Opens the port and starts up, unless that has been done. What start-up has to tell goes to
+    /// `err`, and so does the badge of a board that is not a real one.
+    void Open();
 
-    /// Throws CommandError where start-up found no printer port to reach a board through.
-    void RequirePort() const;
+    /// The board, opened. Throws CommandError where start-up found no printer port to reach one
+    /// through.
+    vx3260::Services& Services();
 
   private:
+    const PortChoice& portChoice_;
+    OperatingSystem& system_;
+    std::ostream& err_;
+    ConsoleMessages messages_;
     OpenedPort opened_;
     ApplicationState state_;
-    ConsoleMessages messages_;
-    vx3260::Services services_;
+    std::optional<vx3260::Services> services_;
+};
+
+/// What the program hands to every command.
+struct CommandContext {
+    BoardSession& board;
+    OperatingSystem& system;
+    CliStreams& streams;
 };
 
 }  // namespace vx3260

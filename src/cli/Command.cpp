@@ -1,6 +1,9 @@
 #include "cli/Command.h"
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
 #include <vector>
 
 namespace vx3260 {
@@ -24,6 +27,17 @@ std::string RefuseOtherThanDecimal(const std::string& text) {
     return digits && !leadingZero ? "" : "'" + text + "' is no whole decimal number";
 }
 
+/// A count that is far too large is no wrong word: whoever takes the count refuses it.
+std::int64_t ToCount(const std::string& digits) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    std::int64_t count = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), count);
+    if (result.ec == std::errc::result_out_of_range) {
+        return digits.starts_with('-') ? Limits::min() : Limits::max();
+    }
+    return count;
+}
+
 }  // namespace
 
 std::string CommandLineName(Converter converter) {
@@ -45,11 +59,28 @@ void AddConverter(CLI::App& parser, Converter& converter) {
         ->required();
 }
 
-CLI::Option* AddCount(CLI::App& parser, std::int32_t& count) {
-    return parser.add_option("--count", count, "How many codes to read")
+CLI::Option* AddCount(CLI::App& parser, std::int64_t& count) {
+    return parser
+        .add_option_function<std::string>(
+            "--count", [&count](const std::string& digits) { count = ToCount(digits); },
+            "How many codes to read")
         ->type_name("N")
         ->check(CLI::Validator(RefuseOtherThanDecimal, ""))
-        ->capture_default_str();
+        ->default_str(std::to_string(count));
+}
+
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format) {
+    const std::string text = "text";
+    const std::string json = "json";
+    return parser
+        .add_option_function<std::string>(
+            "--format",
+            [&format, json](const std::string& name) {
+                format = name == json ? ReportFormat::Json : ReportFormat::Text;
+            },
+            "How to print the results")
+        ->check(CLI::IsMember({text, json}))
+        ->default_str(text);
 }
 
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description) {

@@ -42,8 +42,14 @@ std::string CommandLineName(Converter converter);
 /// Adds the word that names the converter.
 void AddConverter(CLI::App& parser, Converter& converter);
 
-/// Adds --count N.
-CLI::Option* AddCount(CLI::App& parser, std::int32_t& count);
+/// Adds --count N; a number beyond 64 bits becomes the largest or the least there is.
+CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);
+
+/// How a command prints its results.
+enum class ReportFormat { Text, Json };
+
+/// Adds --format text|json.
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format);
 
 /// Adds --hex, which makes the notation of data files hexadecimal.
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);

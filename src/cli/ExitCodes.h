@@ -16,6 +16,8 @@ enum class ExitCode : int {
     ConverterDisabled = 5,
     CountRefused = 6,
     FileNotAccessible = 7,
+    ReadBackMismatch = 8,
+    NotInPowerDown = 9,
     Interrupted = 130,  ///< what shells give a process that SIGINT ended
 };
 
@@ -28,11 +30,13 @@ inline constexpr std::array ExitCodeTexts{
     ExitCodeText{ExitCode::Success, "success"},
     ExitCodeText{ExitCode::UnexpectedError, "unexpected error"},
     ExitCodeText{ExitCode::WrongCommandLine, "wrong command line"},
-    ExitCodeText{ExitCode::BadDataFile, "a file is no data file, or cannot be analysed"},
+    ExitCodeText{ExitCode::BadDataFile, "a file is no data file or script, or cannot be analysed"},
     ExitCodeText{ExitCode::NoAnswer, "no printer port, or no answer from the board"},
     ExitCodeText{ExitCode::ConverterDisabled, "the converter is disabled"},
     ExitCodeText{ExitCode::CountRefused, "too few or too many codes for an analysis"},
     ExitCodeText{ExitCode::FileNotAccessible, "a file cannot be read or written"},
+    ExitCodeText{ExitCode::ReadBackMismatch, "a register did not read back as it was written"},
+    ExitCodeText{ExitCode::NotInPowerDown, "the register can be written in power-down mode only"},
     ExitCodeText{ExitCode::Interrupted, "interrupted; what was read by then is kept"},
 };
 

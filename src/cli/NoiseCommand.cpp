@@ -8,9 +8,9 @@
 #include "app/StartUp.h"
 #include "cli/BlockReading.h"
 #include "cli/NoiseReport.h"
+#include "cli/RegisterText.h"
 #include "cli/StopSignal.h"
 #include "files/CodeFile.h"
-#include "link/Register.h"
 #include "link/Serial.h"
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
@@ -18,14 +18,8 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::string_view textFormat = "text";
-constexpr std::string_view jsonFormat = "json";
-constexpr std::string_view unipolarName = "unipolar";
-constexpr std::string_view bipolarName = "bipolar";
-
-CLI::IsMember OneOf(std::string_view a, std::string_view b) {
-    return CLI::IsMember(std::vector<std::string>{std::string(a), std::string(b)});
-}
+constexpr const char* unipolarName = "unipolar";
+constexpr const char* bipolarName = "bipolar";
 
 /// Throws where the text is no number that single precision can hold.
 float ToVolts(const std::string& text) {
@@ -70,11 +64,6 @@ NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const NoiseConditions
     return AnalyseNoise(std::vector<double>(codes.begin(), codes.end()), conditions);
 }
 
-std::int16_t ReadMainControl(Services& services) {
-    Register control(services.port, services.state.PortAddress, RegisterMap::MainControl);
-    return ToInt16(control.ReadReg());
-}
-
 }  // namespace
 
 NoiseCommand::NoiseCommand(CLI::App& program)
@@ -91,7 +80,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
     CLI::Option* const polarity =
         Parser()
             .add_option("--polarity", polarity_, "Polarity that FILE was read with")
-            ->check(OneOf(unipolarName, bipolarName))
+            ->check(CLI::IsMember({unipolarName, bipolarName}))
             ->needs(file);
     file->needs(range)->needs(polarity);
     AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
@@ -103,10 +92,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
         ->type_name("VOLTS")
         ->default_str("2.5")
         ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
-    Parser()
-        .add_option("--format", format_, "How to print the figures")
-        ->check(OneOf(textFormat, jsonFormat))
-        ->capture_default_str();
+    AddFormat(Parser(), format_);
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {
@@ -129,7 +115,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
 /// A file needs no board; start-up is left to those who ask for its status.
 ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
     if (StatusRequested(context.system)) {
-        const BoardSession session(context);
+        context.board.Open();
     }
     context.streams.out << Report(AnalyseFile(context.streams.err), "");
     return ExitCode::Success;
@@ -137,27 +123,27 @@ ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
 
 ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
-    BoardSession session(context);
-    session.RequirePort();
-    Services& services = session.Services();
+    Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const NoiseConditions conditions =
-        MainNoiseConditionsOf(referenceVoltage_, ReadMainControl(services));
+    const auto control =
+        static_cast<std::int16_t>(ReadRegister(services, RegisterMap::MainControl));
+    const NoiseConditions conditions = MainNoiseConditionsOf(referenceVoltage_, control);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
     if (reading.end != ReadingEnd::Complete) {
         context.streams.err << "Nothing was analysed" << std::endl;
-        return ExitCodeOf(reading.end);
+        return ExitCodeOf(reading.end, stop.Requested());
     }
     WarnOfSuspiciousCodes(reading.codes, context.streams.err);
     context.streams.out << Report(Analyse(reading.codes, conditions), services.boardBadge);
-    return ExitCode::Success;
+    return ExitCodeOf(reading.end, stop.Requested());
 }
 
 std::string NoiseCommand::Report(const NoiseAnalysis& analysis, std::string_view board) const {
-    return format_ == jsonFormat ? NoiseJson(analysis, converter_, board) : NoiseText(analysis);
+    return format_ == ReportFormat::Json ? NoiseJson(analysis, converter_, board)
+                                         : NoiseText(analysis);
 }
 
 }  // namespace vx3260

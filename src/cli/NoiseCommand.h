@@ -26,9 +26,9 @@ class NoiseCommand final : public Command {
     Notation notation_ = Notation::Decimal;
     int rangeCode_ = 0;
     std::string polarity_;
-    std::int32_t count_ = 200;
+    std::int64_t count_ = 200;
     float referenceVoltage_ = 2.5F;
-    std::string format_ = "text";
+    ReportFormat format_ = ReportFormat::Text;
 };
 
 }  // namespace vx3260

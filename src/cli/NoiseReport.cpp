@@ -1,11 +1,9 @@
 #include "cli/NoiseReport.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QString>
 #include <algorithm>
 
 #include "cli/Command.h"
+#include "cli/JsonText.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
@@ -17,10 +15,6 @@ std::size_t WidestCaption() {
                NoiseFigures.begin(), NoiseFigures.end(),
                [](const auto& a, const auto& b) { return a.caption.size() < b.caption.size(); })
         ->caption.size();
-}
-
-QString ToQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 /// 2.56 in single precision is 2.55999994...; as the number it was meant to be.
@@ -78,13 +72,12 @@ std::string NoiseText(const NoiseAnalysis& analysis) {
 }
 
 std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board) {
-    const QJsonObject report{
-        {"board", board.empty() ? QJsonValue() : QJsonValue(ToQString(board))},
+    return JsonText({
+        {"board", BoardValue(board)},
         {"converter", ToQString(CommandLineName(converter))},
         {"texts", TextsOf(analysis)},
         {"values", ValuesOf(analysis)},
-    };
-    return QJsonDocument(report).toJson().toStdString();
+    });
 }
 
 }  // namespace vx3260

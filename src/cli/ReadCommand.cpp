@@ -18,23 +18,22 @@ ReadCommand::ReadCommand(CLI::App& program)
 
 ExitCode ReadCommand::Run(const CommandContext& context) {
     CodeWriter writer(output_, context.streams.out);
-    BoardSession session(context);
-    session.RequirePort();
-    EnsureContinuousConversion(session.Services(), context.streams.err);
+    Services& services = context.board.Services();
+    EnsureContinuousConversion(services, context.streams.err);
     // Until the codes are safe, the first Ctrl+C must not end the process.
     const StopSignal stop;
     const BlockReading reading =
-        ReadCodes(session.Services(), context.streams, converter_,
-                  static_cast<std::int16_t>(count_), [&stop] { return stop.Requested(); });
+        ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
+                  [&stop] { return stop.Requested(); });
     WarnOfSuspiciousCodes(reading.codes, context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
-        return ExitCodeOf(reading.end);
+        return ExitCodeOf(reading.end, stop.Requested());
     }
     writer.Write(reading.codes, notation_);
     context.streams.err << "Wrote " << CodesText(reading.codes.size()) << " to " << writer.Name()
                         << std::endl;
-    return ExitCodeOf(reading.end);
+    return ExitCodeOf(reading.end, stop.Requested());
 }
 
 }  // namespace vx3260

@@ -16,7 +16,7 @@ class ReadCommand final : public Command {
 
   private:
     Converter converter_ = Converter::Main;
-    std::int32_t count_ = 200;
+    std::int64_t count_ = 200;
     std::string output_;
     Notation notation_ = Notation::Decimal;
 };

@@ -2,21 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <exception>
-#include <memory>
 #include <vector>
 
 #include "app/ApplicationInfo.h"
+#include "cli/CommandSet.h"
 #include "cli/ExitCodes.h"
-#include "cli/NoiseCommand.h"
 #include "cli/PortOptions.h"
-#include "cli/ReadCommand.h"
+#include "cli/ScriptCommand.h"
+#include "cli/TellErrors.h"
 #include "files/CodeFile.h"
 
 namespace vx3260 {
 namespace {
-
-constexpr const char* programName = "vx3260-cli";
 
 std::string ExitCodeHelp() {
     std::string help = "Exit codes:";
@@ -30,14 +27,10 @@ std::string ExitCodeHelp() {
 class Program {
   public:
     Program() {
-        // Before the commands, which inherit it: options of the program may follow a command.
-        parser_.fallthrough();
-        commands_.push_back(std::make_unique<ReadCommand>(parser_));
-        commands_.push_back(std::make_unique<NoiseCommand>(parser_));
+        commands_.Add(std::make_unique<ScriptCommand>(parser_));
         parser_.set_version_flag("--version",
                                  std::string(ApplicationTitle) + " " + std::string(VersionText));
         AddPortOptions(parser_, portChoice_);
-        parser_.require_subcommand(1);
         parser_.footer(ExitCodeHelp());
     }
 
@@ -49,10 +42,8 @@ class Program {
             const bool well = parser_.exit(error, streams.out, streams.err) == 0;
             return well ? ExitCode::Success : ExitCode::WrongCommandLine;
         }
-        const auto chosen =
-            std::find_if(commands_.begin(), commands_.end(),
-                         [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
-        return (*chosen)->Run({portChoice_, system, streams});
+        BoardSession board(portChoice_, system, streams.err);
+        return commands_.Chosen().Run({board, system, streams});
     }
 
   private:
@@ -63,15 +54,10 @@ class Program {
         parser_.parse(std::move(words));
     }
 
-    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", programName};
+    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", ProgramName};
+    CommandSet commands_{parser_};
     PortChoice portChoice_;
-    std::vector<std::unique_ptr<Command>> commands_;
 };
-
-ExitCode Tell(std::ostream& err, const std::exception& error, ExitCode code) {
-    err << programName << ": " << error.what() << std::endl;
-    return code;
-}
 
 /// What was printed counts only once it has left the process.
 ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
@@ -84,20 +70,8 @@ ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& sy
 }  // namespace
 
 int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
-    const auto run = [&]() -> ExitCode {
-        try {
-            return RunAndFlush(arguments, system, streams);
-        } catch (const CommandError& error) {
-            return Tell(streams.err, error, error.Code());
-        } catch (const BadDataError& error) {
-            return Tell(streams.err, error, ExitCode::BadDataFile);
-        } catch (const FileAccessError& error) {
-            return Tell(streams.err, error, ExitCode::FileNotAccessible);
-        } catch (const std::exception& error) {
-            return Tell(streams.err, error, ExitCode::UnexpectedError);
-        }
-    };
-    return static_cast<int>(run());
+    return static_cast<int>(
+        TellErrors(streams.err, "", [&] { return RunAndFlush(arguments, system, streams); }));
 }
 
 }  // namespace vx3260

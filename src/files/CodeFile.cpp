@@ -5,6 +5,7 @@
 #include <QString>
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <ostream>
 #include <system_error>
 
@@ -12,7 +13,7 @@ namespace vx3260 {
 namespace {
 
 /// 128 bytes for each of the lines that a block can have.
-constexpr std::size_t mostBytes = (MostCodesInBlock + 1) * 128;
+constexpr std::size_t mostBytesOfCodes = (MostCodesInBlock + 1) * 128;
 
 [[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
                               const std::string& reason) {
@@ -25,13 +26,13 @@ constexpr std::size_t mostBytes = (MostCodesInBlock + 1) * 128;
 }
 
 /// What a file says of its size is only a hint: a pipe says 0, and a file may grow.
-std::size_t ChunkSize(const QFile& file) {
+std::size_t ChunkSize(const QFile& file, std::size_t mostBytes) {
     constexpr std::size_t least = std::size_t{1} << 16U;
     return std::clamp(static_cast<std::size_t>(file.size()) + 1, least, mostBytes + 1);
 }
 
-std::string ReadBounded(QFile& file, const std::string& path) {
-    const std::size_t chunk = ChunkSize(file);
+std::string ReadBounded(QFile& file, const std::string& name, const SizeLimit& limit) {
+    const std::size_t chunk = ChunkSize(file, limit.bytes);
     std::string bytes;
     std::size_t size = 0;
     qint64 got = 0;
@@ -41,13 +42,12 @@ std::string ReadBounded(QFile& file, const std::string& path) {
         }
         got = file.read(bytes.data() + size, static_cast<qint64>(bytes.size() - size));
         if (got < 0 || file.error() != QFileDevice::NoError) {
-            ThrowCannot("read", path, file);
+            ThrowCannot("read", name, file);
         }
         size += static_cast<std::size_t>(got);
-        if (size > mostBytes) {
-            throw BadDataError(path + ": more than " + std::to_string(mostBytes) +
-                               " bytes; a data file has at most " +
-                               std::to_string(MostCodesInBlock) + " lines of one code each");
+        if (size > limit.bytes) {
+            throw BadDataError(name + ": more than " + std::to_string(limit.bytes) + " bytes; " +
+                               std::string(limit.reason));
         }
     } while (got > 0);
     bytes.resize(size);
@@ -110,7 +110,7 @@ bool IsStandardOutput(std::string_view target) {
 
 }  // namespace
 
-std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
+std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
     QFile file(QString::fromStdString(path));
     if (QFileInfo(file).isDir()) {
         ThrowCannot("read", path, std::generic_category().message(EISDIR));
@@ -118,7 +118,22 @@ std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) 
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         ThrowCannot("read", path, file);
     }
-    return ParseCodes(ReadBounded(file, path), notation, path);
+    return ReadBounded(file, path, limit);
+}
+
+std::string LoadStandardInput(const SizeLimit& limit) {
+    constexpr const char* name = "standard input";
+    QFile file;
+    if (!file.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        ThrowCannot("read", name, file);
+    }
+    return ReadBounded(file, name, limit);
+}
+
+std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
+    const std::string reason =
+        "a data file has at most " + std::to_string(MostCodesInBlock) + " lines of one code each";
+    return ParseCodes(LoadBytes(path, {mostBytesOfCodes, reason}), notation, path);
 }
 
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name) {

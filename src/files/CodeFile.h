@@ -20,6 +20,18 @@ class FileAccessError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// How much a file of some kind can hold, so that a pipe may be endless.
+struct SizeLimit {
+    std::size_t bytes;
+    std::string_view reason;  ///< ends the message about a file beyond that
+};
+
+/// The bytes of a file. Throws FileAccessError, or BadDataError for a file beyond the limit.
+std::string LoadBytes(const std::string& path, const SizeLimit& limit);
+
+/// The same of what the process is fed with, to its end.
+std::string LoadStandardInput(const SizeLimit& limit);
+
 /// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
 /// a few megabytes, so that a pipe may be endless. Throws FileAccessError, or BadDataError as
 /// ParseCodes does and for a file beyond that size.

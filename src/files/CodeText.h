@@ -18,7 +18,8 @@ enum class Notation { Decimal, Hexadecimal };
 /// A block's count is a 16-bit number.
 inline constexpr std::size_t MostCodesInBlock = 32767;
 
-/// A text that is no block of codes. The message names where it came from, the line and the reason.
+/// A text that is not what it is read as, such as a block of codes. The message names where it came
+/// from, the line and the reason.
 class BadDataError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;

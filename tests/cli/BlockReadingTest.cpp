@@ -49,7 +49,7 @@ TEST(BlockReading, AStopKeepsTheCodesReadSoFar) {
     const BlockReading reading = ReadCodes(*bench.services, {err, err}, Converter::Main, 100,
                                            [&asked] { return ++asked == 4; });
     EXPECT_EQ(reading.codes.size(), 4U);
-    EXPECT_EQ(ExitCodeOf(reading.end), ExitCode::Interrupted);
+    EXPECT_EQ(ExitCodeOf(reading.end, false), ExitCode::Interrupted);
     EXPECT_EQ(bench.messages.Texts().back(), "User Interruption of Reading\nRead so far: 4 codes");
 }
 

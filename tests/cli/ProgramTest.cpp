@@ -48,6 +48,20 @@ TEST_F(Program, CtrlCKeepsWhatWasRead) {
     EXPECT_TRUE(Told("Wrote " + std::to_string(kept) + " code")) << err;
 }
 
+TEST_F(Program, CtrlCDuringAReadingEndsTheScript) {
+    process.setReadChannel(QProcess::StandardError);
+    Start({"--simulated", "script", "-"});
+    process.write("set mode chcon=set\nread main --count 32767 --output /dev/null\nregisters\n");
+    process.closeWriteChannel();
+    while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
+        err += process.readAllStandardError().toStdString();
+    }
+    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    EXPECT_EQ(End(), ExitCode::Interrupted);
+    EXPECT_TRUE(Told("vx3260-cli: standard input:2: the script ends here\n")) << err;
+    EXPECT_EQ(process.readAllStandardOutput(), "mode: 0x03 -> 0x13\n");
+}
+
 TEST_F(Program, AFullStandardOutputIsAnError) {
     const QStringList commands[] = {
         {"--simulated", "read", "main"}, {"--simulated", "noise", "main"}, {"--help"}};

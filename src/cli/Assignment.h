@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "link/RegisterFields.h"
+
+namespace vx3260 {
+
+/// One FIELD=VALUE of a command line, looked up.
+struct Assignment {
+    const RegisterMap::Field& field;
+    std::int32_t code;
+};
+
+/// The modes that start a calibration. They do not stay in the register, so they cannot be
+/// verified as other settings are.
+inline constexpr std::span CalibrationModes = std::span(RegisterMap::ModeValues).subspan(4);
+
+/// Looks up "FIELD=VALUE". VALUE is one of the field's names or a number, decimal or hexadecimal
+/// with 0x; a name goes before a number. Throws CommandError, with a list of what there is, for
+/// anything else and for a value that must not be written.
+Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
+                           std::string_view text);
+
+/// What a field can be set to: "off|on", or "13 to 255" where values have no names.
+std::string ValueHelp(const RegisterMap::Field& field);
+
+}  // namespace vx3260

@@ -1,0 +1,37 @@
+#include "cli/CommandSet.h"
+
+#include <algorithm>
+
+#include "cli/CalibrateCommand.h"
+#include "cli/NoiseCommand.h"
+#include "cli/ReadCommand.h"
+#include "cli/RegistersCommand.h"
+#include "cli/ResetCommand.h"
+#include "cli/SetCommand.h"
+
+namespace vx3260 {
+
+CommandSet::CommandSet(CLI::App& parser) {
+    // Before the commands, which inherit it: options of the program may follow a command.
+    parser.fallthrough();
+    parser.require_subcommand(0, 1);
+    // Asked for last, so that a command that does not exist is named by then.
+    parser.final_callback([&parser] {
+        if (parser.get_subcommands().empty()) {
+            throw CLI::RequiredError("A command");
+        }
+    });
+    Add(std::make_unique<RegistersCommand>(parser));
+    Add(std::make_unique<SetCommand>(parser));
+    Add(std::make_unique<CalibrateCommand>(parser));
+    Add(std::make_unique<ResetCommand>(parser));
+    Add(std::make_unique<ReadCommand>(parser));
+    Add(std::make_unique<NoiseCommand>(parser));
+}
+
+Command& CommandSet::Chosen() const {
+    return **std::find_if(commands_.begin(), commands_.end(),
+                          [](const std::unique_ptr<Command>& c) { return c->Chosen(); });
+}
+
+}  // namespace vx3260

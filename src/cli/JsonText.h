@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace vx3260 {
+
+QString ToQString(std::string_view text);
+
+/// The badge of a board; null when it is empty, which a real board's is.
+QJsonValue BoardValue(std::string_view badge);
+
+/// The object as a text that is easy to read, ended by a line break.
+std::string JsonText(const QJsonObject& object);
+
+}  // namespace vx3260

@@ -1,0 +1,63 @@
+#include "cli/RegisterText.h"
+
+#include <algorithm>
+
+#include "link/Register.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+
+const RegisterMap::RegisterDescription& RegisterNamed(std::string_view name) {
+    return *std::find_if(
+        std::begin(RegisterMap::ReadableRegisters), std::end(RegisterMap::ReadableRegisters),
+        [name](const RegisterMap::RegisterDescription& d) { return d.name == name; });
+}
+
+const RegisterMap::Field& FieldNamed(const RegisterMap::RegisterDescription& description,
+                                     std::string_view name) {
+    return *std::find_if(description.fields.begin(), description.fields.end(),
+                         [name](const RegisterMap::Field& field) { return field.name == name; });
+}
+
+std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access) {
+    return ToInt32(Register(services.port, services.state.PortAddress, access).ReadReg());
+}
+
+RegisterReading ReadRegister(Services& services,
+                             const RegisterMap::RegisterDescription& description) {
+    return {description, ReadRegister(services, description.access)};
+}
+
+std::string RegisterHex(std::int32_t value, const RegisterMap::RegisterAccess& access) {
+    constexpr int bitsOfDigit = 4;
+    const std::string digits = HexText(value);
+    const auto width = static_cast<std::size_t>(access.wordLength / bitsOfDigit);
+    return "0x" + std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+std::string ChangeText(const RegisterMap::RegisterDescription& description, std::int32_t before,
+                       std::int32_t after) {
+    return std::string(description.name) + ": " + RegisterHex(before, description.access) + " -> " +
+           RegisterHex(after, description.access);
+}
+
+std::optional<std::string_view> NameOfCode(const RegisterMap::Field& field, std::int32_t code) {
+    const auto named =
+        std::find_if(field.values.begin(), field.values.end(),
+                     [code](const RegisterMap::FieldValue& v) { return v.code == code; });
+    return named == field.values.end() ? std::nullopt : std::optional(named->name);
+}
+
+std::string StuckLineHint(std::int32_t value, const RegisterMap::RegisterAccess& access) {
+    const std::int32_t allOnes = (std::int32_t{1} << access.wordLength) - 1;
+    if (value == 0) {
+        return "All bits read 0, as from a line that is stuck low. ";
+    }
+    if (value == allOnes) {
+        return "All bits read 1, as from a line that is open or stuck high. ";
+    }
+    return "";
+}
+
+}  // namespace vx3260

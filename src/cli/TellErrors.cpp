@@ -1,0 +1,32 @@
+#include "cli/TellErrors.h"
+
+#include <exception>
+
+#include "files/CodeFile.h"
+
+namespace vx3260 {
+
+void Tell(std::ostream& err, const std::string& place, const std::string& text) {
+    err << ProgramName << ": " << place << (place.empty() ? "" : ": ") << text << std::endl;
+}
+
+ExitCode TellErrors(std::ostream& err, const std::string& place,
+                    const std::function<ExitCode()>& work) {
+    const auto tell = [&](const std::exception& error, ExitCode code) {
+        Tell(err, place, error.what());
+        return code;
+    };
+    try {
+        return work();
+    } catch (const CommandError& error) {
+        return tell(error, error.Code());
+    } catch (const BadDataError& error) {
+        return tell(error, ExitCode::BadDataFile);
+    } catch (const FileAccessError& error) {
+        return tell(error, ExitCode::FileNotAccessible);
+    } catch (const std::exception& error) {
+        return tell(error, ExitCode::UnexpectedError);
+    }
+}
+
+}  // namespace vx3260

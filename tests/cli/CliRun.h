@@ -1,0 +1,62 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cli/ExitCodes.h"
+#include "cli/RunCli.h"
+#include "support/Recorders.h"
+
+namespace vx3260::test {
+
+inline testing::AssertionResult Has(const std::string& text, const std::string& part) {
+    return testing::IsSubstring("part", "text", part, text);
+}
+
+struct Outcome {
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+/// The program inside the test's process, on Windows 2000; blanks part the command line's words.
+inline Outcome RunProgram(const std::string& commandLine) {
+    std::istringstream words(commandLine);
+    const std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+    std::ostringstream out;
+    std::ostringstream err;
+    RecordedSystem system;
+    system.version = {2, 5, 0};
+    system.commandLine = commandLine;
+    const int exitCode = RunCli(arguments, system, {out, err});
+    return {exitCode, out.str(), err.str()};
+}
+
+inline std::ptrdiff_t Lines(const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
+}
+
+/// Of each case: the command line, and a part of what is printed to stderr.
+inline void ExpectRefused(ExitCode code,
+                          const std::vector<std::pair<std::string, std::string>>& cases) {
+    for (const auto& [commandLine, message] : cases) {
+        const Outcome outcome = RunProgram(commandLine);
+        EXPECT_EQ(outcome.exitCode, static_cast<int>(code)) << commandLine;
+        EXPECT_TRUE(Has(outcome.err, message)) << commandLine;
+        EXPECT_EQ(outcome.out, "") << commandLine;
+    }
+}
+
+inline QJsonObject Parsed(const Outcome& outcome) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.out)).object();
+}
+
+}  // namespace vx3260::test

@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include "cli/CliRun.h"
+#include "support/Folder.h"
+
+namespace vx3260::test {
+namespace {
+
+class Script : public testing::Test {
+  protected:
+    /// Runs the text as a script on the simulated board.
+    Outcome Run(const std::string& text, const std::string& options = "") const {
+        return RunProgram("--simulated " + options + " script " + folder.Make("s.txt", text));
+    }
+
+    Folder folder;
+};
+
+/// Of each case: commands, and what the last of them prints.
+TEST_F(Script, SettingsReachTheirBits) {
+    const std::string powerDown = "set mode mode=power-down\n";
+    const std::pair<std::string, std::string> cases[] = {
+        {"set mode mode=idle chcon=set buffering=1",
+         "mode: 0x03 -> 0x01\nmode: 0x01 -> 0x11\n"
+         "mode: 0x11 -> 0x51\n"},
+        {"set main-control channel=ain3-ain2 range=20mV polarity=unipolar word-length=16 enable=0",
+         "main-control: 0x87 -> 0xB7\nmain-control: 0xB7 -> 0xB0\nmain-control: 0xB0 -> 0xB8\n"
+         "main-control: 0xB8 -> 0xF8\nmain-control: 0xF8 -> 0x78\n"},
+        {"set aux-control channel=0x7 reference=half",
+         "aux-control: 0xB9 -> 0xF9\naux-control: 0xF9 -> 0xF8\n"},
+        {"set io-control p2-function=power-switch iexc1=on",
+         "io-control: 0x0004 -> 0x8004\nio-control: 0x8004 -> 0x8104\n"},
+        {powerDown + "set filter word=0x0D", "mode: 0x03 -> 0x00\nfilter: 0x45 -> 0x0D\n"},
+        {powerDown + "set main-full value=0xABCDEF\nset aux-zero value=65535",
+         "mode: 0x03 -> 0x00\nmain-full: 0x400000 -> 0xABCDEF\naux-zero: 0x8000 -> 0xFFFF\n"},
+        {powerDown + "reset hardware\nset mode chcon=set",
+         "mode: 0x03 -> 0x00\n"
+         "mode: 0x00 -> 0x10\n"},
+        {"reset software\nset main-control enable=on", "main-control: 0x07 -> 0x87\n"},
+    };
+    for (const auto& [script, out] : cases) {
+        const Outcome outcome = Run(script);
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+        EXPECT_EQ(outcome.out, out);
+    }
+}
+
+/// As an input, P3 is high and P4 low on this board.
+TEST_F(Script, ThePinLevelOfAnInputIsNotWhatWasWritten) {
+    EXPECT_EQ(Run("set io-control p3-direction=output p3=low p3-direction=input").out,
+              "io-control: 0x0004 -> 0x0044\nio-control: 0x0044 -> 0x0040\n"
+              "io-control: 0x0040 -> 0x0004\n");
+    EXPECT_EQ(Run("set io-control p4-direction=output p4=high p4-direction=0").exitCode, 0);
+}
+
+TEST_F(Script, NothingIsWrittenBeforeAllHasBeenChecked) {
+    const Outcome outcome = Run("set mode mode=idle mode=internal-zero");
+    EXPECT_EQ(outcome.exitCode, static_cast<int>(ExitCode::WrongCommandLine));
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_FALSE(Has(outcome.err, "Simulated board"));
+}
+
+double MeanOf(const std::string& codes) {
+    std::istringstream words(codes);
+    double sum = 0;
+    int count = 0;
+    for (double code = 0; words >> code; ++count) {
+        sum += code;
+    }
+    return sum / count;
+}
+
+/// Shorted inputs read as mid-scale once the offset is gone, 20 mV as 65536 codes above it once the
+/// gain error is gone too.
+TEST_F(Script, CalibratingTakesOffsetAndGainErrorAway) {
+    const auto read = [this](const std::string& file) {
+        return "read main --count 100 --output " + folder.Path(file) + "\n";
+    };
+    const std::string zero = "set main-control channel=ain2-ain2\n";
+    const std::string volts = "set main-control channel=ain3-ain4\n";
+    const Outcome outcome = Run(zero + read("zeroBefore") + volts + read("voltsBefore") +
+                                "calibrate internal-zero\ncalibrate internal-full\n" +
+                                read("voltsAfter") + zero + read("zeroAfter"));
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_TRUE(Has(outcome.out, "\nmain-zero: 0x800000 -> 0x8041"));
+    EXPECT_TRUE(Has(outcome.out, "\naux-full: 0x4000 -> 0x4042\n"));
+    const double half = 8388608;
+    EXPECT_NEAR(MeanOf(folder.Bytes("zeroBefore")), half + 16777, 10);
+    EXPECT_NEAR(MeanOf(folder.Bytes("zeroAfter")), half, 40);
+    EXPECT_NEAR(MeanOf(folder.Bytes("voltsBefore")), half + 65536 * 0.996 + 16777, 10);
+    EXPECT_NEAR(MeanOf(folder.Bytes("voltsAfter")), half + 65536, 40);
+}
+
+TEST_F(Script, CalibratingConcernsTheEnabledConvertersOnly) {
+    const Outcome one = Run("set main-control enable=off\ncalibrate system-zero");
+    EXPECT_TRUE(Has(one.out, "aux-zero: 0x8000 -> 0x"));
+    EXPECT_FALSE(Has(one.out, "main-zero"));
+    EXPECT_TRUE(Has(one.err, "Please Connect a Zero Scale signal to the Analog Input\n"));
+    const Outcome none = Run("reset hardware\ncalibrate internal-zero");
+    EXPECT_EQ(none.exitCode, static_cast<int>(ExitCode::ConverterDisabled));
+    EXPECT_EQ(none.out, "");
+}
+
+TEST_F(Script, HasOneBoardAndTextOfAnyOrigin) {
+    const Outcome outcome =
+        Run("\xEF\xBB\xBF# a comment\r\n\r\n  # another\r\nset mode chcon=set\r\n"
+            "read main --count 2 --output '" +
+            folder.Path("a b.dat") +
+            "'\r\n"
+            "\tset \"mode\" chcon=cleared");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "mode: 0x03 -> 0x13\nmode: 0x13 -> 0x03\n");
+    EXPECT_EQ(Lines(folder.Bytes("a b.dat")), 2);
+    EXPECT_EQ(outcome.err.find("Simulated board"), outcome.err.rfind("Simulated board"));
+    EXPECT_EQ(Run("# nothing\n").err, "");
+}
+
+TEST_F(Script, EndsAtTheFirstLineThatFails) {
+    const std::tuple<std::string, std::string, ExitCode, std::string> cases[] = {
+        {"reset", "", ExitCode::WrongCommandLine, "kind is required"},
+        {"reset warm", "", ExitCode::WrongCommandLine, "warm not in {hardware,software}"},
+        {"wead main", "", ExitCode::WrongCommandLine, "not expected: "},
+        {"script s.txt", "", ExitCode::WrongCommandLine, "a script cannot run another one"},
+        {"read main --simulated", "", ExitCode::WrongCommandLine, "--simulated: the board is"},
+        {"--fault bit-flip=3 read main", "", ExitCode::WrongCommandLine, "--fault: the board is"},
+        {"noise main --count 9", "", ExitCode::CountRefused, "(9 given"},
+        {"set filter word=20", "", ExitCode::NotInPowerDown, "must be in Power-Down Mode"},
+        {"read main", "--fault no-data-ready", ExitCode::NoAnswer, "the script ends here"},
+    };
+    for (const auto& [line, options, code, message] : cases) {
+        const Outcome outcome = Run("set mode chcon=set\n\n" + line + "\nregisters", options);
+        EXPECT_EQ(outcome.exitCode, static_cast<int>(code)) << line;
+        EXPECT_EQ(outcome.out, "mode: 0x03 -> 0x13\n");
+        EXPECT_TRUE(Has(outcome.err, "vx3260-cli: " + folder.Path("s.txt:3: ")));
+        EXPECT_TRUE(Has(outcome.err, message));
+    }
+}
+
+TEST_F(Script, WhatIsNoScriptIsRefused) {
+    ExpectRefused(ExitCode::FileNotAccessible, {{"script /none", "cannot read /none: No such"},
+                                                {"script /", "cannot read /: Is a directory"}});
+    ExpectRefused(ExitCode::BadDataFile,
+                  {{"script /dev/zero", "/dev/zero: more than 1048576 bytes"},
+                   {"script " + folder.Make("b",
+                                            "registers\n\x7F"
+                                            "ELF"),
+                    "b:2: binary data, no script"}});
+}
+
+}  // namespace
+}  // namespace vx3260::test
