@@ -18,27 +18,26 @@ std::string HexByte(std::int16_t value) {
     return "0x" + HexText(value);
 }
 
-[[noreturn]] void RefuseNoAnswer(std::int16_t written, std::int16_t read) {
-    throw CommandError(ExitCode::NoAnswer,
-                       "no answer from the board: wrote " + HexByte(written) +
-                           " to the mode register and read back " + HexByte(read) + ". " +
-                           StuckLineHint(read, RegisterMap::Mode) + std::string(CheckBoardAdvice));
+/// All ones or all zeros are what a cable without a board gives.
+[[noreturn]] void RefuseReadBack(std::int16_t written, std::int16_t read) {
+    const std::string hint = StuckLineHint(read, RegisterMap::Mode);
+    const std::string what =
+        hint.empty() ? "wrong answer from the board" : "no answer from the board";
+    throw CommandError(hint.empty() ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
+                       what + ": wrote " + HexByte(written) +
+                           " to the mode register and read back " + HexByte(read) + ". " + hint +
+                           std::string(CheckBoardAdvice));
 }
-
-constexpr std::string_view timeoutDetail =
-    "No result was announced in time. Check the cable, the board's power and its data-ready "
-    "line.\nThe chip still waits for the clocks of this result; a software reset brings the "
-    "interface back in step.";
 
 /// What is told of a reading that did not get to its end.
 void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
     const std::string soFar = "\nRead so far: " + CodesText(codes);
     if (end == ReadingEnd::TimedOut) {
-        services.messages.Show({.text = "Error Reading Data from VX3260",
-                                .detail = std::string(timeoutDetail) + soFar});
+        services.messages.Show(
+            {.text = std::string(TimeoutText), .detail = std::string(TimeoutDetail) + soFar});
     } else if (end == ReadingEnd::Stopped) {
         services.messages.Show(
-            {.text = "User Interruption of Reading" + soFar, .icon = MessageIcon::Exclamation});
+            {.text = std::string(StoppedText) + soFar, .icon = MessageIcon::Exclamation});
     }
 }
 
@@ -63,7 +62,7 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
     mode.WriteReg();
     const std::int16_t after = ToInt16(mode.ReadReg());
     if (after != wanted) {
-        RefuseNoAnswer(wanted, after);
+        RefuseReadBack(wanted, after);
     }
     err << "The chip was not in Continuous Conversion Mode: mode register changed from "
         << HexByte(before) << " to " << HexByte(wanted) << std::endl;
@@ -75,7 +74,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     ConverterReader reader(services.port, services.state.PortAddress, converter);
     reader.ReadEnables();
     if (!reader.Enabled()) {
-        throw CommandError(ExitCode::ConverterDisabled, "Enable " + name + " before reading Data");
+        throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
     }
     CheckReadyLine(services);
     streams.err << "Reading " << CodesText(static_cast<std::size_t>(count)) << " from the " << name

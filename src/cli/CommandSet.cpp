@@ -1,7 +1,9 @@
 #include "cli/CommandSet.h"
 
 #include <algorithm>
+#include <string>
 
+#include "app/StartUp.h"
 #include "cli/CalibrateCommand.h"
 #include "cli/NoiseCommand.h"
 #include "cli/ReadCommand.h"
@@ -14,9 +16,16 @@ namespace vx3260 {
 CommandSet::CommandSet(CLI::App& parser) {
     // Before the commands, which inherit it: options of the program may follow a command.
     parser.fallthrough();
+    parser.allow_extras();
     parser.require_subcommand(0, 1);
     // Asked for last, so that a command that does not exist is named by then.
     parser.final_callback([&parser] {
+        for (const std::string& word : parser.remaining(true)) {
+            // What only asks start-up for the status box is no command and no option.
+            if (!HoldsStatusSwitch(word)) {
+                throw CLI::ExtrasError({word});
+            }
+        }
         if (parser.get_subcommands().empty()) {
             throw CLI::RequiredError("A command");
         }

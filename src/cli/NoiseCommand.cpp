@@ -132,8 +132,8 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    if (reading.end != ReadingEnd::Complete) {
-        context.streams.err << "Nothing was analysed" << std::endl;
+    if (!CountFitsAnalysis(static_cast<std::int32_t>(reading.codes.size()))) {
+        context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
     WarnOfSuspiciousCodes(reading.codes, context.streams.err);

@@ -82,16 +82,30 @@ void Save(const std::string& path, const std::string& text) {
     }
 }
 
-/// The names of open files may lead to one on a disk, but its replacement would not be open.
-bool NamesOpenFile(std::string_view path) {
-    constexpr std::string_view prefixes[] = {"/dev/fd/", "/dev/std", "/proc/"};
-    return std::any_of(std::begin(prefixes), std::end(prefixes),
-                       [path](std::string_view prefix) { return path.starts_with(prefix); });
+/// The names of open files may lead to one on a disk, but its replacement would not be open. Links
+/// are followed one by one: one of them may lead through such a name.
+bool NamesOpenFile(QString path) {
+    constexpr int mostLinks = 40;
+    const QString prefixes[] = {QStringLiteral("/dev/fd/"), QStringLiteral("/dev/std"),
+                                QStringLiteral("/proc/")};
+    for (int links = 0; links < mostLinks; ++links) {
+        if (std::any_of(std::begin(prefixes), std::end(prefixes),
+                        [&path](const QString& prefix) { return path.startsWith(prefix); })) {
+            return true;
+        }
+        const QFileInfo info(path);
+        if (!info.isSymLink()) {
+            return false;
+        }
+        path = info.symLinkTarget();
+    }
+    return false;
 }
 
 bool IsWrittenDirectly(const std::string& path) {
     const QFileInfo info(QString::fromStdString(path));
-    return NamesOpenFile(path) || (info.exists() && !info.isFile() && !info.isDir());
+    return NamesOpenFile(QString::fromStdString(path)) ||
+           (info.exists() && !info.isFile() && !info.isDir());
 }
 
 /// Where the device turns out to be a file, nothing of it is cut off.

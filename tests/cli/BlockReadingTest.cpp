@@ -15,8 +15,8 @@ namespace {
 TEST(BlockReading, OnlyTheModeFieldIsChanged) {
     const std::tuple<unsigned, unsigned, std::string> cases[] = {
         {0x33, 0x33, ""},
-        {0x21, 0x23,
-         "The chip was not in Continuous Conversion Mode: mode register changed from 0x21 to "
+        {0x26, 0x23,
+         "The chip was not in Continuous Conversion Mode: mode register changed from 0x26 to "
          "0x23\n"},
     };
     for (const auto& [before, after, told] : cases) {

@@ -48,7 +48,7 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
          {"read main --simulated --fault no-data-ready", "Error Reading Data from VX3260\n"},
          {"read main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
          {"noise main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
-         {"noise main --simulated --fault no-data-ready", "Nothing was analysed\n"}});
+         {"noise main --simulated --fault no-data-ready", "Too few codes to analyse\n"}});
     ExpectRefused(ExitCode::FileNotAccessible,
                   {{"read main --output /none/x.dat",
                     "vx3260-cli: cannot write /none/x.dat: No such file or directory\n"},
