@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vx3260 {
 
@@ -30,11 +31,13 @@ class OperatingSystem {
 
     virtual bool FileExists(const std::string& path) = 0;
 
-    /// The desktop's system-information program; nothing where none is installed.
-    virtual std::optional<std::string> DesktopSystemInformation() = 0;
+    /// The desktop's system-information program, a path and its arguments; empty where none is
+    /// installed.
+    virtual std::vector<std::string> DesktopSystemInformation() = 0;
 
-    /// Starts a program with a normal window and goes on. False when it does not start.
-    virtual bool StartProgram(const std::string& path) = 0;
+    /// Starts a program, a path and its arguments, with a normal window and goes on. False when it
+    /// does not start.
+    virtual bool StartProgram(const std::vector<std::string>& command) = 0;
 
     /// Ends the process at once: no destructor runs, the port is not released.
     virtual void EndProcess(int exitCode) = 0;

@@ -1,20 +1,21 @@
 #include "app/SystemInformation.h"
 
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace vx3260 {
 namespace {
 
-std::optional<std::string> FindSysInfo(OperatingSystem& system) {
-    if (auto path = system.GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH")) {
-        return path;
+/// The program and its arguments; empty where there is none.
+std::vector<std::string> FindSysInfo(OperatingSystem& system) {
+    if (const auto path = system.GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH")) {
+        return {*path};
     }
     if (const auto folder =
             system.GetKeyValue("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO")) {
         const std::string path = *folder + "\\MSINFO32.EXE";
         if (system.FileExists(path)) {
-            return path;
+            return {path};
         }
     }
     return system.DesktopSystemInformation();
@@ -23,8 +24,8 @@ std::optional<std::string> FindSysInfo(OperatingSystem& system) {
 }  // namespace
 
 void StartSysInfo(Services& services) {
-    const auto path = FindSysInfo(services.system);
-    if (!path || !services.system.StartProgram(*path)) {
+    const std::vector<std::string> command = FindSysInfo(services.system);
+    if (command.empty() || !services.system.StartProgram(command)) {
         services.messages.Show({.text = "System Information Is Unavailable At This Time"});
     }
 }

@@ -34,7 +34,12 @@ inline constexpr RegisterAccess Test2{0x0D, 0, 16};
 
 /// Mode register, bits 2 to 0.
 inline constexpr std::int16_t ModeMask = 0x07;
+inline constexpr std::int16_t PowerDown = 0;
 inline constexpr std::int16_t ContinuousConversion = 3;
+inline constexpr std::int16_t InternalZeroScale = 4;
+inline constexpr std::int16_t InternalFullScale = 5;
+inline constexpr std::int16_t SystemZeroScale = 6;
+inline constexpr std::int16_t SystemFullScale = 7;
 
 /// Main and aux ADC control registers.
 inline constexpr std::int16_t EnableMask = 0x80;

@@ -1,29 +1,60 @@
 #include "platform/LinuxSystem.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <sstream>
+#include <vector>
 
 namespace vx3260 {
 namespace {
 
 /// Of the common desktops, and one that is at home on all of them.
-constexpr const char* systemInformationPrograms[] = {
-    "kinfocenter",          "hardinfo2",        "hardinfo", "mate-system-monitor",
-    "gnome-system-monitor", "xfce4-taskmanager"};
+const std::vector<std::vector<std::string>>& SystemInformationPrograms() {
+    static const std::vector<std::vector<std::string>> programs{
+        {"kinfocenter"},
+        {"gnome-control-center", "info-overview"},
+        {"cinnamon-settings", "info"},
+        {"hardinfo2"},
+        {"hardinfo"},
+        {"mate-system-monitor", "--show-system-tab"},
+    };
+    return programs;
+}
 
-std::optional<std::string> FindInPath(const std::string& program) {
+bool IsProgram(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           access(path.c_str(), X_OK) == 0;
+}
+
+/// The path of a program in the folders of PATH; empty where it is in none.
+std::string FindInPath(const std::string& program) {
     const char* const path = std::getenv("PATH");
     std::istringstream folders(path == nullptr ? "" : path);
     for (std::string folder; std::getline(folders, folder, ':');) {
         std::string candidate = folder + "/" + program;
-        if (!folder.empty() && access(candidate.c_str(), X_OK) == 0) {
+        if (!folder.empty() && IsProgram(candidate)) {
             return candidate;
         }
     }
-    return std::nullopt;
+    return {};
+}
+
+/// In a process of its own: becomes the program, or writes to `failure` and ends.
+[[noreturn]] void BecomeProgram(const std::vector<std::string>& command, int failure) {
+    std::vector<char*> words;
+    for (const std::string& word : command) {
+        words.push_back(const_cast<char*>(word.c_str()));
+    }
+    words.push_back(nullptr);
+    setsid();
+    execv(words[0], words.data());
+    const char failed = 1;
+    _exit(write(failure, &failed, 1) == 1 ? 1 : 2);
 }
 
 }  // namespace
@@ -44,32 +75,39 @@ bool LinuxSystem::FileExists(const std::string& path) {
     return access(path.c_str(), F_OK) == 0;
 }
 
-std::optional<std::string> LinuxSystem::DesktopSystemInformation() {
-    for (const char* program : systemInformationPrograms) {
-        if (const auto path = FindInPath(program)) {
-            return path;
+std::vector<std::string> LinuxSystem::DesktopSystemInformation() {
+    for (std::vector<std::string> command : SystemInformationPrograms()) {
+        const std::string path = FindInPath(command.front());
+        if (!path.empty()) {
+            command.front() = path;
+            return command;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
+/// The pipe closes with the start of the program; what comes through it is the start's failure.
 /// The grandchild belongs to nobody here, so it is never left behind as a zombie.
-bool LinuxSystem::StartProgram(const std::string& path) {
-    const pid_t child = fork();
-    if (child < 0) {
+bool LinuxSystem::StartProgram(const std::vector<std::string>& command) {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) {
         return false;
     }
+    const pid_t child = fork();
     if (child == 0) {
-        const pid_t program = fork();
-        if (program == 0) {
-            setsid();
-            execl(path.c_str(), path.c_str(), static_cast<char*>(nullptr));
-            _exit(1);
+        if (fork() == 0) {
+            BecomeProgram(command, ends[1]);
         }
-        _exit(program < 0 ? 1 : 0);
+        _exit(0);
     }
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    close(ends[1]);
+    char failed = 0;
+    const bool started = child > 0 && read(ends[0], &failed, 1) == 0;
+    close(ends[0]);
+    if (child > 0) {
+        waitpid(child, nullptr, 0);
+    }
+    return started;
 }
 
 void LinuxSystem::EndProcess(int exitCode) {

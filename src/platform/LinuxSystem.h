@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/OperatingSystem.h"
 
@@ -18,8 +19,8 @@ class LinuxSystem final : public OperatingSystem {
     std::optional<std::string> GetKeyValue(const std::string& key,
                                            const std::string& name) override;
     bool FileExists(const std::string& path) override;
-    std::optional<std::string> DesktopSystemInformation() override;
-    bool StartProgram(const std::string& path) override;
+    std::vector<std::string> DesktopSystemInformation() override;
+    bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;
 
   private:

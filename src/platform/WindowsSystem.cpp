@@ -94,15 +94,18 @@ bool WindowsSystem::FileExists(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool WindowsSystem::StartProgram(const std::string& path) {
+bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWNORMAL;
     PROCESS_INFORMATION process{};
-    std::string command = '"' + path + '"';
-    if (CreateProcessA(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &process) == 0) {
+    std::string line;
+    for (const std::string& word : command) {
+        line += (line.empty() ? "\"" : " \"") + word + '"';
+    }
+    if (CreateProcessA(command.at(0).c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       nullptr, &startup, &process) == 0) {
         return false;
     }
     CloseHandle(process.hThread);

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/OperatingSystem.h"
 
@@ -16,8 +17,8 @@ class WindowsSystem final : public OperatingSystem {
                                            const std::string& name) override;
     bool FileExists(const std::string& path) override;
     /// The registry names the program here; there is no other.
-    std::optional<std::string> DesktopSystemInformation() override { return std::nullopt; }
-    bool StartProgram(const std::string& path) override;
+    std::vector<std::string> DesktopSystemInformation() override { return {}; }
+    bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;
 };
 

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
+#include <algorithm>
 #include <exception>
 
 namespace vx3260 {
@@ -29,9 +30,10 @@ void Form::showEvent(QShowEvent* event) {
         button->setAutoDefault(false);
         button->setDefault(false);
     }
+    // A form larger than its screen keeps its title bar on it.
     const QRect onScreen = screen()->geometry();
-    move(onScreen.left() + (onScreen.width() - width()) / 2,
-         onScreen.top() + (onScreen.height() - height()) / 2);
+    move(onScreen.left() + std::max(0, (onScreen.width() - width()) / 2),
+         onScreen.top() + std::max(0, (onScreen.height() - height()) / 2));
 }
 
 void Form::OnSelected(QAbstractButton* option, const std::function<void()>& handler) {

@@ -17,6 +17,9 @@ class RecordedMessages final : public MessageBoxes {
   public:
     MessageAnswer Show(const Message& message) override {
         shown.push_back(message);
+        if (atBox) {
+            atBox();
+        }
         if (answers.empty()) {
             return MessageAnswer::Ok;
         }
@@ -34,6 +37,7 @@ class RecordedMessages final : public MessageBoxes {
     }
 
     std::vector<Message> shown;
+    std::function<void()> atBox;  ///< runs while a box is up
     std::deque<MessageAnswer> answers;
 };
 
@@ -49,9 +53,9 @@ class RecordedSystem final : public OperatingSystem {
         return found == registry.end() ? std::nullopt : std::optional(found->second);
     }
     bool FileExists(const std::string& path) override { return path == existingFile; }
-    std::optional<std::string> DesktopSystemInformation() override { return desktopProgram; }
-    bool StartProgram(const std::string& path) override {
-        started.push_back(path);
+    std::vector<std::string> DesktopSystemInformation() override { return desktopProgram; }
+    bool StartProgram(const std::vector<std::string>& command) override {
+        started.push_back(command.at(0));
         return startsPrograms;
     }
     void EndProcess(int exitCode) override { ended.push_back(exitCode); }
@@ -60,7 +64,7 @@ class RecordedSystem final : public OperatingSystem {
     std::string commandLine;
     std::map<std::string, std::string> registry;  ///< "key:name" and the value
     std::string existingFile;
-    std::optional<std::string> desktopProgram;
+    std::vector<std::string> desktopProgram;
     bool startsPrograms = true;
     std::vector<std::string> started;
     std::vector<int> ended;

@@ -26,9 +26,7 @@ AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
     };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &AuxControlForm::reject);
-    Load(std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)),
-                                  BitNames(RegisterMap::AuxControlFields, 8)),
-         ui_->AuxControlLabel, channels);
+    Load(RegisterBits(RegisterMap::AuxControlFields), ui_->AuxControlLabel, channels);
 }
 
 AuxControlForm::~AuxControlForm() = default;
@@ -55,12 +53,7 @@ void AuxControlForm::ConnectOptions() {
          error,
          {.always = [this] { State().Polarity = vx3260::Polarity::Unipolar; },
           .beforeReading = [this] { ShowClickedUnipolar(); },
-          .atTheEnd =
-              [this] {
-                  if (RegisterMap::Polarity.CodeIn(State().AuxControlValue) != 0) {
-                      ShowClickedUnipolar();
-                  }
-              }}},
+          .atTheEnd = [this] { ShowClickedUnipolar(); }}},
         {ui_->OptBipolar,
          RegisterMap::Polarity,
          0,

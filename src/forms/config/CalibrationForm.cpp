@@ -13,8 +13,6 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t powerDown = 0;
-
 bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
@@ -24,7 +22,13 @@ bool MakesCharacter(const QKeyEvent& key) {
     if (IsEnter(key) || key.key() == Qt::Key_Backspace) {
         return true;
     }
-    return !key.text().isEmpty() && key.text().at(0).isPrint();
+    // AltGr, which makes characters, arrives as Ctrl and Alt on some systems.
+    const bool shortcut =
+        key.modifiers().testFlag(Qt::ControlModifier) && !key.modifiers().testFlag(Qt::AltModifier);
+    if (shortcut || key.text().isEmpty()) {
+        return false;
+    }
+    return key.text().at(0).isPrint() || key.text().at(0).isSurrogate();
 }
 
 }  // namespace
@@ -35,14 +39,21 @@ CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& tr
       traits_(traits),
       zeroScale_{Register(services.port, services.state.PortAddress, traits.zeroScale)},
       fullScale_{Register(services.port, services.state.PortAddress, traits.fullScale)},
-      modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {}
+      modeRegister_(services.port, services.state.PortAddress) {
+    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
+    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
+}
 
 void CalibrationForm::Load(const Controls& zeroScale, const Controls& fullScale) {
     const int bits = traits_.zeroScale.wordLength;
-    zeroScale_.bits = std::make_unique<BitRow>(LabelsNamed(
-        *this, NumberedLabels(traits_.firstZeroLabel, traits_.firstZeroLabel - bits + 1)));
-    fullScale_.bits = std::make_unique<BitRow>(LabelsNamed(
-        *this, NumberedLabels(traits_.firstFullLabel, traits_.firstFullLabel + bits - 1)));
+    const auto row = [&](int firstLabel, int lastLabel, const QString& name) {
+        return std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(firstLabel, lastLabel)),
+                                        std::vector<QString>(static_cast<std::size_t>(bits), name));
+    };
+    zeroScale_.bits =
+        row(traits_.firstZeroLabel, traits_.firstZeroLabel - bits + 1, tr("zero scale"));
+    fullScale_.bits =
+        row(traits_.firstFullLabel, traits_.firstFullLabel + bits - 1, tr("full scale"));
     zeroScale_.controls = zeroScale;
     fullScale_.controls = fullScale;
     for (Coefficient* coefficient : {&zeroScale_, &fullScale_}) {
@@ -69,7 +80,7 @@ bool CalibrationForm::eventFilter(QObject* watched, QEvent* event) {
 /// An error, above all a text that is no literal, empties the box without a message.
 void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
     try {
-        if ((ToInt16(modeRegister_.ReadReg()) & RegisterMap::ModeMask) != powerDown) {
+        if ((ToInt16(modeRegister_.ReadReg()) & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
             Show({.text = "The VX3260 must be placed in Power-Down Mode to program the "
                           "Calibration Registers",
                   .icon = MessageIcon::Exclamation});

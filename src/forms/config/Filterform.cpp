@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/config/ErrorTexts.h"
 #include "link/FilterRate.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"

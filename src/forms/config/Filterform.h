@@ -5,8 +5,9 @@
 #include <memory>
 #include <string_view>
 
-#include "forms/config/RegisterForm.h"
+#include "link/Register.h"
 #include "ui/BitRow.h"
+#include "ui/Form.h"
 
 namespace Ui {
 class Filterform;

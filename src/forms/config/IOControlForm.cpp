@@ -14,8 +14,7 @@ IOControlForm::IOControlForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->HeadingLabel);
     UseValueFont(ui_->IOControlLabel);
     ShowBadge(ui_->BadgeLabel);
-    bits_ = std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 16)),
-                                     BitNames(IOControlFields, 16));
+    bits_ = RegisterBits(RegisterMap::IOControlFields);
     switchPins_ = {
         {ui_->OptP1Power, ui_->OptP1Tri, ui_->OptP1IO, ui_->OptP1High, ui_->OptP1Low, &P1Function,
          &P1Status},
@@ -149,8 +148,10 @@ void IOControlForm::EnableLevels(const SwitchPin& pin, bool enabled) {
 
 void IOControlForm::ShowFunction(const SwitchPin& pin, bool power) {
     EnableStatus(pin, !power);
-    if (power || pin.driven->isChecked()) {
-        EnableLevels(pin, !power);
+    if (power) {
+        EnableLevels(pin, false);
+    } else if (pin.driven->isChecked()) {
+        EnableLevels(pin, true);
     }
 }
 

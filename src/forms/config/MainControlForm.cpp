@@ -26,9 +26,7 @@ MainControlForm::MainControlForm(Services& services, QWidget* parent)
     };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &MainControlForm::reject);
-    Load(std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)),
-                                  BitNames(RegisterMap::MainControlFields, 8)),
-         ui_->mainControlLabel, channels);
+    Load(RegisterBits(RegisterMap::MainControlFields), ui_->mainControlLabel, channels);
 }
 
 MainControlForm::~MainControlForm() = default;

@@ -9,15 +9,6 @@
 #include "ui_ModeForm.h"
 
 namespace vx3260 {
-namespace {
-
-constexpr std::int32_t internalZero = 4;
-constexpr std::int32_t internalFull = 5;
-constexpr std::int32_t systemZero = 6;
-constexpr std::int32_t systemFull = 7;
-
-}  // namespace
-
 ModeForm::ModeForm(Services& services, QWidget* parent)
     : RegisterForm(services, RegisterMap::Mode, parent), ui_(std::make_unique<Ui::ModeForm>()) {
     ui_->setupUi(this);
@@ -25,14 +16,13 @@ ModeForm::ModeForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->modeLabel);
     ShowBadge(ui_->BadgeLabel);
-    bits_ = std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)),
-                                     BitNames(RegisterMap::ModeFields, 8));
+    bits_ = RegisterBits(RegisterMap::ModeFields);
     modes_ = {ui_->OptMD0, ui_->OptMD1, ui_->OptMD2, ui_->OptMD3,
               ui_->OptMD4, ui_->OptMD5, ui_->OptMD6, ui_->OptMD7};
     ConnectOptions();
     On(ui_->Command3, &QPushButton::clicked, &ModeForm::reject);
 
-    KeepValue(ReadRegister());
+    WhileLoading([this] { KeepValue(ReadRegister()); });
     RefreshModeForm();
 }
 
@@ -58,18 +48,26 @@ void ModeForm::ConnectOptions() {
          smallP,
          {.afterReadBack = [this] { ui_->CalLabel->clear(); }}},
     });
-    OnSelected(ui_->OptMD4, [this] { CalibrateInternalZero(); });
-    OnSelected(ui_->OptMD5, [this] { CalibrateAndReadBack(internalFull); });
-    OnSelected(ui_->OptMD6, [this] {
-        AskForSignal("Please Connect a Zero Scale signal to the Analog Input",
-                     MessageIcon::Information);
-        CalibrateAndReadBack(systemZero);
+    OnCalibration(ui_->OptMD4, [this] { CalibrateInternalZero(); });
+    OnCalibration(ui_->OptMD5, [this] { CalibrateAndReadBack(InternalFullScale); });
+    OnCalibration(ui_->OptMD6, [this] {
+        Show({.text = "Please Connect a Zero Scale signal to the Analog Input",
+              .icon = MessageIcon::Information});
+        CalibrateAndReadBack(SystemZeroScale);
     });
     // Icon and small "c" differ from the zero scale's by design.
-    OnSelected(ui_->OptMD7, [this] {
-        AskForSignal("Please connect a Full Scale signal to the Analog Input",
-                     MessageIcon::Question);
-        CalibrateAndReadBack(systemFull);
+    OnCalibration(ui_->OptMD7, [this] {
+        Show({.text = "Please connect a Full Scale signal to the Analog Input",
+              .icon = MessageIcon::Question});
+        CalibrateAndReadBack(SystemFullScale);
+    });
+}
+
+void ModeForm::OnCalibration(QRadioButton* option, const std::function<void()>& calibrate) {
+    OnSelected(option, [this, calibrate] {
+        if (!Loading()) {
+            calibrate();
+        }
     });
 }
 
@@ -101,30 +99,25 @@ void ModeForm::RefreshModeForm() {
     });
 }
 
-void ModeForm::AskForSignal(std::string_view text, MessageIcon icon) {
-    if (!Loading()) {
-        Show({.text = std::string(text), .icon = icon});
-    }
-}
-
 /// Starts the calibration and waits for data-ready. The chip leaves the mode on its own.
 void ModeForm::Calibrate(std::int32_t mode) {
     KeepValue(ReadRegister());
-    Register().RegValue = RegisterMap::OperatingMode.Insert(State().ModeRegisterValue, mode);
-    Register().WriteReg();
+    ChipRegister().RegValue = RegisterMap::OperatingMode.Insert(State().ModeRegisterValue, mode);
+    ChipRegister().WriteReg();
     ui_->CalLabel->setText(tr("VX3260 Calibrating"));
     ui_->CalLabel->repaint();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto waited = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-    if (!WaitForCalibration(Shared().port, State().PortAddress)) {
+    if (!WaitForTheEnd()) {
         Show({.text = "Error Calibrating VX3260", .icon = MessageIcon::Exclamation});
     }
 }
 
+bool ModeForm::WaitForTheEnd() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto waited = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    return WaitForCalibration(Shared().port, State().PortAddress);
+}
+
 void ModeForm::CalibrateAndReadBack(std::int32_t mode) {
-    if (Loading()) {
-        return;
-    }
     Calibrate(mode);
     KeepValue(ReadRegister());
     ui_->CalLabel->clear();
@@ -132,12 +125,9 @@ void ModeForm::CalibrateAndReadBack(std::int32_t mode) {
 }
 
 /// Unlike the others the register is not read again, by design: the form shows it as it was before
-/// the calibration.
+/// the calibration. The "0" lasts only until that.
 void ModeForm::CalibrateInternalZero() {
-    if (Loading()) {
-        return;
-    }
-    Calibrate(internalZero);
+    Calibrate(RegisterMap::InternalZeroScale);
     ui_->CalLabel->clear();
     ui_->modeLabel->setText(QStringLiteral("0"));
     RefreshModeForm();

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
-#include <string_view>
 
 #include "forms/config/RegisterForm.h"
 #include "ui/BitRow.h"
@@ -30,8 +30,10 @@ class ModeForm final : public RegisterForm {
     void RefreshBitLabels();
     void RefreshModeForm();
 
-    void AskForSignal(std::string_view text, MessageIcon icon);
+    /// Connects an option that starts a calibration; not called while the form loads.
+    void OnCalibration(QRadioButton* option, const std::function<void()>& calibrate);
     void Calibrate(std::int32_t mode);
+    bool WaitForTheEnd();
     void CalibrateInternalZero();
     void CalibrateAndReadBack(std::int32_t mode);
 

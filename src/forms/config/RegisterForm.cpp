@@ -1,6 +1,7 @@
 #include "forms/config/RegisterForm.h"
 
 #include <QScopeGuard>
+#include <QString>
 #include <algorithm>
 #include <utility>
 
@@ -15,8 +16,7 @@ void Do(const std::function<void()>& step) {
     }
 }
 
-}  // namespace
-
+/// What each bit of a register belongs to, from bit `bits` - 1 down to bit 0; empty where none.
 std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bits) {
     std::vector<QString> names;
     for (int bit = bits - 1; bit >= 0; --bit) {
@@ -29,6 +29,8 @@ std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bi
     }
     return names;
 }
+
+}  // namespace
 
 RegisterForm::RegisterForm(Services& services, const RegisterMap::RegisterAccess& access,
                            QWidget* parent)
@@ -75,6 +77,13 @@ void RegisterForm::SelectOption(const RegisterMap::Field& field, std::int32_t va
 
 std::int32_t RegisterForm::ReadRegister() {
     return ToInt32(register_.ReadReg());
+}
+
+std::unique_ptr<BitRow> RegisterForm::RegisterBits(
+    std::span<const RegisterMap::Field> fields) const {
+    const int bits = register_.WordLength;
+    return std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, bits)),
+                                    BitNames(fields, bits));
 }
 
 void RegisterForm::WhileLoading(const std::function<void()>& refresh) {

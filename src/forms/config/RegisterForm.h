@@ -1,23 +1,21 @@
 #pragma once
 
 #include <QRadioButton>
-#include <QString>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
 
+#include "forms/config/ErrorTexts.h"
 #include "link/FieldWrite.h"
 #include "link/Register.h"
 #include "link/RegisterFields.h"
+#include "ui/BitRow.h"
 #include "ui/Form.h"
 
 namespace vx3260 {
-
-/// The two spellings of the one message, both as designed.
-inline constexpr std::string_view ErrorProgramming = "Error Programming VX3260";
-inline constexpr std::string_view ErrorProgrammingSmallP = "Error programming VX3260";
 
 /// What a click on an option button does beyond the common steps. Each may be left empty.
 struct OptionSteps {
@@ -39,9 +37,6 @@ struct Option {
     OptionSteps steps{};
 };
 
-/// What each bit of a register belongs to, from bit `bits` - 1 down to bit 0; empty where none.
-std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bits);
-
 /// The pattern of the configuration dialogs, once: read the register, change one field, write it,
 /// read it back, compare, refresh the display. A form is a table of options and their exceptions.
 ///
@@ -60,7 +55,10 @@ class RegisterForm : public Form {
     void SelectOption(const RegisterMap::Field& field, std::int32_t value);
 
     std::int32_t ReadRegister();
-    vx3260::Register& Register() { return register_; }
+    Register& ChipRegister() { return register_; }
+
+    /// A row for the register's bits: the labels "Label1" (most significant) and up.
+    std::unique_ptr<BitRow> RegisterBits(std::span<const RegisterMap::Field> fields) const;
 
     bool Loading() { return State().FormLoading != 0; }
     /// Runs `refresh` with FormLoading set.
@@ -74,7 +72,7 @@ class RegisterForm : public Form {
   private:
     void Program(const Option& option);
 
-    vx3260::Register register_;
+    Register register_;
     std::vector<Option> options_;
 };
 

@@ -13,12 +13,6 @@
 #include "ui_ProgramForm.h"
 
 namespace vx3260 {
-namespace {
-
-constexpr std::int16_t powerDown = 0;
-
-}  // namespace
-
 ProgramForm::ProgramForm(Services& services, QWidget* parent)
     : Form(services, parent),
       ui_(std::make_unique<Ui::ProgramForm>()),
@@ -43,7 +37,7 @@ void ProgramForm::OpenFilterform() {
     modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
     modeRegister_.WordLength = RegisterMap::Mode.wordLength;
     const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
-    if ((mode & RegisterMap::ModeMask) != powerDown) {
+    if ((mode & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
         Show({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
                       "Register",
               .icon = MessageIcon::Exclamation});

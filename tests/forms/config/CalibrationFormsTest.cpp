@@ -145,6 +145,7 @@ TEST_F(CalibrationFormsTest, RefuseEachKeyOutsidePowerDown) {
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Delete, Qt::Key_F5, Qt::Key_Home}) {
         QTest::keyClick(&Box("MainZeroText"), key);
     }
+    QTest::keyClick(&Box("MainZeroText"), Qt::Key_1, Qt::ControlModifier);
     EXPECT_EQ(bench.messages.shown.size(), 4U);
     EXPECT_EQ(bench.Chip().Contents(mainZeroScaleAt), 0x800000U);
 }

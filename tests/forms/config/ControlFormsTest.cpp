@@ -101,6 +101,16 @@ TEST(ControlForms, ShowDecimalAfterLoadingAndHexadecimalAfterAClick) {
     ExpectTexts(aux, {{"AuxControlLabel", "185"}});
 }
 
+TEST(MainControlForm, FollowsEnableAndWordLengthOnEachRefresh) {
+    SimulatedBench bench;
+    const MainControlForm form(*bench.services);
+    bench.Chip().Preset(mainControlAt, 0x47);
+    bench.messages.atBox = [] { ADD_FAILURE(); };
+    Click(form, "Opt640");
+    EXPECT_TRUE(Find<QRadioButton>(form, "OptMainDis").isChecked());
+    EXPECT_TRUE(Find<QRadioButton>(form, "Opt16").isChecked());
+}
+
 TEST(ControlForms, KeepTheClickedConditionsWhereTheChipDidNotTakeThem) {
     Faults faults;
     AddFault("dout-stuck-low", faults);

@@ -21,14 +21,16 @@ class IOControlFormTest : public testing::Test {
     }
     QRadioButton& Option(const char* name) { return Find<QRadioButton>(*form, name); }
     void Update() { Find<QPushButton>(*form, "Command2").click(); }
-    /// Tri-state, driven, high, low of P1: "E" for enabled, "-" for not.
-    std::string EnabledOfP1() {
+    /// Tri-state, driven, high, low of a pin: "E" for enabled, "-" for not.
+    std::string Enabled(std::initializer_list<const char*> names) {
         std::string text;
-        for (const char* name : {"OptP1Tri", "OptP1IO", "OptP1High", "OptP1Low"}) {
+        for (const char* name : names) {
             text += Option(name).isEnabled() ? 'E' : '-';
         }
         return text;
     }
+    std::string EnabledOfP1() { return Enabled({"OptP1Tri", "OptP1IO", "OptP1High", "OptP1Low"}); }
+    std::string EnabledOfP2() { return Enabled({"OptP2Tri", "OptP2IO", "optP2High", "OptP2Low"}); }
 
     SimulatedBench bench;
     std::unique_ptr<IOControlForm> form;
@@ -42,6 +44,8 @@ TEST_F(IOControlFormTest, EnablesWhatThePinsFunctionAllows) {
     for (const auto& c : atLoad) {
         Open(c.value);
         EXPECT_EQ(EnabledOfP1(), c.enabled) << c.value;
+        Open(c.value << 1);  // P2's bits lie one higher
+        EXPECT_EQ(EnabledOfP2(), c.enabled) << c.value;
     }
     Open(0x0010);
     Option("OptP1Power").click();

@@ -39,6 +39,7 @@ TEST_F(ModeFormTest, CalibratesAndReadsTheRegisterAgain) {
         Open();
         bench->Chip().Preset(modeAt, 0x53);
         EXPECT_EQ(Label("CalLabel"), QString());
+        bench->messages.atBox = [this] { EXPECT_EQ(bench->Chip().Contents(modeAt), 0x53U); };
         Click(c.option);
         EXPECT_EQ(bench->messages.Texts().size(), *c.prompt == '\0' ? 0U : 1U);
         if (*c.prompt != '\0') {
@@ -68,6 +69,10 @@ TEST_F(ModeFormTest, TellsACalibrationThatDoesNotEnd) {
     AddFault("rdy-stuck-high", faults);
     for (const char* option : {"OptMD4", "OptMD5"}) {
         Open(faults);
+        bench->messages.atBox = [this] {
+            EXPECT_EQ(Label("CalLabel"), QStringLiteral("VX3260 Calibrating"));
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        };
         Click(option);
         EXPECT_EQ(bench->messages.Texts(), std::vector<std::string>{"Error Calibrating VX3260"});
         EXPECT_EQ(bench->messages.shown.at(0).icon, MessageIcon::Exclamation);

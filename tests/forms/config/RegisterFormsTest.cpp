@@ -187,9 +187,11 @@ TEST(RegisterForms, TellWhenTheReadBackDiffers) {
     struct {
         const char* fault;
         std::uint32_t reads;
-    } const faults[] = {{"dout-stuck-high", 0xFFFF}, {"dout-stuck-low", 0}};
+    } const faults[] = {
+        {"dout-stuck-high", 0xFFFF}, {"dout-stuck-low", 0}, {"board-gone=0", 0xFFFF}};
     for (const FormRows& form : AllForms()) {
         for (const Row& row : form.rows) {
+            bool clicked = false;
             for (const auto& fault : faults) {
                 Faults wires;
                 AddFault(fault.fault, wires);
@@ -200,6 +202,7 @@ TEST(RegisterForms, TellWhenTheReadBackDiffers) {
                 if (option.isChecked()) {
                     continue;
                 }
+                clicked = true;
                 option.setEnabled(true);
                 option.click();
                 ASSERT_EQ(bench.messages.Texts(), std::vector<std::string>{ErrorOf(form, row)})
@@ -210,6 +213,7 @@ TEST(RegisterForms, TellWhenTheReadBackDiffers) {
                 const QString after = Find<QLabel>(*opened, form.valueLabel).text();
                 EXPECT_EQ(after, stays ? before : Hex(fault.reads & 0xFFU)) << row.option;
             }
+            EXPECT_TRUE(clicked) << row.option;
         }
     }
 }

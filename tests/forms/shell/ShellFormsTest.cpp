@@ -158,7 +158,7 @@ TEST(AboutForm, StartsTheSystemsInformationProgram) {
     const struct {
         std::map<std::string, std::string> registry;
         const char* existing;
-        std::optional<std::string> desktop;
+        std::vector<std::string> desktop;
         bool starts;
         const char* started;
         std::size_t messages;
@@ -166,8 +166,8 @@ TEST(AboutForm, StartsTheSystemsInformationProgram) {
         {{{key, "C:\\a.exe"}, {folder, "D:\\m"}}, "", {}, true, "C:\\a.exe", 0},
         {{{folder, "D:\\m"}}, "D:\\m\\MSINFO32.EXE", {}, true, "D:\\m\\MSINFO32.EXE", 0},
         {{{folder, "D:\\m"}}, "", {}, true, "", 1},
-        {{}, "", "/usr/bin/info", true, "/usr/bin/info", 0},
-        {{}, "", "/usr/bin/info", false, "/usr/bin/info", 1},
+        {{}, "", {"/usr/bin/info"}, true, "/usr/bin/info", 0},
+        {{}, "", {"/usr/bin/info"}, false, "/usr/bin/info", 1},
         {{}, "", {}, true, "", 1},
     };
     for (const auto& c : cases) {
