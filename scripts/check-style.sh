@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks the sources' format, their layers and the scripts, then runs clang-tidy over what the
-# debug build compiles. Installs what it needs. "--fast" leaves clang-tidy out.
+# debug build compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -17,7 +17,7 @@ if [ "${1:-}" != --fast ]; then
     Build debug
     # What is compiled here; sources made by uic and moc are not ours to tidy.
     sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/debug/compile_commands.json |
-        grep -v "^$PWD/build/" |
+        grep "^$PWD/src/" |
         xargs -P "$(nproc)" -n 2 clang-tidy -p build/debug --quiet 2>/dev/null || failed=1
 fi
 

@@ -36,9 +36,12 @@ std::string FindInPath(const std::string& program) {
     const char* const path = std::getenv("PATH");
     std::istringstream folders(path == nullptr ? "" : path);
     for (std::string folder; std::getline(folders, folder, ':');) {
-        std::string candidate = folder + "/" + program;
-        if (!folder.empty() && IsProgram(candidate)) {
-            return candidate;
+        if (folder.empty()) {
+            continue;
+        }
+        folder.append("/").append(program);
+        if (IsProgram(folder)) {
+            return folder;
         }
     }
     return {};
@@ -47,6 +50,7 @@ std::string FindInPath(const std::string& program) {
 /// In a process of its own: becomes the program, or writes to `failure` and ends.
 [[noreturn]] void BecomeProgram(const std::vector<std::string>& command, int failure) {
     std::vector<char*> words;
+    words.reserve(command.size() + 1);
     for (const std::string& word : command) {
         words.push_back(const_cast<char*>(word.c_str()));
     }
