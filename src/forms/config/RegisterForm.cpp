@@ -86,6 +86,16 @@ std::unique_ptr<BitRow> RegisterForm::RegisterBits(
                                     BitNames(fields, bits));
 }
 
+void RegisterForm::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    const QList<QRadioButton*> buttons = findChildren<QRadioButton*>();
+    const auto selected = std::find_if(buttons.begin(), buttons.end(),
+                                       [](const QRadioButton* b) { return b->isChecked(); });
+    if (selected != buttons.end()) {
+        (*selected)->setFocus();
+    }
+}
+
 void RegisterForm::WhileLoading(const std::function<void()>& refresh) {
     std::int16_t& loading = State().FormLoading;
     loading = 1;

@@ -64,6 +64,9 @@ class RegisterForm : public Form {
     /// Runs `refresh` with FormLoading set.
     void WhileLoading(const std::function<void()>& refresh);
 
+    /// The arrow keys go on from the option that is selected, not from the first one.
+    void showEvent(QShowEvent* event) override;
+
     /// Where the form keeps the register as it was read.
     virtual void KeepValue(std::int32_t value) = 0;
     /// Refreshes the display after a write that was read back.

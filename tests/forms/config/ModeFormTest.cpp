@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 #include "support/Forms.h"
 #include "support/SimulatedBench.h"
 
@@ -51,6 +53,18 @@ TEST_F(ModeFormTest, CalibratesAndReadsTheRegisterAgain) {
         EXPECT_EQ(Label("CalLabel"), QString());
         EXPECT_EQ(bench->state.ModeRegisterValue, 0x51);
     }
+}
+
+TEST_F(ModeFormTest, IsGoneThroughWithTheArrowKeys) {
+    Open();
+    form->show();
+    form->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    EXPECT_TRUE(Find<QRadioButton>(*form, "OptMD3").hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(bench->Chip().Contents(modeAt), 0x02U);
+    QTest::keyClick(form.get(), Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
 }
 
 TEST_F(ModeFormTest, ShowsTheRegisterOfBeforeAnInternalZeroCalibration) {
