@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QTest>
 
@@ -101,6 +102,15 @@ TEST_F(CalibrationFormsTest, TakeAnEntryOnEnter) {
         EXPECT_EQ(Box(c.box).text(), QString::fromLatin1(c.shown)) << c.typed;
         EXPECT_TRUE(bench.messages.shown.empty()) << c.typed;
     }
+}
+
+TEST_F(CalibrationFormsTest, TakeAPastedText) {
+    Open<MainCalForm>();
+    QApplication::clipboard()->setText(QStringLiteral("123456"));
+    Box("MainZeroText").selectAll();
+    Box("MainZeroText").paste();
+    QTest::keyClick(&Box("MainZeroText"), Qt::Key_Return);
+    EXPECT_EQ(bench.Chip().Contents(mainZeroScaleAt), 0x123456U);
 }
 
 TEST_F(CalibrationFormsTest, TellWhenTheReadBackDiffers) {

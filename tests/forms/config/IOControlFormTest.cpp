@@ -93,6 +93,17 @@ TEST_F(IOControlFormTest, TakesAnInputForGoodWhileItsPinReadsHigh) {
     EXPECT_TRUE(Option("OptP4High").isVisible());
 }
 
+TEST(IOControlForm, TakesAnInputForGoodOnALineThatIsStuckHigh) {
+    Faults faults;
+    AddFault("dout-stuck-high", faults);
+    SimulatedBench bench(faults);
+    const IOControlForm form(*bench.services);
+    for (const char* option : {"OptP3In", "OptP4In"}) {
+        Find<QRadioButton>(form, option).click();
+        EXPECT_TRUE(bench.messages.shown.empty()) << option;
+    }
+}
+
 TEST_F(IOControlFormTest, HasItsTexts) {
     Open(0);
     EXPECT_EQ(form->windowTitle(),
