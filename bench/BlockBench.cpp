@@ -70,7 +70,7 @@ void StatisticsOf5000(benchmark::State& state) {
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
     reader.ReadEnables();
     ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
-    const NoiseConditions conditions = MainNoiseConditions(2.5F, 7, Polarity::Bipolar);
+    const ConversionConditions conditions = MainConditions(2.5F, 7, Polarity::Bipolar);
     for (auto _ : state) {
         benchmark::DoNotOptimize(AnalyseNoise(bench.state.MainCodes, conditions));
     }

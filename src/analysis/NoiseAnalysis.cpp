@@ -3,16 +3,12 @@
 #include <cmath>
 #include <limits>
 
-#include "link/RegisterMap.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr int mainBits = 24;
-constexpr double fullScaleOfReference = 1.024;
-constexpr int largestRangeCode = 7;
 constexpr double nanovoltsPerVolt = 1e9;
 
 /// How a voltage is shown, below a limit in nanovolts.
@@ -45,16 +41,6 @@ std::string VoltageText(double nanovolts, std::span<const VoltageScale> scales) 
            std::string(scales[i].unit);
 }
 
-/// The two largest ranges are named in volts and without a blank before the unit.
-std::string MainRangeText(int rangeCode, Polarity polarity) {
-    const std::string prefix = polarity == Polarity::Unipolar ? "" : "± ";
-    const float range = RegisterMap::InputRanges.at(static_cast<std::size_t>(rangeCode));
-    if (rangeCode >= largestRangeCode - 1) {
-        return prefix + ShortestText(range) + "V";
-    }
-    return prefix + ShortestText(range * 1000.0F) + " mV";
-}
-
 std::string LsbText(double lsbVolts) {
     constexpr double microvolt = 1e-6;
     return lsbVolts > microvolt ? FormatNumber(lsbVolts * 1e6, "0.###") + " uV"
@@ -62,12 +48,11 @@ std::string LsbText(double lsbVolts) {
 }
 
 /// The sign is dropped by design: a negative average shows as its magnitude.
-double AverageNanovolts(const NoiseConditions& conditions, float averageCode) {
-    const double codesFromZero = std::floor(averageCode) - conditions.zeroCode;
-    return std::abs(codesFromZero * conditions.lsbVolts * nanovoltsPerVolt);
+double AverageNanovolts(const ConversionConditions& conditions, float averageCode) {
+    return std::abs(conditions.VoltsOf(std::floor(averageCode)) * nanovoltsPerVolt);
 }
 
-NoiseTexts TextsOf(std::size_t count, const NoiseConditions& conditions,
+NoiseTexts TextsOf(std::size_t count, const ConversionConditions& conditions,
                    const BlockStatistics& statistics) {
     const double lsbNanovolts = conditions.lsbVolts * nanovoltsPerVolt;
     const std::int32_t span = Difference(statistics.maxCode, statistics.minCode);
@@ -97,32 +82,15 @@ bool RefusedByCount(MessageBoxes& messages, std::int32_t count) {
     return true;
 }
 
-NoiseConditions MainNoiseConditions(float referenceVoltage, int rangeCode, Polarity polarity) {
-    const double gain = std::ldexp(1.0, largestRangeCode - rangeCode);
-    const int polarityFactor = static_cast<int>(polarity);
-    return {
-        .referenceVoltage = referenceVoltage,
-        .inputRange = RegisterMap::InputRanges.at(static_cast<std::size_t>(rangeCode)),
-        .polarity = polarity,
-        .lsbVolts =
-            std::ldexp(referenceVoltage * fullScaleOfReference / gain * polarityFactor, -mainBits),
-        .zeroCode = polarity == Polarity::Unipolar ? 0.0 : std::ldexp(1.0, mainBits - 1),
-        .rangeText = MainRangeText(rangeCode, polarity),
-    };
-}
-
-NoiseConditions MainNoiseConditionsOf(float referenceVoltage, std::int16_t mainControl) {
-    const bool unipolar = (mainControl & RegisterMap::UnipolarMask) != 0;
-    return MainNoiseConditions(referenceVoltage, mainControl & RegisterMap::RangeMask,
-                               unipolar ? Polarity::Unipolar : Polarity::Bipolar);
-}
-
-NoiseAnalysis AnalyseNoise(std::span<const double> codes, const NoiseConditions& conditions) {
+NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& conditions) {
     const BlockStatistics statistics = ComputeStatistics(codes);
+    const ExactStatistics exact = ComputeExactStatistics(codes);
+    const std::int32_t span = Difference(statistics.maxCode, statistics.minCode);
     return {.conditions = conditions,
             .count = codes.size(),
             .statistics = statistics,
-            .exact = ComputeExactStatistics(codes),
+            .exact = exact,
+            .resolution = ComputeResolution(codes.size(), exact.sigma, span, conditions.Bits()),
             .texts = TextsOf(codes.size(), conditions, statistics)};
 }
 

@@ -6,9 +6,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "analysis/ConversionConditions.h"
 #include "analysis/NoiseStatistics.h"
-#include "app/ApplicationState.h"
+#include "analysis/Resolution.h"
 #include "app/MessageBoxes.h"
 
 namespace vx3260 {
@@ -27,24 +29,6 @@ inline constexpr std::string_view CountRefusal =
 
 /// Shows the refusal where the count does not fit.
 bool RefusedByCount(MessageBoxes& messages, std::int32_t count);
-
-/// Under which conditions a block was read: what turns its codes into volts.
-struct NoiseConditions {
-    float referenceVoltage;  ///< volts
-    float inputRange;        ///< volts
-    Polarity polarity;
-    double lsbVolts;  ///< size of one code
-    double zeroCode;  ///< code of zero volts: mid-scale when bipolar, else 0
-    std::string rangeText;
-};
-
-/// Conditions of the main ADC. One code is
-/// reference x 1.024 / 2^(7 - rangeCode) x (1 unipolar, 2 bipolar) / 2^24 volts, this system's own
-/// definition. `rangeCode` is 0 to 7.
-NoiseConditions MainNoiseConditions(float referenceVoltage, int rangeCode, Polarity polarity);
-
-/// Conditions of the main ADC from the value of its control register.
-NoiseConditions MainNoiseConditionsOf(float referenceVoltage, std::int16_t mainControl);
 
 /// One figure of the noise forms.
 struct NoiseFigure {
@@ -72,15 +56,22 @@ inline constexpr std::array NoiseFigures{
 using NoiseTexts = std::array<std::string, NoiseFigures.size()>;
 
 struct NoiseAnalysis {
-    NoiseConditions conditions;
+    ConversionConditions conditions;
     std::size_t count;
     BlockStatistics statistics;
     ExactStatistics exact;
+    Resolution resolution;
     NoiseTexts texts;
 };
 
 /// Analyses a block. Throws as ComputeStatistics does, and OverflowError when the code span does
 /// not fit 32 bits: a block that ends in a time-out is none to analyse.
-NoiseAnalysis AnalyseNoise(std::span<const double> codes, const NoiseConditions& conditions);
+NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& conditions);
+
+/// A block with what its analysis found: what the plots draw.
+struct AnalysedBlock {
+    std::vector<double> codes;
+    NoiseAnalysis analysis;
+};
 
 }  // namespace vx3260

@@ -60,7 +60,7 @@ void CheckNoTimeout(std::span<const std::int32_t> codes, const std::string& file
     }
 }
 
-NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const NoiseConditions& conditions) {
+NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const ConversionConditions& conditions) {
     return AnalyseNoise(std::vector<double>(codes.begin(), codes.end()), conditions);
 }
 
@@ -106,7 +106,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
     WarnOfSuspiciousCodes(codes, err);
     const Polarity polarity = polarity_ == unipolarName ? Polarity::Unipolar : Polarity::Bipolar;
     try {
-        return Analyse(codes, MainNoiseConditions(referenceVoltage_, rangeCode_, polarity));
+        return Analyse(codes, MainConditions(referenceVoltage_, rangeCode_, polarity));
     } catch (const RuntimeError& error) {
         throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
     }
@@ -127,7 +127,8 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     EnsureContinuousConversion(services, context.streams.err);
     const auto control =
         static_cast<std::int16_t>(ReadRegister(services, RegisterMap::MainControl));
-    const NoiseConditions conditions = MainNoiseConditionsOf(referenceVoltage_, control);
+    const ConversionConditions conditions =
+        ConditionsOf(Converter::Main, referenceVoltage_, control);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),

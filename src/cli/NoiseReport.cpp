@@ -31,7 +31,7 @@ QJsonObject TextsOf(const NoiseAnalysis& analysis) {
 }
 
 QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
-    const NoiseConditions& conditions = analysis.conditions;
+    const ConversionConditions& conditions = analysis.conditions;
     const double reference = AsEntered(conditions.referenceVoltage);
     const double lsb = conditions.lsbVolts / conditions.referenceVoltage * reference;
     // AnalyseNoise has seen to it that the span fits.

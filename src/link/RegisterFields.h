@@ -78,8 +78,8 @@ inline constexpr FieldValue AuxChannelValues[] = {
     {0, "ain3"}, {1, "ain4"}, {2, "ain5-ain6"}, {3, "temperature"}, {4, "agnd"}};
 inline constexpr FieldValue ReferenceValues[] = {{0, "half"}, {1, "full"}};
 
-inline constexpr Field AuxChannel{"channel", "Input channel", 0x70, AuxChannelValues};
-inline constexpr Field Reference{"reference", "Reference", 0x01, ReferenceValues};
+inline constexpr Field AuxChannel{"channel", "Input channel", AuxChannelMask, AuxChannelValues};
+inline constexpr Field Reference{"reference", "Reference", FullReferenceMask, ReferenceValues};
 inline constexpr Field AuxControlFields[] = {Enable, AuxChannel, Polarity, Reference};
 
 inline constexpr Field FilterWord{"word", "Filter word", 0xFF};

@@ -45,6 +45,13 @@ inline constexpr std::int16_t SystemFullScale = 7;
 inline constexpr std::int16_t EnableMask = 0x80;
 inline constexpr std::int16_t UnipolarMask = 0x08;
 
+/// Aux ADC control register: full scale is the reference, or half of it when clear.
+inline constexpr std::int16_t FullReferenceMask = 0x01;
+
+/// Aux ADC control register, bits 6 to 4: the input channel.
+inline constexpr std::int16_t AuxChannelMask = 0x70;
+inline constexpr std::int16_t TemperatureSensor = 0x30;
+
 /// Main ADC control register, bits 2 to 0: the input range, in volts for each code.
 inline constexpr std::int16_t RangeMask = 0x07;
 inline constexpr std::array<float, 8> InputRanges{0.02F, 0.04F, 0.08F, 0.16F,

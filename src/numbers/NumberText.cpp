@@ -143,4 +143,32 @@ std::string FormatNumber(double value, std::string_view format) {
     return text;
 }
 
+std::string FixedText(double value, int decimals) {
+    const std::string places(static_cast<std::size_t>(decimals), '0');
+    return FormatNumber(value, decimals > 0 ? "0." + places : "0");
+}
+
+std::string SignificantText(double value, int digits) {
+    if (value == 0) {
+        return "0";
+    }
+    const int digitsBeforePoint = static_cast<int>(std::floor(std::log10(std::abs(value)))) + 1;
+    return FixedText(value, std::max(0, digits - digitsBeforePoint));
+}
+
+std::string VoltsText(double volts, int digits) {
+    struct Unit {
+        double volts;
+        std::string_view name;
+    };
+    constexpr Unit units[] = {{1, " V"}, {1e-3, " mV"}, {1e-6, " uV"}, {1e-9, " nV"}};
+    const double magnitude = std::abs(volts);
+    const auto* const last = std::end(units) - 1;
+    const auto* const unit =
+        magnitude == 0 ? std::begin(units)
+                       : std::find_if(std::begin(units), last,
+                                      [magnitude](const Unit& u) { return magnitude >= u.volts; });
+    return SignificantText(volts / unit->volts, digits) + std::string(unit->name);
+}
+
 }  // namespace vx3260

@@ -25,4 +25,16 @@ std::string ShortestText(float value);
 /// Throws OverflowError for a value that is not finite.
 std::string FormatNumber(double value, std::string_view format);
 
+/// A number with that many decimals and a point in every locale: 2.5 with 2 is "2.50". Throws
+/// OverflowError for a value that is not finite, as the two below do.
+std::string FixedText(double value, int decimals);
+
+/// A number to that many significant digits, never with an exponent; digits before the point are
+/// not dropped: 0.00123456 with 3 is "0.00123", 123456 with 3 is "123456".
+std::string SignificantText(double value, int digits);
+
+/// A voltage to that many significant digits in the largest of nV, uV, mV and V that leaves a digit
+/// before the point: "4.31 uV".
+std::string VoltsText(double volts, int digits);
+
 }  // namespace vx3260

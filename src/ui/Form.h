@@ -39,10 +39,11 @@ class Form : public QDialog {
     /// program. Selecting the one that is selected already is none.
     void OnSelected(QAbstractButton* option, const std::function<void()>& handler);
 
-    /// Opens another form and returns when it has been closed.
-    template <typename Opened>
-    void OpenForm() {
-        Opened form(services_, this);
+    /// Opens another form and returns when it has been closed. `given` is what its constructor
+    /// takes between the services and the parent.
+    template <typename Opened, typename... Given>
+    void OpenForm(const Given&... given) {
+        Opened form(services_, given..., this);
         form.exec();
     }
 

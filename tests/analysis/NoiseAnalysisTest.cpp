@@ -20,7 +20,7 @@ std::string TextOf(const NoiseAnalysis& analysis, std::string_view label) {
 
 NoiseAnalysis Analyse(const std::vector<double>& codes, int rangeCode = 7,
                       Polarity polarity = Polarity::Bipolar, float reference = 2.5F) {
-    return AnalyseNoise(codes, MainNoiseConditions(reference, rangeCode, polarity));
+    return AnalyseNoise(codes, MainConditions(reference, rangeCode, polarity));
 }
 
 TEST(NoiseAnalysis, NamesRangeAndLsbOfEverySetting) {
@@ -50,10 +50,59 @@ TEST(NoiseAnalysis, NamesRangeAndLsbOfEverySetting) {
 }
 
 TEST(NoiseAnalysis, ReadsRangeAndPolarityFromTheControlRegister) {
-    const NoiseConditions unipolar = MainNoiseConditionsOf(2.5F, 0x8E);
+    const ConversionConditions unipolar = ConditionsOf(Converter::Main, 2.5F, 0x8E);
     EXPECT_EQ(unipolar.inputRange, 1.28F);
     EXPECT_EQ(unipolar.polarity, Polarity::Unipolar);
-    EXPECT_EQ(MainNoiseConditionsOf(2.5F, 0xF0).rangeText, "± 20 mV");
+    EXPECT_EQ(ConditionsOf(Converter::Main, 2.5F, 0xF0).rangeText, "± 20 mV");
+}
+
+TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
+    const struct {
+        std::int16_t control;
+        const char* range;
+        double fullScale;
+        double lsb;
+        double zeroCode;
+    } cases[] = {
+        {0x01, "± REFIN2", 2.5, 2.5 * 2 / 65536, 32768},
+        {0x00, "± REFIN2 / 2", 1.25, 2.5 / 65536, 32768},
+        {0xF9, "REFIN2", 2.5, 2.5 / 65536, 0},
+        {0x38, "REFIN2 / 2", 1.25, 1.25 / 65536, 0},
+    };
+    for (const auto& c : cases) {
+        const ConversionConditions conditions = ConditionsOf(Converter::Aux, 2.5F, c.control);
+        EXPECT_EQ(conditions.rangeText, c.range);
+        EXPECT_EQ(conditions.inputRange, c.fullScale) << c.range;
+        EXPECT_DOUBLE_EQ(conditions.lsbVolts, c.lsb) << c.range;
+        EXPECT_EQ(conditions.zeroCode, c.zeroCode) << c.range;
+        EXPECT_NEAR(conditions.VoltsOf(65535.0), c.fullScale, 2 * c.lsb) << c.range;
+    }
+}
+
+TEST(NoiseAnalysis, GivesResolutionInTheTermsOfDataSheets) {
+    // Mean 1002, squared deviations 18 over 4, span 5.
+    const std::vector<double> codes{1000, 1003, 1000, 1005, 1002};
+    const NoiseAnalysis analysis = AnalyseNoise(codes, ConditionsOf(Converter::Aux, 2.5F, 0x09));
+    EXPECT_NEAR(analysis.resolution.rmsNoise, std::sqrt(18.0 / 4), 1e-12);
+    const struct {
+        const char* figure;
+        const char* volts;
+    } expected[] = {{"5", ""},
+                    {"2.12132 LSB", "80.9219 uV"},
+                    {"0.948683 LSB", "36.1894 uV"},
+                    {"14.0007 LSB", "534.085 uV"},
+                    {"14.92 bits", ""},
+                    {"13.68 bits", ""}};
+    const ResolutionTexts texts = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_EQ(texts[i].figure, expected[i].figure) << i;
+        EXPECT_EQ(texts[i].volts, expected[i].volts) << i;
+    }
+
+    const Resolution quiet = Analyse({7, 7, 7}).resolution;
+    EXPECT_EQ(TextsOf(quiet, 1)[1].volts, "0 V");
+    EXPECT_EQ(TextsOf(quiet, 1)[4].figure, "≥ 24 bits");
+    EXPECT_EQ(TextsOf(quiet, 1)[5].figure, "≥ 24 bits");
 }
 
 TEST(NoiseAnalysis, ShowsASmallBlock) {

@@ -78,5 +78,21 @@ TEST(NumberText, GivesSinglePrecisionItsShortestText) {
     EXPECT_EQ(ShortestText(2.56F), "2.56");
 }
 
+TEST(NumberText, KeepsDecimalsOrSignificantDigits) {
+    EXPECT_EQ(FixedText(2.5, 2), "2.50");
+    EXPECT_EQ(FixedText(-0.4, 0), "0");
+    EXPECT_EQ(SignificantText(0.00123456, 3), "0.00123");
+    EXPECT_EQ(SignificantText(-123456.7, 3), "-123457");
+    EXPECT_EQ(SignificantText(0, 3), "0");
+    const struct {
+        double volts;
+        const char* text;
+    } cases[] = {{0, "0 V"},           {-2.5, "-2.500 V"},    {0.9999, "999.9 mV"},
+                 {-1e-3, "-1.000 mV"}, {4.31e-6, "4.310 uV"}, {1.2e-10, "0.1200 nV"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(VoltsText(c.volts, 4), c.text);
+    }
+}
+
 }  // namespace
 }  // namespace vx3260

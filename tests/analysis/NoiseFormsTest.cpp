@@ -1,3 +1,4 @@
+#include "analysis/AuxNoiseForm.h"
 #include "analysis/MainNoiseForm.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ QString FromView(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-class MainNoiseFormTest : public testing::Test {
+class NoiseFormsTest : public testing::Test {
   protected:
     void Fill(std::vector<double> codes) {
         bench.state.MainCodeCount = static_cast<std::int16_t>(codes.size());
@@ -28,13 +29,13 @@ class MainNoiseFormTest : public testing::Test {
     SimulatedBench bench;
 };
 
-TEST_F(MainNoiseFormTest, ShowsTheFiguresUnderTheirCaptions) {
+TEST_F(NoiseFormsTest, ShowsTheFiguresUnderTheirCaptions) {
     Fill({8388608, 8388612, 8388616});
     bench.Chip().Preset(mainControlAt, 0x80);
     const MainNoiseForm form(*bench.services);
     EXPECT_EQ(form.windowTitle(), QStringLiteral("VX3260 Evaluation Software - Noise Analysis"));
     const NoiseTexts texts =
-        AnalyseNoise(bench.state.MainCodes, MainNoiseConditionsOf(2.5F, 0x80)).texts;
+        AnalyseNoise(bench.state.MainCodes, ConditionsOf(Converter::Main, 2.5F, 0x80)).texts;
     for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
         const NoiseFigure& figure = NoiseFigures[i];
         auto& value = Find<QLabel>(form, std::string(figure.label).c_str());
@@ -54,7 +55,7 @@ TEST_F(MainNoiseFormTest, ShowsTheFiguresUnderTheirCaptions) {
     EXPECT_EQ(Find<QLabel>(form, "BadgeLabel").text(), QStringLiteral("Simulated board"));
 }
 
-TEST_F(MainNoiseFormTest, LeavesItsFindingsInTheState) {
+TEST_F(NoiseFormsTest, LeavesItsFindingsInTheState) {
     Fill({1000, 1004, 1008});
     bench.state.MainCodes.resize(50, 9e6);  // a block that was interrupted after three codes
     bench.Chip().Preset(mainControlAt, 0x8F);
@@ -68,12 +69,37 @@ TEST_F(MainNoiseFormTest, LeavesItsFindingsInTheState) {
     EXPECT_NEAR(bench.state.LsbSize, 152.587890625, 1e-9);  // nanovolts
 }
 
-TEST_F(MainNoiseFormTest, DoesNotOpenOnATimeout) {
+TEST_F(NoiseFormsTest, AnalysesTheAuxBlockUnderItsOwnConditions) {
+    Fill({1, 2, 3});
+    bench.state.AuxCodes = {32768, 32770, 32772};
+    bench.state.AuxCodeCount = 3;
+    bench.Chip().Preset(auxControlAt, 0x80);
+    const AuxNoiseForm form(*bench.services);
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("VX3260 Evaluation Software - Noise Analysis"));
+    ExpectTexts(form, {{"HeadingLabel", "Aux ADC Noise Analysis"},
+                       {"RangeLabel", "± REFIN2 / 2"},
+                       {"LSBLabel", "38.147 uV"},
+                       {"AverageLabel", "8002"},
+                       {"AvValueLabel", "76.294 uV"},
+                       {"Frame4", "Resolution"},
+                       {"ReadingsLabel", "3"},
+                       {"ExactRMSLabelLSB", "2.00000 LSB"},
+                       {"ExactRMSLabel", "76.2939 uV"},
+                       {"StdErrorLabelLSB", "1.15470 LSB"},
+                       {"EstPkPkLabel", "503.540 uV"},
+                       {"EffectiveLabel", "15.00 bits"},
+                       {"NoiseFreeLabel", "14.00 bits"}});
+    EXPECT_EQ(bench.state.MaxCode, 32772);
+    EXPECT_NEAR(bench.state.LsbSize, 38146.97265625, 1e-6);  // nanovolts
+    EXPECT_EQ(bench.state.InputRange, 0.0F) << "the main ADC's";
+}
+
+TEST_F(NoiseFormsTest, DoesNotOpenOnATimeout) {
     Fill({8388608, -2147483648.0});
     EXPECT_THROW(MainNoiseForm(*bench.services, nullptr), OverflowError);
 }
 
-TEST_F(MainNoiseFormTest, HasItsButtons) {
+TEST_F(NoiseFormsTest, HasItsButtons) {
     Fill({1, 2});
     MainNoiseForm form(*bench.services);
     form.show();

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "analysis/NoiseForm.h"
+
+namespace vx3260 {
+
+/// The noise of the block of aux ADC codes.
+class AuxNoiseForm final : public NoiseForm {
+  public:
+    explicit AuxNoiseForm(Services& services, QWidget* parent = nullptr)
+        : NoiseForm(services, Converter::Aux, parent) {}
+};
+
+}  // namespace vx3260

@@ -1,0 +1,78 @@
+#include "analysis/ConversionConditions.h"
+
+#include <cmath>
+
+#include "link/RegisterMap.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr double fullScaleOfReference = 1.024;
+constexpr int largestRangeCode = 7;
+
+std::string Signed(Polarity polarity, const std::string& range) {
+    return (polarity == Polarity::Unipolar ? "" : "± ") + range;
+}
+
+/// The two largest ranges are named in volts and without a blank before the unit.
+std::string MainRangeText(int rangeCode) {
+    const float range = RegisterMap::InputRanges.at(static_cast<std::size_t>(rangeCode));
+    return rangeCode >= largestRangeCode - 1 ? ShortestText(range) + "V"
+                                             : ShortestText(range * 1000.0F) + " mV";
+}
+
+/// `fullScale` is the input of the largest code, in volts.
+double LsbVolts(double fullScale, Polarity polarity, int bits) {
+    return std::ldexp(fullScale * static_cast<int>(polarity), -bits);
+}
+
+double ZeroCode(Polarity polarity, int bits) {
+    return polarity == Polarity::Unipolar ? 0.0 : std::ldexp(1.0, bits - 1);
+}
+
+}  // namespace
+
+ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polarity polarity) {
+    const int bits = MainTraits.data.wordLength;
+    const double gain = std::ldexp(1.0, largestRangeCode - rangeCode);
+    return {
+        .converter = Converter::Main,
+        .referenceVoltage = referenceVoltage,
+        .inputRange = RegisterMap::InputRanges.at(static_cast<std::size_t>(rangeCode)),
+        .polarity = polarity,
+        .lsbVolts = LsbVolts(referenceVoltage * fullScaleOfReference / gain, polarity, bits),
+        .zeroCode = ZeroCode(polarity, bits),
+        .rangeText = Signed(polarity, MainRangeText(rangeCode)),
+    };
+}
+
+ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScale,
+                                   Polarity polarity) {
+    const int bits = AuxTraits.data.wordLength;
+    const bool half = fullScale == AuxFullScale::HalfReference;
+    const float volts = half ? referenceVoltage / 2 : referenceVoltage;
+    return {
+        .converter = Converter::Aux,
+        .referenceVoltage = referenceVoltage,
+        .inputRange = volts,
+        .polarity = polarity,
+        .lsbVolts = LsbVolts(volts, polarity, bits),
+        .zeroCode = ZeroCode(polarity, bits),
+        .rangeText = Signed(polarity, half ? "REFIN2 / 2" : "REFIN2"),
+    };
+}
+
+ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
+                                  std::int16_t control) {
+    const Polarity polarity =
+        (control & RegisterMap::UnipolarMask) != 0 ? Polarity::Unipolar : Polarity::Bipolar;
+    if (converter == Converter::Main) {
+        return MainConditions(referenceVoltage, control & RegisterMap::RangeMask, polarity);
+    }
+    const bool full = (control & RegisterMap::FullReferenceMask) != 0;
+    return AuxConditions(referenceVoltage,
+                         full ? AuxFullScale::Reference : AuxFullScale::HalfReference, polarity);
+}
+
+}  // namespace vx3260

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/ApplicationState.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// Under which conditions codes are read: what turns them into volts.
+struct ConversionConditions {
+    Converter converter;
+    float referenceVoltage;  ///< volts
+    float inputRange;        ///< volts: the main ADC's nominal range, the aux ADC's full scale
+    Polarity polarity;
+    double lsbVolts;        ///< size of one code
+    double zeroCode;        ///< code of zero volts: mid-scale when bipolar, else 0
+    std::string rangeText;  ///< as the noise forms show it
+
+    /// Width of a code: 24 or 16.
+    int Bits() const { return TraitsOf(converter).data.wordLength; }
+
+    /// The input voltage that a code stands for. It may be the mean of several codes.
+    double VoltsOf(double code) const { return (code - zeroCode) * lsbVolts; }
+};
+
+/// Conditions of the main ADC. One code is
+/// reference x 1.024 / 2^(7 - rangeCode) x (1 unipolar, 2 bipolar) / 2^24 volts, this system's own
+/// definition. `rangeCode` is 0 to 7.
+ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polarity polarity);
+
+/// What the aux ADC takes for full scale.
+enum class AuxFullScale { HalfReference, Reference };
+
+/// Conditions of the aux ADC. One code is full scale x (1 unipolar, 2 bipolar) / 2^16 volts.
+ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScale,
+                                   Polarity polarity);
+
+/// Conditions of a converter from the value of its control register.
+ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
+                                  std::int16_t control);
+
+}  // namespace vx3260

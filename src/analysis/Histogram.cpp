@@ -1,0 +1,62 @@
+#include "analysis/Histogram.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "numbers/Conversions.h"
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+std::int64_t FloorDivide(std::int64_t number, std::int64_t divisor) {
+    return number / divisor - (number % divisor < 0 ? 1 : 0);
+}
+
+std::int64_t BinsBetween(std::int64_t least, std::int64_t most, std::int64_t width) {
+    return FloorDivide(most, width) - FloorDivide(least, width) + 1;
+}
+
+std::int64_t WidthFor(std::int64_t least, std::int64_t most, std::int64_t mostBins) {
+    for (std::int64_t decade = 1;; decade *= 10) {
+        for (const std::int64_t width : {decade, 2 * decade, 5 * decade}) {
+            if (BinsBetween(least, most, width) <= mostBins) {
+                return width;
+            }
+        }
+    }
+}
+
+}  // namespace
+
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t mostBins) {
+    // Codes on both sides of 0 are in two bins at any width.
+    if (codes.empty() || mostBins < 2) {
+        throw SubscriptError();
+    }
+    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
+    const std::int64_t leastCode = ToInt32(*least);
+    const std::int64_t mostCode = ToInt32(*most);
+    const std::int64_t width = WidthFor(leastCode, mostCode, static_cast<std::int64_t>(mostBins));
+    Histogram histogram{FloorDivide(leastCode, width) * width, width, {}};
+    histogram.counts.resize(static_cast<std::size_t>(BinsBetween(leastCode, mostCode, width)));
+    for (const double code : codes) {
+        const std::int64_t offset = ToInt32(code) - histogram.firstCode;
+        ++histogram.counts[static_cast<std::size_t>(offset / width)];
+    }
+    return histogram;
+}
+
+double NormalCount(double code, const ExactStatistics& statistics, std::size_t readings,
+                   std::int64_t binWidth) {
+    if (statistics.sigma == 0) {
+        return 0;
+    }
+    const double z = (code - statistics.mean) / statistics.sigma;
+    const double density =
+        std::exp(-z * z / 2) / (statistics.sigma * std::sqrt(2 * std::numbers::pi));
+    return static_cast<double>(readings) * static_cast<double>(binWidth) * density;
+}
+
+}  // namespace vx3260

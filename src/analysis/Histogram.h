@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "analysis/NoiseStatistics.h"
+
+namespace vx3260 {
+
+/// How often the codes of a block occur. Bin i counts the codes from firstCode + i x binWidth on,
+/// binWidth of them.
+struct Histogram {
+    std::int64_t firstCode;  ///< a whole multiple of binWidth
+    std::int64_t binWidth;   ///< codes
+    std::vector<std::size_t> counts;
+
+    std::int64_t FirstCodeOf(std::size_t bin) const {
+        return firstCode + static_cast<std::int64_t>(bin) * binWidth;
+    }
+    /// The middle of the codes that a bin counts; between two codes where their number is even.
+    double CentreOf(std::size_t bin) const {
+        return static_cast<double>(FirstCodeOf(bin)) + static_cast<double>(binWidth - 1) / 2;
+    }
+};
+
+/// One bin per code while the block's codes fit into `mostBins`, else the smallest width of the
+/// series 1, 2, 5, 10, 20, 50 ... with which they do. The first bin and the last are never empty.
+/// Codes are rounded to whole ones. Throws SubscriptError for an empty block or less than 2 bins,
+/// OverflowError for codes beyond 32 bits.
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t mostBins);
+
+/// How many of `readings` codes a bin of `binWidth` codes around `code` is expected to count when
+/// they are normally distributed: readings x binWidth x the normal density. 0 where sigma is 0.
+double NormalCount(double code, const ExactStatistics& statistics, std::size_t readings,
+                   std::int64_t binWidth);
+
+}  // namespace vx3260

@@ -1,0 +1,107 @@
+#include "analysis/NoiseForm.h"
+
+#include "link/RegisterMap.h"
+#include "link/Serial.h"
+#include "ui/Fonts.h"
+#include "ui_NoiseForm.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr double nanovoltsPerVolt = 1e9;
+
+QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
+    auto* const label = form.findChild<QLabel*>(ToQString(name));
+    UseFixedFont(label);
+    label->setText(QString::fromStdString(text));
+}
+
+AnalysedBlock Analyse(const CodeBlock& block, const ConversionConditions& conditions) {
+    const auto codes =
+        std::span<const double>(block.codes).first(static_cast<std::size_t>(block.count));
+    return {{codes.begin(), codes.end()}, AnalyseNoise(codes, conditions)};
+}
+
+}  // namespace
+
+NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
+    : Form(services, parent),
+      ui_(std::make_unique<Ui::NoiseForm>()),
+      converter_(converter),
+      block_(Analyse(services.state.BlockOf(converter), ReadConditions())) {
+    ui_->setupUi(this);
+    ui_->HeadingLabel->setText(
+        tr("%1 ADC Noise Analysis").arg(ToQString(TraitsOf(converter).name)));
+    UseHeadingFont(ui_->HeadingLabel);
+    ShowBadge(ui_->BadgeLabel);
+    ui_->Command1->setEnabled(false);  // the plot of code against reading number
+    ui_->Command2->setEnabled(false);  // the histogram
+    On(ui_->Command3, &QPushButton::clicked, &NoiseForm::reject);
+
+    KeepStatistics();
+    ShowTexts();
+    ShowResolution();
+}
+
+NoiseForm::~NoiseForm() = default;
+
+ConversionConditions NoiseForm::ReadConditions() {
+    ApplicationState& state = State();
+    const RegisterMap::RegisterAccess& control = TraitsOf(converter_).control;
+    SerialWrite(Shared().port, control.readByte, state.PortAddress, 8);
+    const auto value =
+        static_cast<std::int16_t>(SerialRead(Shared().port, control.wordLength, state.PortAddress));
+    ConversionConditions conditions = ConditionsOf(converter_, state.ReferenceVoltage, value);
+    // The shared conversion conditions are the main ADC's.
+    if (converter_ == Converter::Main) {
+        state.InputRange = conditions.inputRange;
+        state.Polarity = conditions.polarity;
+    }
+    return conditions;
+}
+
+void NoiseForm::KeepStatistics() {
+    ApplicationState& state = State();
+    const NoiseAnalysis& analysis = block_.analysis;
+    state.MaxCode = analysis.statistics.maxCode;
+    state.MinCode = analysis.statistics.minCode;
+    state.AverageCode = analysis.statistics.averageCode;
+    state.RmsNoiseLsb = analysis.statistics.rmsNoiseLsb;
+    state.LsbSize = analysis.conditions.lsbVolts * nanovoltsPerVolt;
+}
+
+void NoiseForm::ShowTexts() {
+    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
+        ShowFigure(*this, NoiseFigures[i].label, block_.analysis.texts[i]);
+    }
+    const QString why = tr(
+        "The average is summed in single precision, 24 bits, as this form is designed. Near "
+        "mid-scale\nit may be tens of codes off, and the RMS noise is taken from it and rounded to "
+        "whole codes.\nThe frame \"Resolution\" has the figures in double precision.");
+    for (QLabel* label : {ui_->AvValueLabel, ui_->AverageLabel, ui_->RMSLabel, ui_->RMSLabelLSB}) {
+        label->setToolTip(why);
+    }
+}
+
+void NoiseForm::ShowResolution() {
+    const NoiseAnalysis& analysis = block_.analysis;
+    const ResolutionTexts texts = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
+    for (std::size_t i = 0; i < ResolutionRows.size(); ++i) {
+        ShowFigure(*this, ResolutionRows[i].label, texts[i].figure);
+        if (!ResolutionRows[i].voltsLabel.empty()) {
+            ShowFigure(*this, ResolutionRows[i].voltsLabel, texts[i].volts);
+        }
+    }
+    ui_->Frame4->setToolTip(
+        tr("In double precision, with N the number of readings, n the width of a code in bits and\n"
+           "sigma the standard deviation of the codes with the divisor N - 1.\n"
+           "Standard error of the mean: sigma / sqrt(N)\n"
+           "Effective resolution: log2(2^n / sigma)\n"
+           "Noise-free resolution: log2(2^n / (largest - smallest code))"));
+}
+
+}  // namespace vx3260

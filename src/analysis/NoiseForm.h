@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+
+#include "analysis/NoiseAnalysis.h"
+#include "ui/Form.h"
+
+namespace Ui {
+class NoiseForm;
+}
+
+namespace vx3260 {
+
+/// The noise of one converter's block, in codes and in volts; what MainNoiseForm and AuxNoiseForm
+/// share. Reads range and polarity from the chip when it opens, and leaves the block's statistics
+/// in the application state. Throws from its constructor on a block that cannot be analysed.
+class NoiseForm : public Form {
+    Q_OBJECT
+
+  public:
+    ~NoiseForm() override;
+
+  protected:
+    NoiseForm(Services& services, Converter converter, QWidget* parent);
+
+  private:
+    ConversionConditions ReadConditions();
+    void KeepStatistics();
+    void ShowTexts();
+    void ShowResolution();
+
+    std::unique_ptr<Ui::NoiseForm> ui_;
+    Converter converter_;
+    AnalysedBlock block_;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,61 @@
+#include "analysis/Histogram.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+#include "numbers/RuntimeError.h"
+
+namespace vx3260 {
+namespace {
+
+using Counts = std::vector<std::size_t>;
+
+TEST(Histogram, BinsCodesByWholeNumbers) {
+    struct {
+        std::vector<double> codes;
+        std::size_t mostBins;
+        std::int64_t firstCode;
+        std::int64_t width;
+        Counts counts;
+    } const cases[] = {
+        {{5}, 2, 5, 1, {1}},
+        {{7, 5, 7, 5, 5}, 3, 5, 1, {3, 0, 2}},         // as many bins as there may be
+        {{7, 5, 8, 5, 5}, 3, 4, 2, {3, 1, 1}},         // 4 and 5, 6 and 7, 8 and 9
+        {{0, 1, 2, 3, 4, 5, 10}, 3, 0, 5, {5, 1, 1}},  // never 3 or 4 wide
+        {{-3, -1, 0, 2}, 4, -4, 2, {1, 1, 1, 1}},      // counted downwards below 0 too
+        {{0, 1000}, 100, 0, 20, {}},
+        {{-2147483648.0, 2147483647.0}, 2, -5000000000, 5000000000, {1, 1}},
+    };
+    for (const auto& c : cases) {
+        const Histogram histogram = ComputeHistogram(c.codes, c.mostBins);
+        EXPECT_EQ(histogram.firstCode, c.firstCode) << c.codes[0];
+        EXPECT_EQ(histogram.binWidth, c.width) << c.codes[0];
+        if (!c.counts.empty()) {
+            EXPECT_EQ(histogram.counts, c.counts) << c.codes[0];
+        }
+        EXPECT_EQ(std::accumulate(histogram.counts.begin(), histogram.counts.end(), 0U),
+                  c.codes.size());
+        EXPECT_NE(histogram.counts.front(), 0U);
+        EXPECT_NE(histogram.counts.back(), 0U);
+    }
+    EXPECT_EQ((Histogram{10, 1, {}}).CentreOf(2), 12);
+    EXPECT_EQ((Histogram{10, 2, {}}).CentreOf(0), 10.5);
+    EXPECT_THROW(ComputeHistogram({}, 10), SubscriptError);
+    EXPECT_THROW(ComputeHistogram(std::vector<double>{3e9}, 10), OverflowError);
+}
+
+TEST(Histogram, ExpectsNormallyDistributedCodes) {
+    const ExactStatistics statistics{100, 2};
+    EXPECT_NEAR(NormalCount(100, statistics, 1000, 1), 199.471, 1e-3);  // 1000 / (2 sqrt(2 pi))
+    EXPECT_NEAR(NormalCount(104, statistics, 1000, 5), 134.977, 1e-3);  // x 5 exp(-2)
+    double all = 0;
+    for (int code = 80; code <= 120; ++code) {
+        all += NormalCount(code, statistics, 1000, 1);
+    }
+    EXPECT_NEAR(all, 1000, 1e-3);
+    EXPECT_EQ(NormalCount(100, {100, 0}, 1000, 1), 0);
+}
+
+}  // namespace
+}  // namespace vx3260
