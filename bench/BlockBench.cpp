@@ -44,7 +44,7 @@ void CountSpeed(benchmark::State& state) {
 void BlockOf5000(benchmark::State& state) {
     Bench bench;
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
-    reader.ReadEnables();
+    reader.ReadControls();
     for (auto _ : state) {
         ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
     }
@@ -68,7 +68,7 @@ BENCHMARK(BlockOf5000ThroughTheForm)->Unit(benchmark::kMillisecond);
 void StatisticsOf5000(benchmark::State& state) {
     Bench bench;
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
-    reader.ReadEnables();
+    reader.ReadControls();
     ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
     const ConversionConditions conditions = MainConditions(2.5F, 7, Polarity::Bipolar);
     for (auto _ : state) {

@@ -4,14 +4,6 @@
 #include "numbers/Conversions.h"
 
 namespace vx3260 {
-namespace {
-
-bool ReadEnableBit(Register& control) {
-    return (ToInt16(control.ReadReg()) & RegisterMap::EnableMask) != 0;
-}
-
-}  // namespace
-
 ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t& portAddress,
                                  Converter converter)
     : converter_(converter),
@@ -20,9 +12,13 @@ ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t&
       mainControl_(parallelPort, portAddress, RegisterMap::MainControl),
       auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
-void ConverterReader::ReadEnables() {
-    mainEnabled_ = ReadEnableBit(mainControl_);
-    auxEnabled_ = ReadEnableBit(auxControl_);
+void ConverterReader::ReadControls() {
+    mainControlValue_ = ToInt16(mainControl_.ReadReg());
+    auxControlValue_ = ToInt16(auxControl_.ReadReg());
+}
+
+bool ConverterReader::Enabled(Converter converter) const {
+    return (Control(converter) & RegisterMap::EnableMask) != 0;
 }
 
 std::int32_t ConverterReader::ReadCode() {

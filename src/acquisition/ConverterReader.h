@@ -17,11 +17,17 @@ class ConverterReader {
     ConverterReader(ParallelPort& parallelPort, const std::int16_t& portAddress,
                     Converter converter);
 
-    /// Reads both control registers, the main one first, and keeps which converters are enabled.
-    void ReadEnables();
+    /// Reads both control registers, the main one first, and keeps their values.
+    void ReadControls();
 
-    bool Enabled() const { return IsEnabled(converter_); }
-    bool BothEnabled() const { return mainEnabled_ && auxEnabled_; }
+    /// What ReadControls found in a converter's control register.
+    std::int16_t Control(Converter converter) const {
+        return converter == Converter::Main ? mainControlValue_ : auxControlValue_;
+    }
+    bool Enabled(Converter converter) const;
+
+    bool Enabled() const { return Enabled(converter_); }
+    bool BothEnabled() const { return Enabled() && Enabled(TwinOf(converter_)); }
 
     /// The next code, or ReadTimeout. A time-out of the twin is not looked at.
     std::int32_t ReadCode();
@@ -30,17 +36,13 @@ class ConverterReader {
     std::int32_t CodeAlongside() const { return codeAlongside_; }
 
   private:
-    bool IsEnabled(Converter converter) const {
-        return converter == Converter::Main ? mainEnabled_ : auxEnabled_;
-    }
-
     Converter converter_;
     ReadData data_;
     ReadData twinData_;
     Register mainControl_;
     Register auxControl_;
-    bool mainEnabled_ = false;
-    bool auxEnabled_ = false;
+    std::int16_t mainControlValue_ = 0;
+    std::int16_t auxControlValue_ = 0;
     std::int32_t codeAlongside_ = 0;
 };
 

@@ -49,11 +49,11 @@ ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size
     return ReadingEnd::Complete;
 }
 
-ReadingEnd StreamCodes(ConverterReader& reader, const std::function<void(std::int32_t)>& show,
-                       const ReadingHooks& hooks) {
+ReadingEnd StreamCodes(const std::function<std::int32_t()>& read,
+                       const std::function<void(std::int32_t)>& show, const ReadingHooks& hooks) {
     while (!StopRequested(hooks)) {
         BeforeEach(hooks);
-        const std::int32_t code = reader.ReadCode();
+        const std::int32_t code = read();
         if (code == ReadTimeout) {
             return ReadingEnd::TimedOut;
         }

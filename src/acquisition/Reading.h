@@ -42,8 +42,8 @@ void CheckBlockSize(std::int16_t size);
 ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size,
                      const ReadingHooks& hooks);
 
-/// Reads codes and hands each to `show` until a time-out or a stop.
-ReadingEnd StreamCodes(ConverterReader& reader, const std::function<void(std::int32_t)>& show,
-                       const ReadingHooks& hooks);
+/// Takes codes from `read` and hands each to `show` until `read` gives ReadTimeout or a stop.
+ReadingEnd StreamCodes(const std::function<std::int32_t()>& read,
+                       const std::function<void(std::int32_t)>& show, const ReadingHooks& hooks);
 
 }  // namespace vx3260

@@ -44,6 +44,9 @@ struct ApplicationState {
     float InputRange = 0;        ///< main ADC input range, volts
     vx3260::Polarity Polarity = vx3260::Polarity::Unset;
 
+    /// Of the temperature sensor on the aux ADC, in millivolts per kelvin.
+    float TemperatureSlope = 1;
+
     // The last block of each converter.
     std::vector<double> MainCodes;
     std::int16_t MainCodeCount = 0;

@@ -72,7 +72,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
                        std::int16_t count, const std::function<bool()>& stopRequested) {
     const std::string name = std::string(TraitsOf(converter).name) + " ADC";
     ConverterReader reader(services.port, services.state.PortAddress, converter);
-    reader.ReadEnables();
+    reader.ReadControls();
     if (!reader.Enabled()) {
         throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
     }

@@ -14,7 +14,7 @@ class ReadingTest : public testing::Test {
   protected:
     ReadingEnd Read(std::int16_t size, const ReadingHooks& hooks = {}) {
         ConverterReader reader(*bench.port, bench.state.PortAddress, Converter::Main);
-        reader.ReadEnables();
+        reader.ReadControls();
         return ReadBlock(reader, bench.state.BlockOf(Converter::Main), size, hooks);
     }
 

@@ -2,9 +2,14 @@
 
 #include <QKeyEvent>
 
+#include "analysis/AuxNoiseForm.h"
 #include "analysis/MainNoiseForm.h"
 #include "analysis/NoiseAnalysis.h"
+#include "forms/data/ReadAuxDataForm.h"
+#include "forms/data/ReadDualDataForm.h"
+#include "forms/data/ReadFileForm.h"
 #include "forms/data/ReadMainDataForm.h"
+#include "forms/data/WriteFileForm.h"
 #include "forms/shell/ProgramForm.h"
 #include "forms/shell/ResetForm.h"
 #include "forms/shell/aboutform.h"
@@ -26,16 +31,17 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
     // Alt+P opens the printer-port menu; the button that shares the letter gives way.
     ui_->Command1->setShortcut(QKeySequence());
 
-    On(ui_->Command2, &QPushButton::clicked, &MainMenuForm::ReadMainData);
-    On(ui_->Command3, &QPushButton::clicked, &MainMenuForm::AnalyseMainNoise);
     On(ui_->Command1, &QPushButton::clicked, &MainMenuForm::OpenForm<ProgramForm>);
+    On(ui_->Command2, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadMainDataForm>);
+    On(ui_->Command3, &QPushButton::clicked, &MainMenuForm::AnalyseMainNoise);
     On(ui_->Command4, &QPushButton::clicked, &MainMenuForm::OpenForm<ResetForm>);
+    On(ui_->Command5, &QPushButton::clicked, &MainMenuForm::OpenForm<ReadFileForm>);
+    On(ui_->Command6, &QPushButton::clicked, &MainMenuForm::OpenForm<WriteFileForm>);
     On(ui_->Command7, &QPushButton::clicked, &MainMenuForm::OpenForm<aboutform>);
     On(ui_->Command8, &QPushButton::clicked, &MainMenuForm::Quit);
-    for (QPushButton* later :
-         {ui_->Command5, ui_->Command6, ui_->Command9, ui_->Command10, ui_->Command11}) {
-        later->setEnabled(false);
-    }
+    On(ui_->Command9, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadAuxDataForm>);
+    On(ui_->Command10, &QPushButton::clicked, &MainMenuForm::AnalyseAuxNoise);
+    On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
     ShowPort();
 }
@@ -74,9 +80,10 @@ void MainMenuForm::ShowPort() {
         tr("Port address 0x%1").arg(QString::fromStdString(HexText(State().PortAddress))));
 }
 
-void MainMenuForm::ReadMainData() {
+template <typename Opened>
+void MainMenuForm::OpenConverting() {
     if (EnsureContinuousConversion()) {
-        OpenForm<ReadMainDataForm>();
+        OpenForm<Opened>();
     }
 }
 
@@ -106,6 +113,12 @@ bool MainMenuForm::EnsureContinuousConversion() {
 void MainMenuForm::AnalyseMainNoise() {
     if (!RefusedByCount(Shared().messages, State().MainCodeCount)) {
         OpenForm<MainNoiseForm>();
+    }
+}
+
+void MainMenuForm::AnalyseAuxNoise() {
+    if (!RefusedByCount(Shared().messages, State().AuxCodeCount)) {
+        OpenForm<AuxNoiseForm>();
     }
 }
 

@@ -27,8 +27,12 @@ class MainMenuForm final : public Form {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void ReadMainData();
+    /// Opens a form that reads conversion results, once the chip converts continuously.
+    template <typename Opened>
+    void OpenConverting();
+
     void AnalyseMainNoise();
+    void AnalyseAuxNoise();
     void Quit();
 
     /// Sees to it that the chip converts continuously. False when the user would not have it.

@@ -37,35 +37,22 @@ class MainMenuFormTest : public testing::Test {
     std::unique_ptr<MainMenuForm> form;
 };
 
-const QString readingTitle =
-    QStringLiteral("VX3260 Evaluation Software - Read Data From Main Data Register");
-
 TEST_F(MainMenuFormTest, HasItsButtonsInOrder) {
     Open();
     EXPECT_EQ(form->windowTitle(), QStringLiteral("VX3260 Evaluation Software - Main Menu"));
     EXPECT_EQ(Find<QLabel>(*form, "Label1").text(), QStringLiteral("Main Menu"));
     EXPECT_EQ(Find<QLabel>(*form, "BadgeLabel").text(), QStringLiteral("Simulated board"));
-    const struct {
-        const char* name;
-        const char* caption;
-        bool enabled;
-    } buttons[] = {
-        {"Command1", "&Program VX3260", true},
-        {"Command2", "Read Data from &Main ADC", true},
-        {"Command3", "Mai&n ADC Noise Analysis", true},
-        {"Command4", "Re&set VX3260", true},
-        {"Command5", "&Read from File", false},
-        {"Command6", "&Write to File", false},
-        {"Command7", "A&bout", true},
-        {"Command8", "&Quit", true},
-        {"Command9", "Read Data from &Aux ADC", false},
-        {"Command10", "A&ux ADC Noise Analysis", false},
-        {"Command11", "Dual ADC Display", false},
-    };
-    for (const auto& b : buttons) {
-        EXPECT_EQ(Find<QPushButton>(*form, b.name).text(), QString::fromLatin1(b.caption));
-        EXPECT_EQ(Find<QPushButton>(*form, b.name).isEnabled(), b.enabled) << b.name;
-    }
+    ExpectTexts(*form, {{"Command1", "&Program VX3260"},
+                        {"Command2", "Read Data from &Main ADC"},
+                        {"Command3", "Mai&n ADC Noise Analysis"},
+                        {"Command4", "Re&set VX3260"},
+                        {"Command5", "&Read from File"},
+                        {"Command6", "&Write to File"},
+                        {"Command7", "A&bout"},
+                        {"Command8", "&Quit"},
+                        {"Command9", "Read Data from &Aux ADC"},
+                        {"Command10", "A&ux ADC Noise Analysis"},
+                        {"Command11", "Dual ADC Display"}});
     TakePicture(*form, "MainMenuForm");
     const QWidget* at = &Find<QPushButton>(*form, "Command1");
     for (int number = 2; number <= 11; ++number) {
@@ -79,29 +66,45 @@ TEST_F(MainMenuFormTest, HasItsButtonsInOrder) {
     }
 }
 
-TEST_F(MainMenuFormTest, OpensTheReadingInContinuousConversionWithoutAQuestion) {
+TEST_F(MainMenuFormTest, OpensAFormForEveryButton) {
+    bench.state.MainCodes.assign(10, 8388608);
+    bench.state.AuxCodes.assign(10, 32768);
+    bench.state.MainCodeCount = bench.state.AuxCodeCount = 10;
     bench.Chip().Preset(modeAt, 0x23);
     Open();
-    EXPECT_EQ(OpenedBy("Command2"), readingTitle);
+    const struct {
+        const char* button;
+        const char* title;
+    } cases[] = {{"Command1", "Program Menu"},    {"Command2", "Read Data From Main Data Register"},
+                 {"Command3", "Noise Analysis"},  {"Command5", "Read from File"},
+                 {"Command6", "Write to File"},   {"Command9", "Read Data From Aux Data Register"},
+                 {"Command10", "Noise Analysis"}, {"Command11", "Dual ADC Display"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(OpenedBy(c.button),
+                  QStringLiteral("VX3260 Evaluation Software - ") + QString::fromLatin1(c.title));
+    }
     EXPECT_TRUE(Shown().empty());
     EXPECT_EQ(bench.Chip().Contents(modeAt), 0x23U);
 }
 
 TEST_F(MainMenuFormTest, AsksBeforeItPutsTheChipInContinuousConversion) {
     const struct {
+        const char* button;
         std::uint32_t mode;
         MessageAnswer answer;
         std::uint32_t after;
-    } cases[] = {{0x02, MessageAnswer::No, 0x02},
-                 {0x01, MessageAnswer::Yes, 0x03},
-                 {0x10, MessageAnswer::Yes, 0x13},
-                 {0x14, MessageAnswer::Yes, 0x17}};
+    } cases[] = {{"Command2", 0x02, MessageAnswer::No, 0x02},
+                 {"Command9", 0x02, MessageAnswer::No, 0x02},
+                 {"Command11", 0x02, MessageAnswer::No, 0x02},
+                 {"Command2", 0x01, MessageAnswer::Yes, 0x03},
+                 {"Command9", 0x10, MessageAnswer::Yes, 0x13},
+                 {"Command11", 0x14, MessageAnswer::Yes, 0x17}};
     Open();
     for (const auto& c : cases) {
         bench.Chip().Preset(modeAt, c.mode);
         bench.messages.shown.clear();
         bench.messages.answers = {c.answer};
-        EXPECT_EQ(OpenedBy("Command2"), c.answer == MessageAnswer::Yes ? readingTitle : QString());
+        EXPECT_EQ(OpenedBy(c.button).isEmpty(), c.answer == MessageAnswer::No);
         EXPECT_EQ(bench.Chip().Contents(modeAt), c.after);
         ASSERT_EQ(Shown().size(), 1U);
         EXPECT_EQ(
@@ -115,17 +118,24 @@ TEST_F(MainMenuFormTest, AsksBeforeItPutsTheChipInContinuousConversion) {
 
 TEST_F(MainMenuFormTest, ChecksTheCountBeforeTheNoiseAnalysis) {
     Open();
-    bench.state.MainCodes.assign(5001, 8388608);
-    for (const int count : {0, 9, 10, 5000, 5001}) {
-        bench.state.MainCodeCount = static_cast<std::int16_t>(count);
-        bench.messages.shown.clear();
-        const bool fits = count == 10 || count == 5000;
-        EXPECT_EQ(OpenedBy("Command3"),
-                  fits ? QStringLiteral("VX3260 Evaluation Software - Noise Analysis") : QString());
-        EXPECT_EQ(Shown().size(), fits ? 0U : 1U) << count;
+    const struct {
+        const char* button;
+        Converter converter;
+    } twins[] = {{"Command3", Converter::Main}, {"Command10", Converter::Aux}};
+    for (const auto& twin : twins) {
+        const CodeBlock block = bench.state.BlockOf(twin.converter);
+        block.codes.assign(5001, 32768);
+        for (const int count : {0, 9, 10, 5000, 5001}) {
+            block.count = static_cast<std::int16_t>(count);
+            bench.messages.shown.clear();
+            const bool fits = count == 10 || count == 5000;
+            EXPECT_EQ(OpenedBy(twin.button).isEmpty(), !fits) << count;
+            EXPECT_EQ(Shown().size(), fits ? 0U : 1U) << count;
+        }
+        EXPECT_EQ(Shown().back(),
+                  "For Data Analysis the number of Codes read must be between 9 and 5000");
+        block.count = 0;
     }
-    EXPECT_EQ(Shown().back(),
-              "For Data Analysis the number of Codes read must be between 9 and 5000");
 }
 
 TEST_F(MainMenuFormTest, ShowsTheErrorOfANoiseFormThatCannotOpen) {

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QFileDialog>
+#include <memory>
+#include <string>
+
+#include "files/CodeText.h"
+#include "link/Converter.h"
+#include "ui/Form.h"
+
+namespace Ui {
+class DataFileForm;
+}
+
+namespace vx3260 {
+
+/// In what the twins ReadFileForm and WriteFileForm differ that can be seen.
+struct DataFileTraits {
+    QString title;
+    QString command;  ///< caption of the button that does the work
+    QFileDialog::AcceptMode dialog;
+    std::string failureDetail;  ///< what is told besides the reason when it does not work
+};
+
+/// What the twins share: a path, a notation, one converter's block of codes, and a text about what
+/// has been done.
+class DataFileForm : public Form {
+    Q_OBJECT
+
+  public:
+    ~DataFileForm() override;
+
+  protected:
+    DataFileForm(Services& services, const DataFileTraits& traits, QWidget* parent);
+
+    /// Reads or writes the file under `path`, which is not empty and names no pipe or device, and
+    /// returns what is told about it; empty for nothing. Throws FileAccessError or BadDataError.
+    virtual QString Process(const std::string& path) = 0;
+
+    Notation ChosenNotation() const;
+    Converter ChosenConverter() const;
+    CodeBlock ChosenBlock() { return State().BlockOf(ChosenConverter()); }
+
+    /// "Main", "Aux", as in the forms' texts.
+    QString ChosenName() const;
+
+  private:
+    void Browse();
+    void Run();
+    std::string Path() const;
+    void ShowCounts();
+
+    std::unique_ptr<Ui::DataFileForm> ui_;
+    DataFileTraits traits_;
+};
+
+/// "1 code", "200 codes".
+QString CodesText(qsizetype count);
+
+}  // namespace vx3260

@@ -1,0 +1,62 @@
+#include "forms/data/ReadAuxDataForm.h"
+
+#include "analysis/AuxNoiseForm.h"
+#include "analysis/NoiseStatistics.h"
+#include "link/RegisterMap.h"
+#include "numbers/NumberText.h"
+#include "ui/Fonts.h"
+#include "ui_ReadAuxDataForm.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr double millivoltsPerVolt = 1e3;
+constexpr double kelvinAtZeroCelsius = 273.15;
+
+}  // namespace
+
+ReadAuxDataForm::ReadAuxDataForm(Services& services, QWidget* parent)
+    : BlockReadingForm(services, Converter::Aux, parent),
+      ui_(std::make_unique<Ui::ReadAuxDataForm>()) {
+    ui_->setupUi(this);
+    UseFixedFont(ui_->TemperatureText);
+    LoadTwin(*ui_);
+
+    new PositiveEntry(ui_->SlopeText, State().TemperatureSlope, "0.000",
+                      tr("Enter a slope of 0.001 mV/K or more. %1 mV/K stays in use."));
+    On(ui_->SlopeText, &QLineEdit::textChanged, &ReadAuxDataForm::ShowTemperature);
+    On(ui_->RefText, &QLineEdit::textChanged, &ReadAuxDataForm::ShowTemperature);
+    const int channel = Reader().Control(Converter::Aux) & RegisterMap::AuxChannelMask;
+    ui_->TemperatureFrame->setVisible(channel == RegisterMap::TemperatureSensor);
+}
+
+ReadAuxDataForm::~ReadAuxDataForm() = default;
+
+void ReadAuxDataForm::ShowCode(std::int32_t code) {
+    BlockReadingForm::ShowCode(code);
+    measuredCode_ = code;
+    ShowTemperature();
+}
+
+void ReadAuxDataForm::BlockRead() {
+    const std::span<const double> codes(State().AuxCodes);
+    measuredCode_ =
+        ComputeExactStatistics(codes.first(static_cast<std::size_t>(State().AuxCodeCount))).mean;
+    ShowTemperature();
+}
+
+void ReadAuxDataForm::ShowTemperature() {
+    if (!measuredCode_) {
+        return;
+    }
+    const double millivolts =
+        Conditions(Converter::Aux).VoltsOf(*measuredCode_) * millivoltsPerVolt;
+    const double celsius = millivolts / State().TemperatureSlope - kelvinAtZeroCelsius;
+    ShowAtOnce(ui_->TemperatureText, FixedText(celsius, 2));
+}
+
+void ReadAuxDataForm::OpenNoiseForm() {
+    OpenForm<AuxNoiseForm>();
+}
+
+}  // namespace vx3260

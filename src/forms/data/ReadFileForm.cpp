@@ -1,0 +1,37 @@
+#include "forms/data/ReadFileForm.h"
+
+#include <algorithm>
+
+#include "files/CodeFile.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+/// Decimal, and hexadecimal as the noise forms show it: "8388608 (800000)".
+QString BothNotations(std::int32_t code) {
+    return QStringLiteral("%1 (%2)").arg(code).arg(QString::fromStdString(HexText(code)));
+}
+
+}  // namespace
+
+ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
+    : DataFileForm(services,
+                   {.title = tr("VX3260 Evaluation Software - Read from File"),
+                    .command = tr("&Read from File"),
+                    .dialog = QFileDialog::AcceptOpen,
+                    .failureDetail = "The block of codes stays as it was."},
+                   parent) {}
+
+QString ReadFileForm::Process(const std::string& path) {
+    const std::vector<std::int32_t> codes = LoadCodes(path, ChosenNotation());
+    const CodeBlock block = ChosenBlock();
+    block.codes.assign(codes.begin(), codes.end());
+    block.count = static_cast<std::int16_t>(codes.size());
+
+    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
+    return tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
+        .arg(CodesText(block.count), ChosenName(), BothNotations(*least), BothNotations(*most));
+}
+
+}  // namespace vx3260

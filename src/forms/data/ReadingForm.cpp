@@ -1,0 +1,101 @@
+#include "forms/data/ReadingForm.h"
+
+#include <algorithm>
+
+#include "acquisition/Reading.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+/// By design a delay is a number of turns, which has to fit 32 bits; the wait itself is real time.
+constexpr std::int32_t turnsPerMillisecond = 20000;
+
+/// Milliseconds. Throws where the text is no number, or too large a one.
+std::int32_t DelayOf(const std::string& text) {
+    const std::int32_t milliseconds = TextToInt32(text);
+    Product(milliseconds, turnsPerMillisecond);
+    return milliseconds;
+}
+
+}  // namespace
+
+ReadingForm::ReadingForm(Services& services, std::vector<Converter> converters, QWidget* parent)
+    : Form(services, parent),
+      converters_(std::move(converters)),
+      reader_(services.port, services.state.PortAddress, converters_.front()) {}
+
+void ReadingForm::Load(const Controls& controls) {
+    controls_ = controls;
+    loop_ = new ReadingLoop(controls.prompt, controls.keyTarget, this);
+    // What an input method composes is a key too, and none for this box to take.
+    controls.keyTarget->setAttribute(Qt::WA_InputMethodEnabled, false);
+    ShowBadge(controls.badge);
+    reference_ = new PositiveEntry(controls.reference, State().ReferenceVoltage, "#.00",
+                                   tr("Enter a voltage of 0.01 V or more. %1 V stays in use."));
+    On(controls.display, &QPushButton::clicked, &ReadingForm::ReadForDisplay);
+    On(controls.delay, &QLineEdit::returnPressed, &ReadingForm::ReadForDisplay);
+    On(controls.back, &QPushButton::clicked, &ReadingForm::reject);
+
+    reader_.ReadControls();
+}
+
+void ReadingForm::reject() {
+    if (!loop_->Running()) {
+        Form::reject();
+        return;
+    }
+    closeRequested_ = true;
+    loop_->Stop();
+}
+
+ConversionConditions ReadingForm::Conditions(Converter converter) {
+    return ConditionsOf(converter, State().ReferenceVoltage, reader_.Control(converter));
+}
+
+void ReadingForm::ReadForDisplay() {
+    if (loop_->Running()) {
+        return;
+    }
+    const std::int32_t delay = DelayOf(controls_.delay->text().toStdString());
+    if (RefusedAsDisabled()) {
+        return;
+    }
+    PrepareDisplay();
+    AfterReading(loop_->Run([this, delay](const ReadingHooks& hooks) {
+        const auto show = [this, delay](std::int32_t code) {
+            ShowCode(code);
+            loop_->Wait(delay);
+        };
+        return StreamCodes([this] { return ReadNext(); }, show, hooks);
+    }));
+}
+
+bool ReadingForm::RefusedAsDisabled() {
+    const auto disabled =
+        std::find_if_not(converters_.begin(), converters_.end(),
+                         [this](Converter converter) { return reader_.Enabled(converter); });
+    if (disabled == converters_.end()) {
+        return false;
+    }
+    TakeReferenceVoltage();
+    Show({.text = DisabledText(*disabled), .icon = MessageIcon::Exclamation});
+    return true;
+}
+
+void ReadingForm::AfterReading(ReadingEnd end) {
+    if (end == ReadingEnd::TimedOut) {
+        Show({.text = std::string(TimeoutText), .detail = std::string(TimeoutDetail)});
+    }
+    if (closeRequested_) {
+        Form::reject();
+    }
+}
+
+void ShowAtOnce(QLineEdit* box, const std::string& text) {
+    box->setText(QString::fromStdString(text));
+    box->repaint();
+}
+
+}  // namespace vx3260

@@ -1,0 +1,51 @@
+#include "forms/data/WriteFileForm.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+#include "files/CodeFile.h"
+#include "numbers/Conversions.h"
+
+namespace vx3260 {
+namespace {
+
+std::vector<std::int32_t> CodesOf(const CodeBlock& block) {
+    std::vector<std::int32_t> codes(static_cast<std::size_t>(block.count));
+    std::transform(block.codes.begin(), block.codes.begin() + block.count, codes.begin(), ToInt32);
+    return codes;
+}
+
+}  // namespace
+
+WriteFileForm::WriteFileForm(Services& services, QWidget* parent)
+    : DataFileForm(services,
+                   {.title = tr("VX3260 Evaluation Software - Write to File"),
+                    .command = tr("&Write to File"),
+                    .dialog = QFileDialog::AcceptSave,
+                    .failureDetail = "Nothing was written. A file that was there stays as it was."},
+                   parent) {}
+
+QString WriteFileForm::Process(const std::string& path) {
+    const CodeBlock block = ChosenBlock();
+    if (block.count == 0) {
+        throw FileAccessError("The " + ChosenName().toStdString() +
+                              " ADC's block is empty: read codes first, from the board or from a "
+                              "file");
+    }
+    CodeWriter writer(path);
+    const QFileInfo file(QString::fromStdString(path));
+    if (file.exists()) {
+        const MessageAnswer answer = Show({.text = path + " exists already.\r\nReplace it ?",
+                                           .icon = MessageIcon::Exclamation,
+                                           .buttons = MessageButtons::YesNo});
+        if (answer != MessageAnswer::Yes) {
+            return tr("Nothing was written.");
+        }
+    }
+    writer.Write(CodesOf(block), ChosenNotation());
+    return tr("Wrote %1 of the %2 ADC to %3.")
+        .arg(CodesText(block.count), ChosenName(),
+             QDir::toNativeSeparators(file.absoluteFilePath()));
+}
+
+}  // namespace vx3260

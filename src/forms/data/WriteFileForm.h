@@ -1,0 +1,19 @@
+#pragma once
+
+#include "forms/data/DataFileForm.h"
+
+namespace vx3260 {
+
+/// Saves the chosen converter's block as a data file. A file that is there is replaced as a whole,
+/// and only after a question.
+class WriteFileForm final : public DataFileForm {
+    Q_OBJECT
+
+  public:
+    explicit WriteFileForm(Services& services, QWidget* parent = nullptr);
+
+  protected:
+    QString Process(const std::string& path) override;
+};
+
+}  // namespace vx3260
