@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "analysis/SuspiciousCodes.h"
 #include "cli/ProgressLine.h"
 #include "cli/ReadyLine.h"
 #include "cli/RegisterText.h"
@@ -95,16 +96,10 @@ std::string CodesText(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " code" : " codes");
 }
 
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err) {
-    constexpr std::int32_t largestCode = 0xFFFFFF;
-    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    if (codes.size() > 1 && *least == *most) {
-        err << "Warning: all codes are 0x" << HexText(*most)
-            << "; the input is over range or a line is stuck" << std::endl;
-    }
-    if (!codes.empty() && (*least < 0 || *most > largestCode)) {
-        err << "Warning: there are codes outside 0 to 0x" << HexText(largestCode)
-            << "; is it the right file and notation?" << std::endl;
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
+                           std::ostream& err) {
+    for (const std::string& suspicion : SuspicionsAbout(codes, converter)) {
+        err << "Warning: " << suspicion << std::endl;
     }
 }
 

@@ -32,9 +32,9 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
 /// "1 code", "200 codes".
 std::string CodesText(std::size_t count);
 
-/// Prints warnings about codes that can hardly be results of a healthy board: all the same, or
-/// outside the 24 bits of a result.
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, std::ostream& err);
+/// Prints a warning for each of the SuspicionsAbout the codes.
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
+                           std::ostream& err);
 
 /// The exit code of a command whose reading ended this way. A stop that was asked for after the
 /// reading, while its codes were being written, counts too: it is meant for a whole script.

@@ -103,7 +103,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
     const std::vector<std::int32_t> codes = LoadCodes(file_, notation_);
     CheckCount(static_cast<std::int64_t>(codes.size()));
     CheckNoTimeout(codes, file_);
-    WarnOfSuspiciousCodes(codes, err);
+    WarnOfSuspiciousCodes(codes, converter_, err);
     const Polarity polarity = polarity_ == unipolarName ? Polarity::Unipolar : Polarity::Bipolar;
     try {
         return Analyse(codes, MainConditions(referenceVoltage_, rangeCode_, polarity));
@@ -137,7 +137,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
-    WarnOfSuspiciousCodes(reading.codes, context.streams.err);
+    WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
     context.streams.out << Report(Analyse(reading.codes, conditions), services.boardBadge);
     return ExitCodeOf(reading.end, stop.Requested());
 }
