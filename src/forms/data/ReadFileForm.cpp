@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "analysis/SuspiciousCodes.h"
 #include "files/CodeFile.h"
 #include "numbers/NumberText.h"
 
@@ -30,8 +31,13 @@ QString ReadFileForm::Process(const std::string& path) {
     block.count = static_cast<std::int16_t>(codes.size());
 
     const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    return tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
-        .arg(CodesText(block.count), ChosenName(), BothNotations(*least), BothNotations(*most));
+    QString result =
+        tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
+            .arg(CodesText(block.count), ChosenName(), BothNotations(*least), BothNotations(*most));
+    for (const std::string& suspicion : SuspicionsAbout(codes, ChosenConverter())) {
+        result += tr("\nWarning: %1").arg(QString::fromStdString(suspicion));
+    }
+    return result;
 }
 
 }  // namespace vx3260

@@ -112,6 +112,10 @@ TEST_F(DataFileFormsTest, TellWhatWasRead) {
                                            "8388608 (800000), largest 8388625 (800011)."));
     EXPECT_EQ(Find<QLabel>(form, "MainCountLabel").text(), QStringLiteral("3 codes"));
     TakePicture(form, "ReadFileForm");
+    Do(form, folder.Make("hex.dat", "1\n10000"), "OptHexadecimal", "OptAux");
+    EXPECT_TRUE(Result(form).endsWith(QStringLiteral(
+        "Smallest 1 (1), largest 65536 (10000).\nWarning: there are codes outside 0 to 0xFFFF; is "
+        "it the right file and notation?")));
 }
 
 TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
