@@ -1,9 +1,11 @@
 #include "files/CodeFile.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -81,27 +83,55 @@ TEST(CodeFile, UnwritablePlacesAreToldWithTheirReason) {
               "cannot write /dev/full: No space left on device");
 }
 
-[[noreturn]] void WriteAsNobody(const std::string& path) {
+/// Prints the error of an action and ends the process, a forked one.
+[[noreturn]] void EndWithErrorOf(const std::function<void()>& action) {
+    std::fputs(ErrorOf<FileAccessError>(action).c_str(), stderr);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+[[noreturn]] void TryAsNobody(const std::function<void()>& action) {
     constexpr uid_t nobody = 65534;
     if (setgid(nobody) != 0 || setuid(nobody) != 0) {
         std::_Exit(EXIT_FAILURE);
     }
-    std::fputs(ErrorOf<FileAccessError>([&] { CodeWriter{path}; }).c_str(), stderr);
-    std::_Exit(EXIT_SUCCESS);
+    EndWithErrorOf(action);
 }
 
-TEST(CodeFile, AForbiddenFolderIsTold) {
+TEST(CodeFile, WhatIsForbiddenIsTold) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root can become somebody else";
     }
     const Folder folder;
     std::filesystem::permissions(folder.Path("."), std::filesystem::perms{0755});
-    folder.Make("old.dat", "old");
-    for (const char* const name : {"old.dat", "new.dat"}) {
-        EXPECT_EXIT(WriteAsNobody(folder.Path(name)), testing::ExitedWithCode(EXIT_SUCCESS),
+    const std::string old = folder.Make("old.dat", "old");
+    std::filesystem::permissions(old, std::filesystem::perms{0600});
+    for (const std::string& path : {old, folder.Path("new.dat")}) {
+        EXPECT_EXIT(TryAsNobody([&] { CodeWriter{path}; }), testing::ExitedWithCode(EXIT_SUCCESS),
                     "^cannot write .*dat: .*(ermission denied|not writable)");
     }
+    EXPECT_EXIT(TryAsNobody([&] { LoadCodes(old, Notation::Decimal); }),
+                testing::ExitedWithCode(EXIT_SUCCESS), "^cannot read .*dat: Permission denied");
     EXPECT_EQ(folder.Bytes("old.dat"), "old");
+}
+
+/// A file that may not grow fails in the middle of a write, as on a full disk.
+[[noreturn]] void TryOnFullDisk(const std::function<void()>& action) {
+    const rlimit limit{100, 100};
+    std::signal(SIGXFSZ, SIG_IGN);
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+        std::_Exit(EXIT_FAILURE);
+    }
+    EndWithErrorOf(action);
+}
+
+TEST(CodeFile, AFullDiskLeavesTheOldFile) {
+    const Folder folder;
+    const std::string path = folder.Make("old.dat", "old");
+    EXPECT_EXIT(TryOnFullDisk([&] { CodeWriter(path).Write(Codes(5000, 7), Notation::Decimal); }),
+                testing::ExitedWithCode(EXIT_SUCCESS), "^cannot write .*old.dat: ");
+    EXPECT_EQ(folder.Bytes("old.dat"), "old");
+    const std::filesystem::directory_iterator files(folder.Path(""));
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "a temporary file was left";
 }
 
 TEST(CodeFile, WhatCannotBeReadIsNoBadData) {
