@@ -9,12 +9,12 @@
 namespace vx3260 {
 namespace {
 
-constexpr Converter offeredConverters[] = {Converter::Main};
+constexpr Converter converters[] = {Converter::Main, Converter::Aux};
 
-std::vector<std::string> OfferedNames() {
+std::vector<std::string> ConverterNames() {
     std::vector<std::string> names;
-    std::transform(std::begin(offeredConverters), std::end(offeredConverters),
-                   std::back_inserter(names), CommandLineName);
+    std::transform(std::begin(converters), std::end(converters), std::back_inserter(names),
+                   CommandLineName);
     return names;
 }
 
@@ -27,15 +27,15 @@ std::string RefuseOtherThanDecimal(const std::string& text) {
     return digits && !leadingZero ? "" : "'" + text + "' is no whole decimal number";
 }
 
-/// A count that is far too large is no wrong word: whoever takes the count refuses it.
-std::int64_t ToCount(const std::string& digits) {
+/// A number that is far too large is no wrong word: whoever takes the number refuses it.
+std::int64_t ToNumber(const std::string& digits) {
     using Limits = std::numeric_limits<std::int64_t>;
-    std::int64_t count = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), count);
+    std::int64_t number = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (result.ec == std::errc::result_out_of_range) {
         return digits.starts_with('-') ? Limits::min() : Limits::max();
     }
-    return count;
+    return number;
 }
 
 }  // namespace
@@ -49,37 +49,39 @@ void AddConverter(CLI::App& parser, Converter& converter) {
         .add_option_function<std::string>(
             "converter",
             [&converter](const std::string& name) {
-                const auto* const found = std::find_if(
-                    std::begin(offeredConverters), std::end(offeredConverters),
-                    [&name](Converter offered) { return CommandLineName(offered) == name; });
-                converter = *found;
+                converter =
+                    *std::find_if(std::begin(converters), std::end(converters),
+                                  [&name](Converter c) { return CommandLineName(c) == name; });
             },
             "Which converter")
-        ->check(CLI::IsMember(OfferedNames()))
+        ->check(CLI::IsMember(ConverterNames()))
         ->required();
 }
 
-CLI::Option* AddCount(CLI::App& parser, std::int64_t& count) {
+CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
+                            const std::string& description) {
     return parser
         .add_option_function<std::string>(
-            "--count", [&count](const std::string& digits) { count = ToCount(digits); },
-            "How many codes to read")
+            name, [&number](const std::string& digits) { number = ToNumber(digits); }, description)
         ->type_name("N")
         ->check(CLI::Validator(RefuseOtherThanDecimal, ""))
-        ->default_str(std::to_string(count));
+        ->default_str(std::to_string(number));
 }
 
-CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format) {
+CLI::Option* AddCount(CLI::App& parser, std::int64_t& count) {
+    return AddWholeNumber(parser, "--count", count, "How many codes to read");
+}
+
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format, ReportFormat other) {
     const std::string text = "text";
-    const std::string json = "json";
     return parser
         .add_option_function<std::string>(
             "--format",
-            [&format, json](const std::string& name) {
-                format = name == json ? ReportFormat::Json : ReportFormat::Text;
+            [&format, other, text](const std::string& name) {
+                format = name == text ? ReportFormat::Text : other;
             },
             "How to print the results")
-        ->check(CLI::IsMember({text, json}))
+        ->check(CLI::IsMember({text, std::string(other == ReportFormat::Json ? "json" : "csv")}))
         ->default_str(text);
 }
 

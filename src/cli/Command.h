@@ -42,14 +42,19 @@ std::string CommandLineName(Converter converter);
 /// Adds the word that names the converter.
 void AddConverter(CLI::App& parser, Converter& converter);
 
-/// Adds --count N; a number beyond 64 bits becomes the largest or the least there is.
+/// Adds an option with a whole decimal number; one beyond 64 bits becomes the largest or the least
+/// there is.
+CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
+                            const std::string& description);
+
+/// Adds --count N, how many codes to read.
 CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);
 
 /// How a command prints its results.
-enum class ReportFormat { Text, Json };
+enum class ReportFormat { Text, Json, Csv };
 
-/// Adds --format text|json.
-CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format);
+/// Adds --format with the choice between text and another format.
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format, ReportFormat other);
 
 /// Adds --hex, which makes the notation of data files hexadecimal.
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);

@@ -2,24 +2,24 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <span>
 #include <vector>
 
-#include "app/StartUp.h"
+#include "cli/BlockFile.h"
 #include "cli/BlockReading.h"
 #include "cli/NoiseReport.h"
 #include "cli/RegisterText.h"
 #include "cli/StopSignal.h"
-#include "files/CodeFile.h"
-#include "link/Serial.h"
+#include "link/RegisterFields.h"
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr const char* unipolarName = "unipolar";
-constexpr const char* bipolarName = "bipolar";
+constexpr const char* rangeOption = "--range";
+constexpr const char* fullScaleOption = "--full-scale";
 
 /// Throws where the text is no number that single precision can hold.
 float ToVolts(const std::string& text) {
@@ -41,22 +41,39 @@ std::string RefuseOtherThanVoltage(const std::string& text) {
     return "'" + text + "' is no positive number of volts";
 }
 
+/// Adds an option that puts one of a field's values, by name, into the value of a register.
+CLI::Option* AddField(CLI::App& parser, const std::string& option, const RegisterMap::Field& field,
+                      std::int32_t& value, const std::string& description) {
+    std::map<std::string, std::int32_t> codes;
+    for (const RegisterMap::FieldValue& named : field.values) {
+        codes.emplace(named.name, named.code);
+    }
+    return parser
+        .add_option_function<std::string>(
+            option,
+            [&field, &value, codes](const std::string& name) {
+                value = field.Insert(value, codes.at(name));
+            },
+            description)
+        ->check(CLI::IsMember(codes));
+}
+
+/// Refuses an option for the converter that is told the same by another one.
+CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::string& ofTwin) {
+    const auto refusal = [converter, &chosen, ofTwin](const std::string& /*value*/) {
+        return chosen == converter ? ""
+                                   : "the " + std::string(TraitsOf(chosen).name) + " ADC takes " +
+                                         ofTwin + " in its place";
+    };
+    return {refusal, ""};
+}
+
 void CheckCount(std::int64_t count) {
     if (count < LeastCodesForAnalysis || count > MostCodesForAnalysis) {
         throw CommandError(ExitCode::CountRefused,
                            std::string(CountRefusal) + " (" + std::to_string(count) +
                                " given; accepted are " + std::to_string(LeastCodesForAnalysis) +
                                " to " + std::to_string(MostCodesForAnalysis) + ")");
-    }
-}
-
-/// A reading that timed out ends with a value that is no result.
-void CheckNoTimeout(std::span<const std::int32_t> codes, const std::string& file) {
-    const auto timeout = std::find(codes.begin(), codes.end(), ReadTimeout);
-    if (timeout != codes.end()) {
-        throw BadDataError(file + ": line " + std::to_string(timeout - codes.begin() + 1) +
-                           ": the time-out value " + std::to_string(ReadTimeout) +
-                           " of a reading that failed, no code to analyse");
     }
 }
 
@@ -73,16 +90,30 @@ NoiseCommand::NoiseCommand(CLI::App& program)
         Parser().add_option("FILE", file_, "Data file to analyse; without it, codes are read");
     CLI::Option* const range =
         Parser()
-            .add_option("--range", rangeCode_, "Range code, 0 to 7, that FILE was read with")
+            .add_option_function<int>(
+                rangeOption,
+                [this](int code) {
+                    fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code);
+                },
+                "Range code, 0 to 7, that FILE was read with from the main ADC")
             ->type_name("CODE")
             ->check(CLI::Range(0, 7))
+            ->check(OnlyFor(Converter::Main, converter_, fullScaleOption))
             ->needs(file);
-    CLI::Option* const polarity =
-        Parser()
-            .add_option("--polarity", polarity_, "Polarity that FILE was read with")
-            ->check(CLI::IsMember({unipolarName, bipolarName}))
+    CLI::Option* const fullScale =
+        AddField(Parser(), fullScaleOption, RegisterMap::Reference, fileControl_,
+                 "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
+            ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
             ->needs(file);
-    file->needs(range)->needs(polarity);
+    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
+                         "Polarity that FILE was read with")
+                    ->needs(file));
+    Parser().final_callback([this, range, fullScale] {
+        const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
+        if (!file_.empty() && scale->empty()) {
+            throw CLI::RequiresError("FILE", scale->get_name());
+        }
+    });
     AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
     AddCount(Parser(), count_)->excludes(file);
     Parser()
@@ -92,7 +123,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
         ->type_name("VOLTS")
         ->default_str("2.5")
         ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
-    AddFormat(Parser(), format_);
+    AddFormat(Parser(), format_, ReportFormat::Json);
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {
@@ -100,23 +131,19 @@ ExitCode NoiseCommand::Run(const CommandContext& context) {
 }
 
 NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
-    const std::vector<std::int32_t> codes = LoadCodes(file_, notation_);
+    const std::vector<std::int32_t> codes = LoadBlock(file_, notation_);
     CheckCount(static_cast<std::int64_t>(codes.size()));
-    CheckNoTimeout(codes, file_);
     WarnOfSuspiciousCodes(codes, converter_, err);
-    const Polarity polarity = polarity_ == unipolarName ? Polarity::Unipolar : Polarity::Bipolar;
     try {
-        return Analyse(codes, MainConditions(referenceVoltage_, rangeCode_, polarity));
+        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_,
+                                           static_cast<std::int16_t>(fileControl_)));
     } catch (const RuntimeError& error) {
         throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
     }
 }
 
-/// A file needs no board; start-up is left to those who ask for its status.
 ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
-    if (StatusRequested(context.system)) {
-        context.board.Open();
-    }
+    OpenForStatus(context);
     context.streams.out << Report(AnalyseFile(context.streams.err), "");
     return ExitCode::Success;
 }
@@ -126,9 +153,8 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
     const auto control =
-        static_cast<std::int16_t>(ReadRegister(services, RegisterMap::MainControl));
-    const ConversionConditions conditions =
-        ConditionsOf(Converter::Main, referenceVoltage_, control);
+        static_cast<std::int16_t>(ReadRegister(services, TraitsOf(converter_).control));
+    const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),

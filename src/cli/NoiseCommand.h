@@ -24,8 +24,7 @@ class NoiseCommand final : public Command {
     Converter converter_ = Converter::Main;
     std::string file_;
     Notation notation_ = Notation::Decimal;
-    int rangeCode_ = 0;
-    std::string polarity_;
+    std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
     std::int64_t count_ = 200;
     float referenceVoltage_ = 2.5F;
     ReportFormat format_ = ReportFormat::Text;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/Columns.h"
 #include "cli/Command.h"
 #include "cli/JsonText.h"
 #include "numbers/Conversions.h"
@@ -10,11 +11,32 @@
 namespace vx3260 {
 namespace {
 
-std::size_t WidestCaption() {
-    return std::max_element(
-               NoiseFigures.begin(), NoiseFigures.end(),
-               [](const auto& a, const auto& b) { return a.caption.size() < b.caption.size(); })
-        ->caption.size();
+template <typename Rows>
+std::size_t CaptionWidth(const Rows& rows) {
+    std::size_t width = 0;
+    for (const auto& row : rows) {
+        width = std::max(width, row.caption.size());
+    }
+    return width + 2;
+}
+
+/// The volts, where there are any, in a column of their own.
+std::string FigureAndVolts(const ResolutionText& text, std::size_t figureWidth) {
+    return text.volts.empty() ? text.figure : Padded(text.figure, figureWidth) + text.volts;
+}
+
+std::string ResolutionLines(const NoiseAnalysis& analysis) {
+    const ResolutionTexts texts = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
+    std::size_t figureWidth = 0;
+    for (const ResolutionText& text : texts) {
+        figureWidth = std::max(figureWidth, text.volts.empty() ? 0 : text.figure.size() + 2);
+    }
+    std::string lines = std::string(ResolutionFrame) + "\n";
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        lines += "  " + Padded(ResolutionRows[i].caption, CaptionWidth(ResolutionRows)) +
+                 FigureAndVolts(texts[i], figureWidth) + "\n";
+    }
+    return lines;
 }
 
 /// 2.56 in single precision is 2.55999994...; as the number it was meant to be.
@@ -22,16 +44,24 @@ double AsEntered(float value) {
     return TextToDouble(ShortestText(value));
 }
 
-QJsonObject TextsOf(const NoiseAnalysis& analysis) {
+QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
     QJsonObject texts;
     for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
         texts[ToQString(NoiseFigures[i].label)] = ToQString(analysis.texts[i]);
+    }
+    const ResolutionTexts resolution = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
+    for (std::size_t i = 0; i < ResolutionRows.size(); ++i) {
+        texts[ToQString(ResolutionRows[i].label)] = ToQString(resolution[i].figure);
+        if (!ResolutionRows[i].voltsLabel.empty()) {
+            texts[ToQString(ResolutionRows[i].voltsLabel)] = ToQString(resolution[i].volts);
+        }
     }
     return texts;
 }
 
 QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
     const ConversionConditions& conditions = analysis.conditions;
+    const Resolution& resolution = analysis.resolution;
     const double reference = AsEntered(conditions.referenceVoltage);
     const double lsb = conditions.lsbVolts / conditions.referenceVoltage * reference;
     // AnalyseNoise has seen to it that the span fits.
@@ -48,6 +78,14 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
         {"meanCodes", analysis.exact.mean},
         {"sigmaCodes", analysis.exact.sigma},
         {"sigmaVolts", analysis.exact.sigma * lsb},
+        {"standardErrorCodes", resolution.standardError},
+        {"standardErrorVolts", resolution.standardError * lsb},
+        {"estimatedPeakToPeakCodes", resolution.peakToPeak},
+        {"estimatedPeakToPeakVolts", resolution.peakToPeak * lsb},
+        {"effectiveResolutionBits", resolution.effective.bits},
+        {"effectiveResolutionIsLowerBound", resolution.effective.isLowerBound},
+        {"noiseFreeResolutionBits", resolution.noiseFree.bits},
+        {"noiseFreeResolutionIsLowerBound", resolution.noiseFree.isLowerBound},
         {"peakToPeakVolts", span * lsb},
         {"averageVolts", (analysis.exact.mean - conditions.zeroCode) * lsb},
     };
@@ -56,7 +94,7 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
 }  // namespace
 
 std::string NoiseText(const NoiseAnalysis& analysis) {
-    const std::size_t width = WidestCaption() + 2;
+    const std::size_t width = CaptionWidth(NoiseFigures);
     std::string text;
     std::string_view frame;
     for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
@@ -65,17 +103,16 @@ std::string NoiseText(const NoiseAnalysis& analysis) {
             frame = figure.frame;
             text += std::string(frame) + "\n";
         }
-        text += "  " + std::string(figure.caption) +
-                std::string(width - figure.caption.size(), ' ') + analysis.texts[i] + "\n";
+        text += "  " + Padded(figure.caption, width) + analysis.texts[i] + "\n";
     }
-    return text;
+    return text + ResolutionLines(analysis);
 }
 
 std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board) {
     return JsonText({
         {"board", BoardValue(board)},
         {"converter", ToQString(CommandLineName(converter))},
-        {"texts", TextsOf(analysis)},
+        {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
     });
 }

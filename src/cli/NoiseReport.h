@@ -8,7 +8,7 @@
 
 namespace vx3260 {
 
-/// The figures as the noise form shows them: a heading for each frame, a line for each label.
+/// The figures as the noise forms show them: a heading for each frame, a line for each caption.
 std::string NoiseText(const NoiseAnalysis& analysis);
 
 /// The same texts by label name, and the figures in full precision in volts and codes, as one JSON

@@ -36,7 +36,7 @@ void CheckAnswer(const std::vector<RegisterReading>& readings) {
 
 RegistersCommand::RegistersCommand(CLI::App& program)
     : Command(program, "registers", "Print what the chip's registers hold, field by field") {
-    AddFormat(Parser(), format_);
+    AddFormat(Parser(), format_, ReportFormat::Json);
 }
 
 ExitCode RegistersCommand::Run(const CommandContext& context) {

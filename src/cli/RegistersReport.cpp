@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "cli/Columns.h"
 #include "cli/JsonText.h"
 #include "link/FilterRate.h"
 #include "numbers/NumberText.h"
@@ -11,10 +12,6 @@ namespace vx3260 {
 namespace {
 
 constexpr std::string_view indent = "  ";
-
-std::string Padded(std::string_view text, std::size_t width) {
-    return std::string(text) + std::string(width - std::min(width, text.size()), ' ');
-}
 
 /// Of the first column, with the two blanks that part it from the second.
 std::size_t NameWidth(std::span<const RegisterReading> readings) {

@@ -16,15 +16,19 @@ TEST(CommandLine, WrongOnesAreRefused) {
                   {
                       {"", "A command is required"},
                       {"wead", "not expected: wead"},
-                      {"--simulated read aux", "aux not in {main}"},
+                      {"--simulated read mian", "mian not in {main,aux}"},
                       {"--simulated read main /ST", "not expected: /ST"},
                       {"--simulated read main --count 010", "no whole decimal number"},
                       {"--fault no-data-ready read main", "--fault requires --simulated"},
                       {"--simulated --fault worn read main", "--fault list"},
                       {"noise main x.dat --polarity bipolar", "FILE requires --range"},
                       {"noise main x.dat --range 7", "FILE requires --polarity"},
+                      {"noise aux x.dat --polarity bipolar", "FILE requires --full-scale"},
+                      {"noise aux x.dat --range 7", "--range: the Aux ADC takes --full-scale"},
+                      {"noise main x.dat --full-scale half", "the Main ADC takes --range in its"},
                       {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
                       {"--simulated noise main --range 7", "--range requires FILE"},
+                      {"--simulated noise aux --full-scale half", "--full-scale requires FILE"},
                       {"--simulated noise main --hex", "--hex requires FILE"},
                       {"--simulated noise main --reference 1e39", "no positive number"},
                   });
@@ -105,9 +109,9 @@ TEST(ReadCommand, KeepsWhatWasReadBeforeATimeout) {
 
 class NoiseOfFile : public testing::Test {
   protected:
-    Outcome Analyse(const std::string& bytes, const std::string& more = "") {
-        return RunProgram("noise main " + folder_.Make("f.dat", bytes) +
-                          " --range 7 --polarity bipolar " + more);
+    Outcome Analyse(const std::string& bytes, const std::string& more = "",
+                    const std::string& converterAndScale = "main --range 7 --polarity bipolar ") {
+        return RunProgram("noise " + converterAndScale + more + " " + folder_.Make("f.dat", bytes));
     }
 
     /// Ten codes; their mean is mid-scale.
@@ -129,7 +133,14 @@ TEST_F(NoiseOfFile, TextIsThatOfTheForm) {
                                 "  Input Range     ± 2.56V\n"));
     EXPECT_TRUE(
         outcome.out.ends_with("  Max Code        800001\n"
-                              "  Min Code        7FFFFF\n"))
+                              "  Min Code        7FFFFF\n"
+                              "Resolution\n"
+                              "  Readings N                 10\n"
+                              "  RMS Noise (divisor N - 1)  0.471405 LSB  143.861 nV\n"
+                              "  Std. Error of the Mean     0.149071 LSB  45.4929 nV\n"
+                              "  Est. Pk to Pk (6.6 sigma)  3.11127 LSB   949.484 nV\n"
+                              "  Effective Resolution       25.08 bits\n"
+                              "  Noise-Free Resolution      23.00 bits\n"))
         << outcome.out;
 }
 
@@ -152,14 +163,59 @@ TEST_F(NoiseOfFile, JsonHasFullPrecision) {
         {"sigmaVolts", sigma * lsb},
         {"peakToPeakVolts", 12 * lsb},
         {"averageVolts", -lsb},
+        {"standardErrorCodes", sigma / std::sqrt(11)},
+        {"standardErrorVolts", sigma / std::sqrt(11) * lsb},
+        {"estimatedPeakToPeakCodes", 6.6 * sigma},
+        {"estimatedPeakToPeakVolts", 6.6 * sigma * lsb},
+        {"effectiveResolutionBits", 24 - std::log2(sigma)},
+        {"noiseFreeResolutionBits", 24 - std::log2(12)},
     };
     for (const auto& [name, value] : expected) {
         EXPECT_NEAR(values[QLatin1String(name)].toDouble(), value, std::abs(value) * 1e-12) << name;
     }
     EXPECT_EQ(values["polarity"].toString(), "bipolar");
     EXPECT_EQ(report["texts"]["RangeLabel"].toString(), QString::fromUtf8("± 2.56V"));
+    EXPECT_EQ(report["texts"]["NoiseFreeLabel"].toString(), "20.42 bits");
+    EXPECT_EQ(report["texts"]["StdErrorLabel"].toString(), "406.478 nV");
     EXPECT_EQ(report["converter"].toString(), "main");
     EXPECT_TRUE(report["board"].isNull());
+}
+
+TEST_F(NoiseOfFile, BlocksWithoutNoiseGiveLowerBounds) {
+    for (const bool quiet : {false, true}) {
+        const std::string codes = "1\n1\n1\n1\n1\n1\n1\n1\n1\n";
+        const QJsonObject values =
+            Parsed(Analyse(codes + (quiet ? "1" : "2"), "--format json"))["values"].toObject();
+        for (const char* const resolution : {"effectiveResolution", "noiseFreeResolution"}) {
+            const QString name = QLatin1String(resolution);
+            EXPECT_EQ(values[name + QLatin1String("IsLowerBound")].toBool(!quiet), quiet);
+            EXPECT_EQ(values[name + QLatin1String("Bits")].toDouble() == 24,
+                      quiet || name[0] == u'n');
+        }
+    }
+}
+
+TEST_F(NoiseOfFile, OfTheAuxConverterIsScaledByItsReference) {
+    const std::string halves = "8000\nFFFF\n8000\nFFFF\n8000\nFFFF\n8000\nFFFF\n8000\nFFFF\n";
+    const struct {
+        const char* scale;
+        const char* range;
+        double averageVolts;
+    } cases[] = {
+        {"aux --full-scale full --polarity unipolar ", "REFIN2", 2.5 * 49151.5 / 65536},
+        {"aux --full-scale half --polarity unipolar ", "REFIN2 / 2", 1.25 * 49151.5 / 65536},
+        {"aux --full-scale half --polarity bipolar ", "± REFIN2 / 2", 1.25 * 16383.5 / 32768},
+    };
+    for (const auto& c : cases) {
+        const Outcome outcome = Analyse(halves, "--hex --format json", c.scale);
+        const QJsonObject report = Parsed(outcome);
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(report["converter"].toString(), "aux");
+        EXPECT_EQ(report["texts"]["RangeLabel"].toString(), QString::fromUtf8(c.range));
+        EXPECT_EQ(report["values"]["minCode"].toInt(), 32768);
+        EXPECT_EQ(report["values"]["maxCode"].toInt(), 65535);
+        EXPECT_NEAR(report["values"]["averageVolts"].toDouble(), c.averageVolts, 1e-9) << c.scale;
+    }
 }
 
 TEST_F(NoiseOfFile, EachKindOfBadFileHasItsExitCode) {
@@ -183,12 +239,23 @@ TEST_F(NoiseOfFile, SuspiciousCodesAreWarnedOf) {
 }
 
 TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
-    const QJsonObject report =
-        Parsed(RunProgram("--simulated noise main --count 50 --format json"));
-    EXPECT_EQ(report["board"].toString(), "Simulated board");
-    EXPECT_EQ(report["values"]["count"].toInt(), 50);
-    EXPECT_EQ(report["values"]["inputRange"].toDouble(), 2.56);
-    EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), 1);
+    const struct {
+        const char* converter;
+        double inputRange;
+        const char* polarity;
+        double leastSigma;
+    } cases[] = {{"main", 2.56, "bipolar", 1}, {"aux", 2.5, "unipolar", 0.1}};
+    for (const auto& c : cases) {
+        const Outcome outcome = RunProgram(std::string("--simulated noise --count 50 ") +
+                                           c.converter + " --format json");
+        const QJsonObject report = Parsed(outcome);
+        EXPECT_EQ(report["board"].toString(), "Simulated board");
+        EXPECT_EQ(report["converter"].toString(), c.converter);
+        EXPECT_EQ(report["values"]["count"].toInt(), 50);
+        EXPECT_EQ(report["values"]["inputRange"].toDouble(), c.inputRange);
+        EXPECT_EQ(report["values"]["polarity"].toString(), c.polarity);
+        EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), c.leastSigma);
+    }
 }
 
 }  // namespace

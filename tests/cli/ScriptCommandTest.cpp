@@ -91,6 +91,22 @@ TEST_F(Script, CalibratingTakesOffsetAndGainErrorAway) {
     EXPECT_NEAR(MeanOf(folder.Bytes("voltsAfter")), half + 65536, 40);
 }
 
+/// 1.5 V of 2.5 V, with the board's offset and gain error: a code above half of 16 bits.
+TEST_F(Script, AuxCodesAreTheSameInEitherNotation) {
+    const std::string output = "read aux --count 20 --output ";
+    const Outcome outcome = Run("set aux-control channel=ain3\n" + output + folder.Path("dec") +
+                                "\n" + output + folder.Path("hex") + " --hex");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_TRUE(Has(outcome.err, "Reading 20 codes from the Aux ADC"));
+    EXPECT_TRUE(folder.Bytes("dec").starts_with(" 39"));
+    EXPECT_TRUE(folder.Bytes("hex").starts_with("99"));
+    for (const char* const file : {"dec", "hex --hex"}) {
+        const QJsonObject report = Parsed(RunProgram(
+            "noise aux --full-scale full --polarity unipolar --format json " + folder.Path(file)));
+        EXPECT_NEAR(report["values"]["meanCodes"].toDouble(), 39321.6 * 0.996 + 131, 2) << file;
+    }
+}
+
 TEST_F(Script, CalibratingConcernsTheEnabledConvertersOnly) {
     const Outcome one = Run("set main-control enable=off\ncalibrate system-zero");
     EXPECT_TRUE(Has(one.out, "aux-zero: 0x8000 -> 0x"));

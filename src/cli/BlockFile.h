@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "cli/BoardSession.h"
+#include "files/CodeText.h"
+
+namespace vx3260 {
+
+/// The codes of a data file that is to be analysed. Throws as LoadCodes does, and BadDataError for
+/// a code that is the value of a time-out.
+std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation);
+
+/// For commands that work on a file and need no board: it is opened only for those who ask
+/// start-up for its status.
+void OpenForStatus(const CommandContext& context);
+
+}  // namespace vx3260

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace vx3260 {
+
+/// The blanks that widen a text to a column of `width` characters; none for a wider text.
+inline std::string BlanksBeside(std::string_view text, std::size_t width) {
+    return std::string(width - std::min(width, text.size()), ' ');
+}
+
+/// The text at the left of a column.
+inline std::string Padded(std::string_view text, std::size_t width) {
+    return std::string(text) + BlanksBeside(text, width);
+}
+
+/// The text at the right of a column.
+inline std::string RightAligned(std::string_view text, std::size_t width) {
+    return BlanksBeside(text, width) + std::string(text);
+}
+
+}  // namespace vx3260
