@@ -1,3 +1,4 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -8,10 +9,24 @@
 #include "cli/RunCli.h"
 #include "platform/LinuxSystem.h"
 
+namespace {
+
+void FitToTerminal(vx3260::CliStreams& streams) {
+    streams.errIsTerminal = isatty(STDERR_FILENO) == 1;
+    winsize size{};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        streams.outWidth = size.ws_col;
+    }
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     // A file that grows beyond the limit is then an error of the write, which is reported.
     std::signal(SIGXFSZ, SIG_IGN);
     vx3260::LinuxSystem system(argc, argv);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    return vx3260::RunCli(arguments, system, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});
+    vx3260::CliStreams streams{std::cout, std::cerr};
+    FitToTerminal(streams);
+    return vx3260::RunCli(arguments, system, streams);
 }

@@ -15,6 +15,7 @@ struct CliStreams {
     std::ostream& out;
     std::ostream& err;
     bool errIsTerminal = false;
+    std::size_t outWidth = 80;  ///< characters in a line of the terminal that shows `out`
 };
 
 /// The one board of a run. Commands that need none leave the port alone; the first that needs it

@@ -5,6 +5,7 @@
 
 #include "app/StartUp.h"
 #include "cli/CalibrateCommand.h"
+#include "cli/HistogramCommand.h"
 #include "cli/NoiseCommand.h"
 #include "cli/ReadCommand.h"
 #include "cli/RegistersCommand.h"
@@ -36,6 +37,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<ResetCommand>(parser));
     Add(std::make_unique<ReadCommand>(parser));
     Add(std::make_unique<NoiseCommand>(parser));
+    Add(std::make_unique<HistogramCommand>(parser));
 }
 
 Command& CommandSet::Chosen() const {

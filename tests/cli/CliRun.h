@@ -28,7 +28,7 @@ struct Outcome {
 };
 
 /// The program inside the test's process, on Windows 2000; blanks part the command line's words.
-inline Outcome RunProgram(const std::string& commandLine) {
+inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth = 80) {
     std::istringstream words(commandLine);
     const std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
     std::ostringstream out;
@@ -36,7 +36,7 @@ inline Outcome RunProgram(const std::string& commandLine) {
     RecordedSystem system;
     system.version = {2, 5, 0};
     system.commandLine = commandLine;
-    const int exitCode = RunCli(arguments, system, {out, err});
+    const int exitCode = RunCli(arguments, system, {out, err, false, outWidth});
     return {exitCode, out.str(), err.str()};
 }
 

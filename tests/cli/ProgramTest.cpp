@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QProcess>
 #include <algorithm>
+#include <array>
 #include <csignal>
 
 #include "cli/ExitCodes.h"
@@ -85,6 +88,27 @@ TEST_F(Program, AFullDiskLeavesTheOldFile) {
     EXPECT_EQ(End(), ExitCode::FileNotAccessible);
     EXPECT_TRUE(Told("cannot write " + path + ": File too large")) << err;
     EXPECT_EQ(folder.Bytes("x.dat"), "old");
+}
+
+TEST_F(Program, BarsFillTheTerminal) {
+    int shown = 0;
+    int terminal = 0;
+    const winsize size{24, 50, 0, 0};
+    ASSERT_EQ(openpty(&shown, &terminal, nullptr, nullptr, &size), 0);
+    process.setChildProcessModifier([terminal] { dup2(terminal, STDOUT_FILENO); });
+    Start({"histogram", "main", QString::fromStdString(folder.Make("x.dat", "1\n"))});
+    EXPECT_EQ(End(), ExitCode::Success) << err;
+    std::array<char, 4096> text{};
+    ASSERT_GT(read(shown, text.data(), text.size()), 0);
+    const std::string beforeBar = "\n>          1  0x000001      1  ";
+    const std::string lines = text.data();
+    std::string bar;
+    for (std::size_t i = beforeBar.size(); i <= size.ws_col; ++i) {
+        bar += "█";
+    }
+    EXPECT_TRUE(lines.ends_with(beforeBar + bar + "\r\n")) << lines;
+    close(shown);
+    close(terminal);
 }
 
 }  // namespace

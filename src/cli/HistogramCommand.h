@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "cli/Command.h"
+
+namespace vx3260 {
+
+/// histogram: how often the codes of a data file occur.
+class HistogramCommand final : public Command {
+  public:
+    explicit HistogramCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+
+  private:
+    Converter converter_ = Converter::Main;
+    std::string file_;
+    Notation notation_ = Notation::Decimal;
+    std::int64_t mostBins_ = 20;
+    ReportFormat format_ = ReportFormat::Text;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "analysis/Histogram.h"
+#include "analysis/NoiseStatistics.h"
+#include "link/Converter.h"
+
+namespace vx3260 {
+
+/// The codes of a data file, counted.
+struct FileHistogram {
+    std::string file;
+    Converter converter;
+    std::size_t count;
+    ExactStatistics statistics;
+    Histogram histogram;
+};
+
+/// A heading, then a line for each bin: its first code, its count and a bar of block characters.
+/// The longest bar fills the lines up to `width` characters as far as it has at least 10.
+std::string HistogramText(const FileHistogram& counted, std::size_t width);
+
+/// A heading line, then a line for each bin: its first and last code, its count and the count that
+/// NormalCount expects in it.
+std::string HistogramCsv(const FileHistogram& counted);
+
+}  // namespace vx3260

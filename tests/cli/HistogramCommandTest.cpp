@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "cli/CliRun.h"
+#include "support/Folder.h"
+
+namespace vx3260::test {
+namespace {
+
+class HistogramOf : public testing::Test {
+  protected:
+    Outcome Run(const std::string& bytes, const std::string& more = "", std::size_t width = 80) {
+        return RunProgram("histogram " + more + " " + folder.Make("f.dat", bytes), width);
+    }
+
+    Folder folder;
+};
+
+std::string Repeated(const std::string& line, int count) {
+    std::string lines;
+    for (int i = 0; i < count; ++i) {
+        lines += line;
+    }
+    return lines;
+}
+
+TEST_F(HistogramOf, TextHasABarForEachBin) {
+    const Outcome outcome =
+        Run(Repeated("8000\n", 100) + Repeated("8001\n", 48) + "8003\n", "aux --hex", 42);
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_TRUE(outcome.out.starts_with("Aux ADC Histogram\n  File        " + folder.Path("")));
+    EXPECT_TRUE(
+        outcome.out.ends_with("f.dat\n"
+                              "  Codes Read  149\n"
+                              "  Bin Width   1 code\n"
+                              "  Mean        32768.342, marked >\n"
+                              "  Sigma       0.516901\n"
+                              "\n"
+                              "  First Code          Count\n"
+                              ">      32768  0x8000    100  █████████████\n"
+                              "       32769  0x8001     48  ██████▎\n"
+                              "       32770  0x8002      0\n"
+                              "       32771  0x8003      1  ▏\n"))
+        << outcome.out;
+    const std::string wide =
+        "\n  -5000000000                1  ██████████\n>           0  0x000000      1  █";
+    EXPECT_TRUE(Has(Run("-2147483647\n2147483647\n", "main --bins 2", 5).out, wide));
+}
+
+TEST_F(HistogramOf, CsvHasTheNormalExpectationToo) {
+    // Mean 12.5, variance 17 / 3.
+    EXPECT_EQ(Run("10\n11\n14\n15\n", "main --format csv --bins 3").out,
+              "first_code,last_code,count,expected_count\n"
+              "10,11,2,0.942011\n"
+              "12,13,0,1.34071\n"
+              "14,15,2,0.942011\n");
+}
+
+TEST_F(HistogramOf, BlocksOfEverySizeAreCounted) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"7\n", "7,7,1,0\n"},
+        {Repeated("7\n8\n", 16383) + "7", "7,7,16384,"},
+    };
+    for (const auto& [bytes, line] : cases) {
+        EXPECT_TRUE(Has(Run(bytes, "main --format csv").out, "\n" + line)) << line;
+    }
+    EXPECT_TRUE(Has(Run("7\n7\n", "main").err, "Warning: all codes are 0x7;"));
+}
+
+TEST_F(HistogramOf, WhatIsNoBlockIsRefused) {
+    const std::string bad = folder.Make("bad", "1\nx\n");
+    const std::string failed = folder.Make("failed", "1\n2\n-2147483648\n");
+    ExpectRefused(ExitCode::BadDataFile,
+                  {{"histogram main " + bad, "bad: line 2: \"x\" is no decimal code"},
+                   {"histogram aux " + failed, "failed: line 3: the time-out value -2147483648"}});
+    ExpectRefused(ExitCode::FileNotAccessible, {{"histogram aux /none", "cannot read /none: No"}});
+    ExpectRefused(ExitCode::WrongCommandLine,
+                  {{"histogram aux", "FILE is required"},
+                   {"histogram aux x --bins 1", "Value 1 not in range 2 to 65536"},
+                   {"histogram aux x --bins 0x10", "no whole decimal number"},
+                   {"histogram aux x --format json", "json not in {text,csv}"}});
+}
+
+}  // namespace
+}  // namespace vx3260::test
