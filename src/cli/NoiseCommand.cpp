@@ -86,6 +86,21 @@ NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const ConversionCondi
 NoiseCommand::NoiseCommand(CLI::App& program)
     : Command(program, "noise", "Noise figures of a data file, or of a block read now") {
     AddConverter(Parser(), converter_);
+    CLI::Option* const file = AddFile();
+    AddCount(Parser(), count_)->excludes(file);
+    Parser()
+        .add_option_function<std::string>(
+            "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
+            "Reference voltage")
+        ->type_name("VOLTS")
+        ->default_str("2.5")
+        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
+    AddFormat(Parser(), format_, ReportFormat::Json);
+}
+
+/// FILE, and what has to be told of it. The converter, an option before these, is known when they
+/// are checked.
+CLI::Option* NoiseCommand::AddFile() {
     CLI::Option* const file =
         Parser().add_option("FILE", file_, "Data file to analyse; without it, codes are read");
     CLI::Option* const range =
@@ -115,15 +130,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
         }
     });
     AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
-    AddCount(Parser(), count_)->excludes(file);
-    Parser()
-        .add_option_function<std::string>(
-            "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
-            "Reference voltage")
-        ->type_name("VOLTS")
-        ->default_str("2.5")
-        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    return file;
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {

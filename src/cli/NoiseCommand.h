@@ -16,6 +16,7 @@ class NoiseCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
+    CLI::Option* AddFile();
     NoiseAnalysis AnalyseFile(std::ostream& err) const;
     ExitCode RunOnFile(const CommandContext& context) const;
     ExitCode RunOnBoard(const CommandContext& context) const;

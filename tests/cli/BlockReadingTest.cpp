@@ -30,15 +30,21 @@ TEST(BlockReading, OnlyTheModeFieldIsChanged) {
 }
 
 TEST(BlockReading, ADisabledConverterHasItsOwnExitCode) {
-    SimulatedBench bench;
-    bench.Chip().Preset(mainControlAt, 0x07);
-    std::ostringstream out;
-    try {
-        ReadCodes(*bench.services, {out, out}, Converter::Main, 5, {});
-        ADD_FAILURE() << "it was read";
-    } catch (const CommandError& error) {
-        EXPECT_EQ(error.Code(), ExitCode::ConverterDisabled);
-        EXPECT_STREQ(error.what(), "Enable Main ADC before reading Data");
+    const std::tuple<Converter, unsigned, const char*> cases[] = {
+        {Converter::Main, mainControlAt, "Enable Main ADC before reading Data"},
+        {Converter::Aux, auxControlAt, "Enable Aux ADC before reading Data"},
+    };
+    for (const auto& [converter, control, message] : cases) {
+        SimulatedBench bench;
+        bench.Chip().Preset(control, 0x07);
+        std::ostringstream out;
+        try {
+            ReadCodes(*bench.services, {out, out}, converter, 5, {});
+            ADD_FAILURE() << "it was read";
+        } catch (const CommandError& error) {
+            EXPECT_EQ(error.Code(), ExitCode::ConverterDisabled);
+            EXPECT_STREQ(error.what(), message);
+        }
     }
 }
 
