@@ -53,10 +53,11 @@ double NormalCount(double code, const ExactStatistics& statistics, std::size_t r
     if (statistics.sigma == 0) {
         return 0;
     }
-    const double z = (code - statistics.mean) / statistics.sigma;
-    const double density =
-        std::exp(-z * z / 2) / (statistics.sigma * std::sqrt(2 * std::numbers::pi));
-    return static_cast<double>(readings) * static_cast<double>(binWidth) * density;
+    const double halfWidth = static_cast<double>(binWidth) / 2;
+    const auto below = [&statistics](double limit) {
+        return std::erf((limit - statistics.mean) / statistics.sigma / std::numbers::sqrt2) / 2;
+    };
+    return static_cast<double>(readings) * (below(code + halfWidth) - below(code - halfWidth));
 }
 
 }  // namespace vx3260

@@ -31,8 +31,9 @@ struct Histogram {
 /// OverflowError for codes beyond 32 bits.
 Histogram ComputeHistogram(std::span<const double> codes, std::size_t mostBins);
 
-/// How many of `readings` codes a bin of `binWidth` codes around `code` is expected to count when
-/// they are normally distributed: readings x binWidth x the normal density. 0 where sigma is 0.
+/// How many of `readings` normally distributed codes a bin of `binWidth` codes with the middle
+/// `code` is expected to count: readings x the normal distribution over the width of the bin, which
+/// reaches half a code beyond its outermost codes. 0 where sigma is 0.
 double NormalCount(double code, const ExactStatistics& statistics, std::size_t readings,
                    std::int64_t binWidth);
 

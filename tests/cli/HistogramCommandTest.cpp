@@ -51,9 +51,9 @@ TEST_F(HistogramOf, CsvHasTheNormalExpectationToo) {
     // Mean 12.5, variance 17 / 3.
     EXPECT_EQ(Run("10\n11\n14\n15\n", "main --format csv --bins 3").out,
               "first_code,last_code,count,expected_count\n"
-              "10,11,2,0.942011\n"
-              "12,13,0,1.34071\n"
-              "14,15,2,0.942011\n");
+              "10,11,2,0.933691\n"
+              "12,13,0,1.3023\n"
+              "14,15,2,0.933691\n");
 }
 
 TEST_F(HistogramOf, BlocksOfEverySizeAreCounted) {
