@@ -23,6 +23,9 @@ struct ConversionConditions {
 
     /// The input voltage that a code stands for. It may be the mean of several codes.
     double VoltsOf(double code) const { return (code - zeroCode) * lsbVolts; }
+
+    /// The code that an input voltage is converted to, before it is rounded to a whole one.
+    double CodeOf(double volts) const { return volts / lsbVolts + zeroCode; }
 };
 
 /// Conditions of the main ADC. One code is

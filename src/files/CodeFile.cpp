@@ -73,10 +73,10 @@ void WriteAll(QFileDevice& file, std::string_view text, std::string_view name) {
     }
 }
 
-void Save(const std::string& path, const std::string& text) {
+void ReplaceFile(const std::string& path, std::string_view bytes) {
     QSaveFile file(QString::fromStdString(path));
     OpenForSaving(file, path);
-    WriteAll(file, text, path);
+    WriteAll(file, bytes, path);
     if (!file.commit()) {
         ThrowCannot("write", path, file);
     }
@@ -144,6 +144,14 @@ std::string LoadStandardInput(const SizeLimit& limit) {
     return ReadBounded(file, name, limit);
 }
 
+void SaveBytes(const std::string& path, std::string_view bytes) {
+    if (IsWrittenDirectly(path)) {
+        WriteAll(*OpenDevice(path), bytes, path);
+    } else {
+        ReplaceFile(path, bytes);
+    }
+}
+
 std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
     const std::string reason =
         "a data file has at most " + std::to_string(MostCodesInBlock) + " lines of one code each";
@@ -180,7 +188,7 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     if (stream_ != nullptr) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
-        Save(name_, text);
+        ReplaceFile(name_, text);
     } else {
         WriteAll(*device_, text, name_);
     }

@@ -82,6 +82,13 @@ std::string FractionPart(const Decimal& number) {
     return fraction;
 }
 
+template <typename Number>
+std::string Shortest(Number value) {
+    std::array<char, 32> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
 }  // namespace
 
 std::string HexText(std::int32_t value) {
@@ -110,9 +117,11 @@ std::int32_t HexLiteral(std::string_view text) {
 }
 
 std::string ShortestText(float value) {
-    std::array<char, 32> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), result.ptr};
+    return Shortest(value);
+}
+
+std::string ShortestText(double value) {
+    return Shortest(value);
 }
 
 std::string FormatNumber(double value, std::string_view format) {
@@ -156,19 +165,20 @@ std::string SignificantText(double value, int digits) {
     return FixedText(value, std::max(0, digits - digitsBeforePoint));
 }
 
-std::string VoltsText(double volts, int digits) {
-    struct Unit {
-        double volts;
-        std::string_view name;
-    };
-    constexpr Unit units[] = {{1, " V"}, {1e-3, " mV"}, {1e-6, " uV"}, {1e-9, " nV"}};
+VoltsUnit VoltsUnitOf(double volts) {
+    constexpr VoltsUnit units[] = {{1, "V"}, {1e-3, "mV"}, {1e-6, "uV"}, {1e-9, "nV"}};
     const double magnitude = std::abs(volts);
     const auto* const last = std::end(units) - 1;
-    const auto* const unit =
-        magnitude == 0 ? std::begin(units)
-                       : std::find_if(std::begin(units), last,
-                                      [magnitude](const Unit& u) { return magnitude >= u.volts; });
-    return SignificantText(volts / unit->volts, digits) + std::string(unit->name);
+    return magnitude == 0
+               ? units[0]
+               : *std::find_if(std::begin(units), last, [magnitude](const VoltsUnit& unit) {
+                     return magnitude >= unit.volts;
+                 });
+}
+
+std::string VoltsText(double volts, int digits) {
+    const VoltsUnit unit = VoltsUnitOf(volts);
+    return SignificantText(volts / unit.volts, digits) + " " + std::string(unit.name);
 }
 
 }  // namespace vx3260

@@ -16,7 +16,11 @@ std::string HexText(std::int32_t value);
 std::int32_t HexLiteral(std::string_view text);
 
 /// The shortest decimal text that reads back as the same single-precision number: 0.02 is "0.02".
+/// Large and small ones have an exponent: 1e-05.
 std::string ShortestText(float value);
+
+/// The same of a double-precision number.
+std::string ShortestText(double value);
 
 /// A number laid out by a format of "#", "0" and one ".", such as "#.##", "00.00" or "0.###".
 /// A "0" place always prints a digit, a "#" place prints nothing where there is no digit; the "."
@@ -33,8 +37,16 @@ std::string FixedText(double value, int decimals);
 /// not dropped: 0.00123456 with 3 is "0.00123", 123456 with 3 is "123456".
 std::string SignificantText(double value, int digits);
 
-/// A voltage to that many significant digits in the largest of nV, uV, mV and V that leaves a digit
-/// before the point: "4.31 uV".
+struct VoltsUnit {
+    double volts;
+    std::string_view name;
+};
+
+/// The largest of nV, uV, mV and V that leaves a voltage a digit before the point; nV for smaller
+/// ones and V for 0.
+VoltsUnit VoltsUnitOf(double volts);
+
+/// A voltage to that many significant digits in VoltsUnitOf it: "4.31 uV".
 std::string VoltsText(double volts, int digits);
 
 }  // namespace vx3260

@@ -1,0 +1,93 @@
+#include "analysis/PlotScale.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+/// What a rounded quotient may be off, in parts of it or in steps.
+constexpr double rounding = 1e-9;
+
+constexpr double margin = 0.05;
+
+/// Codes that an axis shows at least: a block of equal codes has no span of its own.
+constexpr double leastCodes = 10;
+
+double DecadeBelow(double value) {
+    return std::pow(10, std::floor(std::log10(value) + rounding));
+}
+
+}  // namespace
+
+double TickStep(double span, int mostSteps, double least) {
+    const double wanted = span / mostSteps;
+    const double decade = DecadeBelow(wanted);
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (factor * decade >= wanted * (1 - rounding)) {
+            return std::max(factor * decade, least);
+        }
+    }
+    return std::max(10 * decade, least);
+}
+
+double SubTickStep(double step, double least) {
+    const bool isTwo = std::lround(step / DecadeBelow(step)) == 2;
+    const double subStep = step / (isTwo ? 2 : 5);
+    return subStep < least * (1 - rounding) ? 0 : subStep;
+}
+
+std::vector<double> TicksIn(const AxisRange& range, double step) {
+    const double first = std::ceil(range.lower / step - rounding);
+    const double last = std::floor(range.upper / step + rounding);
+    std::vector<double> ticks;
+    for (double number = first; number <= last; ++number) {
+        ticks.push_back(number * step);
+    }
+    return ticks;
+}
+
+std::string VoltsScale::TextOf(double volts) const {
+    return FixedText(volts / unit, decimals);
+}
+
+VoltsScale VoltsScaleOf(const AxisRange& volts, double step) {
+    const VoltsUnit unit = VoltsUnitOf(std::max(std::abs(volts.lower), std::abs(volts.upper)));
+    const double decimals = std::ceil(-std::log10(step / unit.volts) - rounding);
+    return {unit.volts, unit.name, std::max(0, static_cast<int>(decimals))};
+}
+
+AxisRange WithMargin(const AxisRange& range, double fraction, double leastSpan) {
+    const double middle = range.lower + range.Span() / 2;
+    const double half = std::max(range.Span() * (1 + 2 * fraction), leastSpan) / 2;
+    return {middle - half, middle + half};
+}
+
+AxisRange CodeAxisOf(const NoiseAnalysis& analysis) {
+    const auto [mean, sigma] = analysis.exact;
+    return WithMargin({std::min<double>(analysis.statistics.minCode, mean - sigma),
+                       std::max<double>(analysis.statistics.maxCode, mean + sigma)},
+                      margin, leastCodes);
+}
+
+AxisRange BinAxisOf(const Histogram& histogram, const ExactStatistics& statistics) {
+    constexpr double halfBin = 0.5;
+    const double reach = PeakToPeakSigmas / 2 * statistics.sigma;
+    const auto first = static_cast<double>(histogram.firstCode);
+    const auto end = static_cast<double>(histogram.FirstCodeOf(histogram.counts.size()));
+    return WithMargin({std::min(first - halfBin, statistics.mean - reach),
+                       std::max(end - halfBin, statistics.mean + reach)},
+                      margin, leastCodes);
+}
+
+AxisRange CountAxisOf(const Histogram& histogram, const NoiseAnalysis& analysis) {
+    const double fullest =
+        static_cast<double>(*std::max_element(histogram.counts.begin(), histogram.counts.end()));
+    const double top =
+        NormalCount(analysis.exact.mean, analysis.exact, analysis.count, histogram.binWidth);
+    return {0, std::max(fullest, top) * (1 + margin)};
+}
+
+}  // namespace vx3260
