@@ -1,7 +1,7 @@
 # Sourced by run.sh, test.sh and .ci/run: what has to be installed, and quiet building.
 # shellcheck shell=bash disable=SC2034
 
-buildPackages=(g++ cmake ninja-build qt6-base-dev libcli11-dev)
+buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core)
 stylePackages=(clang-format clang-tidy shellcheck)

@@ -1,5 +1,7 @@
 #include "analysis/NoiseForm.h"
 
+#include "analysis/HistogramForm.h"
+#include "analysis/PlotForm.h"
 #include "link/RegisterMap.h"
 #include "link/Serial.h"
 #include "ui/Fonts.h"
@@ -38,8 +40,8 @@ NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
         tr("%1 ADC Noise Analysis").arg(ToQString(TraitsOf(converter).name)));
     UseHeadingFont(ui_->HeadingLabel);
     ShowBadge(ui_->BadgeLabel);
-    ui_->Command1->setEnabled(false);  // the plot of code against reading number
-    ui_->Command2->setEnabled(false);  // the histogram
+    On(ui_->Command1, &QPushButton::clicked, &NoiseForm::PlotGraph);
+    On(ui_->Command2, &QPushButton::clicked, &NoiseForm::PlotHistogram);
     On(ui_->Command3, &QPushButton::clicked, &NoiseForm::reject);
 
     KeepStatistics();
@@ -62,6 +64,14 @@ ConversionConditions NoiseForm::ReadConditions() {
         state.Polarity = conditions.polarity;
     }
     return conditions;
+}
+
+void NoiseForm::PlotGraph() {
+    OpenForm<PlotForm>(block_);
+}
+
+void NoiseForm::PlotHistogram() {
+    OpenForm<HistogramForm>(block_);
 }
 
 void NoiseForm::KeepStatistics() {

@@ -25,6 +25,8 @@ class NoiseForm : public Form {
 
   private:
     ConversionConditions ReadConditions();
+    void PlotGraph();
+    void PlotHistogram();
     void KeepStatistics();
     void ShowTexts();
     void ShowResolution();

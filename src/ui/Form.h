@@ -20,7 +20,7 @@ class Form : public QDialog {
     Form(Services& services, QWidget* parent);
 
   protected:
-    Services& Shared() { return services_; }
+    Services& Shared() const { return services_; }
     ApplicationState& State() { return services_.state; }
 
     /// Shows a message box over this form.

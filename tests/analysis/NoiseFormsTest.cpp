@@ -103,16 +103,17 @@ TEST_F(NoiseFormsTest, HasItsButtons) {
     Fill({1, 2});
     MainNoiseForm form(*bench.services);
     form.show();
-    const struct {
-        const char* name;
-        const char* caption;
-        bool enabled;
-    } cases[] = {{"Command1", "Plot &Graph", false},
-                 {"Command2", "Plot &Histogram", false},
-                 {"Command3", "B&ack", true}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Find<QPushButton>(form, c.name).text(), QString::fromLatin1(c.caption));
-        EXPECT_EQ(Find<QPushButton>(form, c.name).isEnabled(), c.enabled) << c.name;
+    ExpectTexts(
+        form,
+        {{"Command1", "Plot &Graph"}, {"Command2", "Plot &Histogram"}, {"Command3", "B&ack"}});
+    const std::pair<const char*, const char*> plots[] = {{"Command1", "Plot of Codes"},
+                                                         {"Command2", "Histogram"}};
+    for (const auto& [button, title] : plots) {
+        QString opened;
+        WhileModal([&] { Find<QPushButton>(form, button).click(); },
+                   [&](QDialog& plot) { opened = plot.windowTitle(); });
+        EXPECT_EQ(opened,
+                  QStringLiteral("VX3260 Evaluation Software - ") + QString::fromLatin1(title));
     }
     EXPECT_EQ(Find<QLabel>(form, "HeadingLabel").text(), QStringLiteral("Main ADC Noise Analysis"));
     for (const char* label : {"AvValueLabel", "AverageLabel", "RMSLabel", "RMSLabelLSB"}) {

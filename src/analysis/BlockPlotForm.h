@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSharedPointer>
+#include <QStringList>
+#include <string>
+
+#include "analysis/NoiseAnalysis.h"
+#include "ui/Form.h"
+#include "ui/PlotView.h"
+
+namespace vx3260 {
+
+/// What HistogramForm and PlotForm share: a plot of an analysed block that can be saved as a
+/// picture and as comma-separated values, and copied.
+class BlockPlotForm : public Form {
+    Q_OBJECT
+
+  protected:
+    struct Controls {
+        QLabel* heading;
+        QLabel* badge;
+        PlotView* view;
+        QPushButton* savePicture;
+        QPushButton* saveCsv;
+        QPushButton* copy;
+        QPushButton* showAll;
+        QPushButton* back;
+    };
+
+    /// The block outlives the form.
+    BlockPlotForm(Services& services, const AnalysedBlock& block, QWidget* parent);
+
+    /// Takes the controls. `subject` is what is plotted, "Histogram"; it follows the converter's
+    /// name in the heading.
+    void SetUp(const Controls& controls, const QString& subject);
+
+    const AnalysedBlock& Block() const { return block_; }
+
+    /// What is plotted, as the CSV file has it.
+    virtual std::string Csv() const = 0;
+
+    /// Lines that a picture has under its title besides the conditions, the mean and sigma.
+    virtual QStringList FurtherLines() const { return {}; }
+
+    /// Whole numbers along an axis.
+    static QSharedPointer<QCPAxisTicker> WholeTicker(const QCPAxis* axis);
+
+    /// Volts along an axis whose range is in codes.
+    QSharedPointer<QCPAxisTicker> VoltsTicker(const QCPAxis* axis) const;
+
+    /// The unit of that ticker's figures at present.
+    QString VoltsUnitOf(const QCPAxis* axis) const;
+
+  private:
+    void SavePicture();
+    void SaveCsv();
+    void CopyPicture();
+    void ShowAll();
+    QStringList PictureLines() const;
+    void Save(const std::string& path, std::string_view bytes);
+
+    const AnalysedBlock& block_;
+    QString subject_;
+    PlotView* view_ = nullptr;
+};
+
+/// A figure of codes: "8438977 (80C4C1)".
+QString CodeText(std::int32_t code);
+
+/// "1 code", "2 codes"; the noun's plural ends in s.
+QString CountText(std::int64_t count, const QString& noun);
+
+/// Mean and sigma, in codes and in volts.
+struct MeanAndSigma {
+    QString mean;
+    QString meanVolts;
+    QString sigma;
+    QString sigmaVolts;
+};
+
+MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis);
+
+/// The voltage of a code, with the digits that tell neighbouring codes apart anywhere in the range.
+QString CodeVoltsText(const ConversionConditions& conditions, double code);
+
+/// A voltage that is a distance, or a size.
+QString DistanceText(double volts);
+
+}  // namespace vx3260

@@ -1,0 +1,122 @@
+#include "analysis/HistogramForm.h"
+
+#include "analysis/PlotCsv.h"
+#include "analysis/PlotScale.h"
+#include "ui/Fonts.h"
+#include "ui_HistogramForm.h"
+
+namespace vx3260 {
+namespace {
+
+/// A bin stays some pixels wide then.
+constexpr std::size_t mostBins = 150;
+
+constexpr double curveSigmas = 5;
+constexpr int curvePoints = 400;
+
+constexpr double leastCodesSeen = 4;
+constexpr double leastReadingsSeen = 2;
+
+void FillBars(QCPBars* bars, const Histogram& histogram) {
+    for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
+        bars->addData(histogram.CentreOf(bin), static_cast<double>(histogram.counts[bin]));
+    }
+    bars->setWidthType(QCPBars::wtPlotCoords);
+    bars->setWidth(static_cast<double>(histogram.binWidth));
+}
+
+void FillCurve(QCPGraph* curve, const NoiseAnalysis& analysis, std::int64_t binWidth) {
+    const auto [mean, sigma] = analysis.exact;
+    for (int i = 0; i <= curvePoints; ++i) {
+        const double code = mean + sigma * curveSigmas * (2.0 * i / curvePoints - 1);
+        curve->addData(code, NormalCount(code, analysis.exact, analysis.count, binWidth));
+    }
+}
+
+}  // namespace
+
+HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWidget* parent)
+    : BlockPlotForm(services, block, parent),
+      ui_(std::make_unique<Ui::HistogramForm>()),
+      histogram_(ComputeHistogram(block.codes, mostBins)) {
+    ui_->setupUi(this);
+    SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
+           ui_->Command3, ui_->Command4, ui_->Command5},
+          tr("Histogram"));
+    Draw();
+    ShowFigures();
+}
+
+HistogramForm::~HistogramForm() = default;
+
+void HistogramForm::Draw() {
+    PlotView* const view = ui_->Plot;
+    const NoiseAnalysis& analysis = Block().analysis;
+    const AxisRange codes = BinAxisOf(histogram_, analysis.exact);
+    const AxisRange counts = CountAxisOf(histogram_, analysis);
+    const bool single = histogram_.binWidth == 1;
+
+    auto* const bars = new QCPBars(view->xAxis, view->yAxis);
+    FillBars(bars, histogram_);
+    bars->setName(single ? tr("Readings per code")
+                         : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
+    QCPGraph* const curve = view->addGraph();
+    if (analysis.exact.sigma > 0) {
+        curve->setName(tr("Normal curve of mean and sigma"));
+        FillCurve(curve, analysis, histogram_.binWidth);
+    } else {
+        view->legend->removeItem(view->legend->itemWithPlottable(curve));
+    }
+    QCPGraph* const mean = view->addGraph();
+    mean->setName(tr("Mean"));
+    mean->addData(analysis.exact.mean, counts.lower);
+    mean->addData(analysis.exact.mean, counts.upper);
+
+    view->SetColouring([bars, curve, mean](const PlotColours& colours) {
+        constexpr double fill = 0.35;
+        constexpr double lineWidth = 2;
+        bars->setBrush(Mixed(colours.data, colours.background, fill));
+        bars->setPen(colours.data);
+        curve->setPen(QPen(colours.reference, lineWidth));
+        mean->setPen(QPen(colours.text, 1, Qt::DashLine));
+    });
+    view->xAxis->setTicker(WholeTicker(view->xAxis));
+    view->yAxis->setTicker(WholeTicker(view->yAxis));
+    view->xAxis->setLabel(tr("Code"));
+    view->yAxis->setLabel(single ? tr("Readings per code") : tr("Readings per bin"));
+    view->SetExtent({{codes.lower, codes.upper},
+                     {counts.lower, counts.upper},
+                     leastCodesSeen,
+                     leastReadingsSeen});
+}
+
+void HistogramForm::ShowFigures() {
+    const NoiseAnalysis& analysis = Block().analysis;
+    const ConversionConditions& conditions = analysis.conditions;
+    const MeanAndSigma texts = MeanAndSigmaOf(analysis);
+    const std::int64_t span =
+        std::int64_t{analysis.statistics.maxCode} - analysis.statistics.minCode;
+    const std::pair<QLabel*, QString> figures[] = {
+        {ui_->CodesLabel, QString::number(analysis.count)},
+        {ui_->RangeLabel, QString::fromStdString(conditions.rangeText)},
+        {ui_->LSBLabel, DistanceText(conditions.lsbVolts)},
+        {ui_->MeanLabelLSB, texts.mean},
+        {ui_->MeanLabel, texts.meanVolts},
+        {ui_->SigmaLabelLSB, texts.sigma},
+        {ui_->SigmaLabel, texts.sigmaVolts},
+        {ui_->BinLabel, CountText(histogram_.binWidth, tr("code"))},
+        {ui_->MaxLabel, CodeText(analysis.statistics.maxCode)},
+        {ui_->MinLabel, CodeText(analysis.statistics.minCode)},
+        {ui_->SpanLabel, CountText(span, tr("code"))},
+    };
+    for (const auto& [label, text] : figures) {
+        UseFixedFont(label);
+        label->setText(text);
+    }
+}
+
+std::string HistogramForm::Csv() const {
+    return HistogramCsv(histogram_, Block().analysis);
+}
+
+}  // namespace vx3260

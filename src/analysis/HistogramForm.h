@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "analysis/BlockPlotForm.h"
+#include "analysis/Histogram.h"
+
+namespace Ui {
+class HistogramForm;
+}
+
+namespace vx3260 {
+
+/// How often the codes of a block occur, beside the normal curve of its mean and sigma.
+class HistogramForm final : public BlockPlotForm {
+    Q_OBJECT
+
+  public:
+    /// The block outlives the form.
+    HistogramForm(Services& services, const AnalysedBlock& block, QWidget* parent = nullptr);
+    ~HistogramForm() override;
+
+  protected:
+    std::string Csv() const override;
+
+  private:
+    void Draw();
+    void ShowFigures();
+
+    std::unique_ptr<Ui::HistogramForm> ui_;
+    Histogram histogram_;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,153 @@
+#include "analysis/PlotForm.h"
+
+#include "analysis/PlotCsv.h"
+#include "analysis/PlotScale.h"
+#include "numbers/Conversions.h"
+#include "ui/Fonts.h"
+#include "ui_PlotForm.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr double keyMargin = 0.02;
+constexpr double leastReadingsSeen = 4;
+constexpr double leastCodesSeen = 4;
+
+/// Readings this far apart, in pixels, are marked by dots.
+constexpr double dotDistance = 6;
+constexpr double dotSize = 4;
+
+}  // namespace
+
+PlotForm::PlotForm(Services& services, const AnalysedBlock& block, QWidget* parent)
+    : BlockPlotForm(services, block, parent), ui_(std::make_unique<Ui::PlotForm>()) {
+    ui_->setupUi(this);
+    SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
+           ui_->Command3, ui_->Command4, ui_->Command5},
+          tr("Codes"));
+    for (QLabel* label : {ui_->CursorALabel, ui_->CursorBLabel, ui_->DifferenceLabel}) {
+        UseFixedFont(label);
+    }
+    Draw();
+    ShowCursors();
+    On(ui_->Plot, &PlotView::beforeReplot, &PlotForm::FollowView);
+    On(cursors_, &PlotCursors::Changed, &PlotForm::ShowCursors);
+}
+
+PlotForm::~PlotForm() = default;
+
+void PlotForm::Draw() {
+    PlotView* const view = ui_->Plot;
+    const double sigma = Block().analysis.exact.sigma;
+    const AxisRange codes = CodeAxisOf(Block().analysis);
+    const AxisRange readings =
+        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, leastReadingsSeen);
+    codes_ = view->addGraph();
+    codes_->setName(tr("Code"));
+    for (std::size_t i = 0; i < Block().codes.size(); ++i) {
+        codes_->addData(static_cast<double>(i + 1), Block().codes[i]);
+    }
+    // Over dense data of a like brightness a line needs an edge to be seen.
+    const std::vector<QCPGraph*> edges = AddLevels();
+    const std::vector<QCPGraph*> lines = AddLevels();
+    lines.front()->setName(tr("Mean"));
+    lines.front()->addToLegend();
+    if (sigma > 0) {
+        lines.back()->setName(tr("Mean ± 1 sigma"));
+        lines.back()->addToLegend();
+    } else {
+        // The codes are on the line of their mean, and over it.
+        codes_->setLayer(QStringLiteral("axes"));
+    }
+    cursors_ = new PlotCursors(view, codes_);
+
+    view->SetColouring([this, edges, lines](const PlotColours& colours) {
+        constexpr double lineWidth = 2;
+        constexpr double edgeWidth = 4;
+        codes_->setPen(colours.data);
+        for (QCPGraph* edge : edges) {
+            edge->setPen(QPen(colours.background, edgeWidth));
+        }
+        for (QCPGraph* line : lines) {
+            const bool isMean = line == lines.front();
+            line->setPen(QPen(colours.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
+        }
+        cursors_->UseColours(colours);
+    });
+    view->xAxis->setTicker(WholeTicker(view->xAxis));
+    view->yAxis->setTicker(WholeTicker(view->yAxis));
+    view->yAxis2->setTicker(VoltsTicker(view->yAxis2));
+    view->yAxis2->setVisible(true);
+    view->xAxis->setLabel(tr("Reading"));
+    view->yAxis->setLabel(tr("Code"));
+    view->SetExtent({{readings.lower, readings.upper},
+                     {codes.lower, codes.upper},
+                     leastReadingsSeen,
+                     leastCodesSeen});
+}
+
+std::vector<QCPGraph*> PlotForm::AddLevels() {
+    const auto [mean, sigma] = Block().analysis.exact;
+    const std::vector<double> codes =
+        sigma > 0 ? std::vector{mean, mean - sigma, mean + sigma} : std::vector{mean};
+    std::vector<QCPGraph*> levels;
+    for (const double code : codes) {
+        QCPGraph* const level = ui_->Plot->addGraph();
+        level->removeFromLegend();
+        level->addData(1, code);
+        level->addData(static_cast<double>(Block().codes.size()), code);
+        levels.push_back(level);
+    }
+    return levels;
+}
+
+void PlotForm::FollowView() {
+    const PlotView* const view = ui_->Plot;
+    view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2)));
+    const bool dots = view->width() > dotDistance * view->xAxis->range().size();
+    codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
+                                 : QCPScatterStyle(QCPScatterStyle::ssNone));
+}
+
+void PlotForm::ShowCursors() {
+    const std::pair<QLabel*, PlotCursors::Name> labels[] = {{ui_->CursorALabel, PlotCursors::A},
+                                                            {ui_->CursorBLabel, PlotCursors::B}};
+    for (const auto& [label, name] : labels) {
+        QFont font = label->font();
+        font.setBold(name == cursors_->Chosen());
+        label->setFont(font);
+        label->setText(CursorText(name));
+    }
+    ui_->DifferenceLabel->setText(DifferenceText());
+    ui_->Plot->setAccessibleDescription(FurtherLines().join(QLatin1Char('\n')));
+}
+
+QString PlotForm::CursorText(PlotCursors::Name name) const {
+    const int point = cursors_->PointOf(name);
+    const double code = Block().codes.at(static_cast<std::size_t>(point));
+    return tr("%1: reading %2, %3, %4")
+        .arg(name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B"))
+        .arg(point + 1)
+        .arg(CodeText(ToInt32(code)), CodeVoltsText(Block().analysis.conditions, code));
+}
+
+QString PlotForm::DifferenceText() const {
+    const int a = cursors_->PointOf(PlotCursors::A);
+    const int b = cursors_->PointOf(PlotCursors::B);
+    const double codes = Block().codes.at(static_cast<std::size_t>(b)) -
+                         Block().codes.at(static_cast<std::size_t>(a));
+    const double volts = codes * Block().analysis.conditions.lsbVolts;
+    return tr("B - A: %1, %2, %3")
+        .arg(CountText(b - a, tr("reading")),
+             CountText(static_cast<std::int64_t>(codes), tr("code")), DistanceText(volts));
+}
+
+std::string PlotForm::Csv() const {
+    return CodesCsv(Block());
+}
+
+QStringList PlotForm::FurtherLines() const {
+    return {CursorText(PlotCursors::A), CursorText(PlotCursors::B), DifferenceText()};
+}
+
+}  // namespace vx3260

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "analysis/BlockPlotForm.h"
+#include "ui/PlotCursors.h"
+
+namespace Ui {
+class PlotForm;
+}
+
+namespace vx3260 {
+
+/// The codes of a block as a strip chart over the reading number, from 1 on, with volts on the
+/// right, mean and sigma, and two cursors.
+class PlotForm final : public BlockPlotForm {
+    Q_OBJECT
+
+  public:
+    /// The block outlives the form.
+    PlotForm(Services& services, const AnalysedBlock& block, QWidget* parent = nullptr);
+    ~PlotForm() override;
+
+  protected:
+    std::string Csv() const override;
+    QStringList FurtherLines() const override;
+
+  private:
+    void Draw();
+    /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
+    std::vector<QCPGraph*> AddLevels();
+    void FollowView();
+    void ShowCursors();
+    QString CursorText(PlotCursors::Name name) const;
+    QString DifferenceText() const;
+
+    std::unique_ptr<Ui::PlotForm> ui_;
+    QCPGraph* codes_ = nullptr;
+    PlotCursors* cursors_ = nullptr;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <array>
+
+#include "ui/PlotView.h"
+
+namespace vx3260 {
+
+/// Two cursors, A and B, on the points of a graph. The keys A and B choose the one that a click on
+/// the plot sets to the nearest point, and that Ctrl with the left or right arrow key moves by a
+/// point, with Shift by ten. The plot follows it.
+class PlotCursors final : public QObject {
+    Q_OBJECT
+
+  public:
+    enum Name { A, B };
+
+    /// On a graph of the view that has its points and at least one; both outlive the cursors.
+    PlotCursors(PlotView* view, QCPGraph* graph);
+
+    /// The number of the point that a cursor is on, from 0.
+    int PointOf(Name name) const { return cursors_[name].point; }
+    Name Chosen() const { return chosen_; }
+
+    /// Draws the cursors with these colours from now on.
+    void UseColours(const PlotColours& colours);
+
+  signals:
+    /// A cursor was moved, or the other one chosen.
+    void Changed();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Cursor {
+        QCPItemLine* line;
+        QCPItemTracer* marker;
+        QCPItemText* flag;
+        int point = 0;
+    };
+
+    Cursor MakeCursor(Name name);
+    bool TakeKey(const QKeyEvent& event);
+    void Choose(Name name);
+    void MoveTo(int point);
+    void MoveToKey(double key);
+    void Place(Cursor& cursor, int point);
+    void Update();
+
+    PlotView* view_;
+    QCPGraph* graph_;
+    std::array<Cursor, 2> cursors_;
+    Name chosen_ = A;
+    PlotColours colours_{};
+};
+
+}  // namespace vx3260

@@ -1,0 +1,333 @@
+#include "ui/PlotView.h"
+
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <algorithm>
+#include <utility>
+
+namespace vx3260 {
+namespace {
+
+constexpr double panStep = 0.1;      ///< of what is seen
+constexpr double zoomStep = 0.8;     ///< of what is seen is seen then
+constexpr int leastRectangle = 4;    ///< pixels; a smaller one is a click
+constexpr double exportScale = 2;    ///< pixels of a picture for one of the plot
+constexpr QSize exportSize(64, 40);  ///< in heights of a line of text
+
+PlotColours ColoursOn(const QColor& background, const QColor& text) {
+    constexpr int middle = 128;
+    constexpr double gridPart = 0.2;
+    const bool dark = background.lightness() < middle;
+    return {.background = background,
+            .text = text,
+            .grid = Mixed(text, background, gridPart),
+            .data = dark ? QColor(0x56, 0xB4, 0xE9) : QColor(0x00, 0x72, 0xB2),
+            .reference = dark ? QColor(0xE6, 0x9F, 0x00) : QColor(0xD5, 0x5E, 0x00)};
+}
+
+PlotColours ColoursOf(const QPalette& palette) {
+    return ColoursOn(palette.color(QPalette::Base), palette.color(QPalette::Text));
+}
+
+PlotColours ExportColours() {
+    return ColoursOn(Qt::white, QColor(0x20, 0x20, 0x20));
+}
+
+/// The part of `all` nearest to `range` and no smaller than `least`.
+QCPRange Inside(const QCPRange& range, const QCPRange& all, double least) {
+    const double size = std::min(std::max(range.size(), least), all.size());
+    const double lower =
+        std::clamp(range.center() - size / 2, all.lower, std::max(all.lower, all.upper - size));
+    return {lower, lower + size};
+}
+
+void Limit(QCPAxis* axis, const QCPRange& all, double least) {
+    const QSignalBlocker quiet(axis);
+    axis->setRange(Inside(axis->range(), all, least));
+}
+
+void Pan(QCPAxis* axis, double parts) {
+    axis->moveRange(parts * axis->range().size());
+}
+
+void Zoom(QCPAxis* axis, double factor) {
+    axis->scaleRange(factor);
+}
+
+std::vector<QCPGraph*> GraphsOf(const QCustomPlot& plot) {
+    std::vector<QCPGraph*> graphs;
+    for (int i = 0; i < plot.graphCount(); ++i) {
+        graphs.push_back(plot.graph(i));
+    }
+    return graphs;
+}
+
+}  // namespace
+
+QColor Mixed(const QColor& one, const QColor& other, double part) {
+    const auto mix = [part](int a, int b) { return qRound(part * a + (1 - part) * b); };
+    return {mix(one.red(), other.red()), mix(one.green(), other.green()),
+            mix(one.blue(), other.blue())};
+}
+
+PlotView::PlotView(QWidget* parent)
+    : QCustomPlot(parent), extent_{xAxis->range(), yAxis->range(), 0, 0} {
+    setFocusPolicy(Qt::StrongFocus);
+    axisRect()->setMinimumMargins({8, 8, 8, 8});
+    setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+    for (QCPAxis* axis : {xAxis, yAxis}) {
+        connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+                &PlotView::KeepInside);
+    }
+    SetUpLegend();
+    UseFonts();
+    UseColours(ColoursOf(palette()));
+}
+
+/// In the middle of a row over the plot, where it hides nothing.
+void PlotView::SetUpLegend() {
+    constexpr double noMoreThanNeeded = 0.001;
+    auto* const row = new QCPLayoutGrid;
+    plotLayout()->insertRow(0);
+    plotLayout()->addElement(0, 0, row);
+    plotLayout()->setRowStretchFactor(0, noMoreThanNeeded);
+    row->addElement(0, 0, new QCPLayoutElement(this));
+    row->addElement(0, 1, legend);
+    row->addElement(0, 2, new QCPLayoutElement(this));
+    row->setColumnStretchFactor(1, noMoreThanNeeded);
+    legend->setFillOrder(QCPLegend::foColumnsFirst);
+    legend->setBorderPen(Qt::NoPen);
+    legend->setBrush(Qt::NoBrush);
+    legend->setVisible(true);
+}
+
+void PlotView::SetColouring(std::function<void(const PlotColours&)> colouring) {
+    colouring_ = std::move(colouring);
+    UseColours(ColoursOf(palette()));
+}
+
+void PlotView::SetExtent(const PlotExtent& extent) {
+    extent_ = extent;
+    ShowAll();
+}
+
+void PlotView::ShowAll() {
+    xAxis->setRange(extent_.keys);
+    yAxis->setRange(extent_.values);
+    replot(rpQueuedReplot);
+}
+
+void PlotView::Reveal(double key) {
+    const QCPRange seen = xAxis->range();
+    if (key < seen.lower) {
+        xAxis->moveRange(key - seen.lower);
+    } else if (key > seen.upper) {
+        xAxis->moveRange(key - seen.upper);
+    } else {
+        return;
+    }
+    replot(rpQueuedReplot);
+}
+
+void PlotView::KeepInside() {
+    Limit(xAxis, extent_.keys, extent_.leastKeys);
+    Limit(yAxis, extent_.values, extent_.leastValues);
+    yAxis2->setRange(yAxis->range());
+}
+
+void PlotView::UseFonts() {
+    for (QCPAxis* axis : {xAxis, yAxis, yAxis2}) {
+        axis->setTickLabelFont(font());
+        axis->setLabelFont(font());
+    }
+    legend->setFont(font());
+    const int line = fontMetrics().height();
+    legend->setIconSize(2 * line, line + fontMetrics().descent());
+}
+
+void PlotView::UseColours(const PlotColours& colours) {
+    setBackground(colours.background);
+    for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
+        for (const auto setPen :
+             {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
+            (axis->*setPen)(colours.text);
+        }
+        axis->setTickLabelColor(colours.text);
+        axis->setLabelColor(colours.text);
+        axis->grid()->setPen(colours.grid);
+        axis->grid()->setZeroLinePen(Qt::NoPen);
+    }
+    legend->setTextColor(colours.text);
+    QColor inside = colours.data;
+    inside.setAlphaF(0.2F);
+    selectionRect()->setPen(colours.data);
+    selectionRect()->setBrush(inside);
+    if (colouring_) {
+        colouring_(colours);
+    }
+}
+
+bool PlotView::Steer(const QKeyEvent& event) {
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    switch (event.key()) {
+        case Qt::Key_Home:
+            ShowAll();
+            return true;
+        case Qt::Key_Left:
+            shift ? Zoom(xAxis, 1 / zoomStep) : Pan(xAxis, -panStep);
+            return true;
+        case Qt::Key_Right:
+            shift ? Zoom(xAxis, zoomStep) : Pan(xAxis, panStep);
+            return true;
+        case Qt::Key_Down:
+            shift ? Zoom(yAxis, 1 / zoomStep) : Pan(yAxis, -panStep);
+            return true;
+        case Qt::Key_Up:
+            shift ? Zoom(yAxis, zoomStep) : Pan(yAxis, panStep);
+            return true;
+        case Qt::Key_PageUp:
+            Pan(xAxis, -1);
+            return true;
+        case Qt::Key_PageDown:
+            Pan(xAxis, 1);
+            return true;
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            Zoom(xAxis, zoomStep);
+            Zoom(yAxis, zoomStep);
+            return true;
+        case Qt::Key_Minus:
+            Zoom(xAxis, 1 / zoomStep);
+            Zoom(yAxis, 1 / zoomStep);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void PlotView::keyPressEvent(QKeyEvent* event) {
+    const bool other = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+    if (other || !Steer(*event)) {
+        QCustomPlot::keyPressEvent(event);
+        return;
+    }
+    replot(rpQueuedReplot);
+}
+
+void PlotView::mousePressEvent(QMouseEvent* event) {
+    const bool rectangle =
+        event->button() == Qt::RightButton || event->modifiers().testFlag(Qt::ShiftModifier);
+    setSelectionRectMode(rectangle ? QCP::srmZoom : QCP::srmNone);
+    QCustomPlot::mousePressEvent(event);
+}
+
+void PlotView::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const bool moved = (at - mMousePressPos).manhattanLength() >= leastRectangle;
+    QCustomPlot::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && selectionRectMode() == QCP::srmNone && !moved &&
+        axisRect()->rect().contains(at)) {
+        emit Clicked(xAxis->pixelToCoord(at.x()));
+    }
+}
+
+void PlotView::processRectZoom(QRect rect, QMouseEvent* /*event*/) {
+    const QRect inside = rect.normalized() & axisRect()->rect();
+    if (inside.width() >= leastRectangle && inside.height() >= leastRectangle) {
+        axisRect()->zoom(QRectF(inside), {xAxis, yAxis});
+    }
+    replot(rpQueuedReplot);
+}
+
+void PlotView::changeEvent(QEvent* event) {
+    QCustomPlot::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        UseColours(ColoursOf(palette()));
+        replot(rpQueuedRefresh);
+    } else if (event->type() == QEvent::FontChange) {
+        UseFonts();
+        replot(rpQueuedRefresh);
+    }
+}
+
+void PlotView::paintEvent(QPaintEvent* event) {
+    QCustomPlot::paintEvent(event);
+    if (hasFocus()) {
+        constexpr int frameWidth = 2;
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), frameWidth));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+void PlotView::AddTextOnTop(const QString& text, const QFont& textFont, const QColor& colour) {
+    auto* const element = new QCPTextElement(this, text, textFont);
+    element->setTextColor(colour);
+    plotLayout()->insertRow(0);
+    plotLayout()->addElement(0, 0, element);
+}
+
+void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>& draw) {
+    replot();  // what depends on what is seen is up to date
+    for (QCPGraph* graph : GraphsOf(*this)) {
+        graph->setAdaptiveSampling(false);
+    }
+    const PlotColours colours = ExportColours();
+    UseColours(colours);
+    QFont titleFont = font();
+    titleFont.setBold(true);
+    AddTextOnTop(lines.mid(1).join(QLatin1Char('\n')), font(), colours.text);
+    AddTextOnTop(lines.value(0), titleFont, colours.text);
+
+    draw(exportSize * fontMetrics().height());
+
+    for (const int row : {0, 1}) {
+        plotLayout()->remove(plotLayout()->element(row, 0));
+    }
+    plotLayout()->simplify();
+    for (QCPGraph* graph : GraphsOf(*this)) {
+        graph->setAdaptiveSampling(true);
+    }
+    UseColours(ColoursOf(palette()));
+    replot();
+}
+
+QImage PlotView::Picture(const QStringList& lines) {
+    QImage picture;
+    Export(lines, [this, &picture](QSize size) {
+        picture = toPixmap(size.width(), size.height(), exportScale).toImage();
+    });
+    return picture;
+}
+
+QByteArray PlotView::Png(const QStringList& lines) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    Picture(lines).save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray PlotView::Pdf(const QStringList& lines) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(lines.value(0));
+    // At the screen's own resolution a text takes the room that the layout gives it.
+    writer.setResolution(logicalDpiX());
+    Export(lines, [&](QSize size) {
+        constexpr double pointsPerInch = 72;
+        writer.setPageSize(QPageSize(QSizeF(size) * pointsPerInch / logicalDpiX(), QPageSize::Point,
+                                     {}, QPageSize::ExactMatch));
+        writer.setPageMargins({});
+        QCPPainter painter;
+        painter.begin(&writer);
+        painter.setMode(QCPPainter::pmVectorized);
+        toPainter(&painter, size.width(), size.height());
+        painter.end();
+    });
+    return bytes;
+}
+
+}  // namespace vx3260

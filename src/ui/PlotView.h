@@ -1,0 +1,86 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <QByteArray>
+#include <QImage>
+#include <QStringList>
+#include <functional>
+
+namespace vx3260 {
+
+/// What a plot is drawn with. Data and reference are of the Okabe-Ito palette, which every kind of
+/// colour vision tells apart.
+struct PlotColours {
+    QColor background;
+    QColor text;
+    QColor grid;
+    QColor data;
+    QColor reference;  ///< what the data is compared with
+};
+
+/// `part` of one colour, from 0 to 1, and the rest of the other.
+QColor Mixed(const QColor& one, const QColor& other, double part);
+
+/// How far a plot can be moved and how near it can be looked at.
+struct PlotExtent {
+    QCPRange keys;       ///< all of the horizontal axis
+    QCPRange values;     ///< all of the vertical axis
+    double leastKeys;    ///< never less than that is shown
+    double leastValues;  ///< likewise
+};
+
+/// A plot in the program's manner: the palette's colours, light or dark; moved by dragging, by the
+/// arrow keys and Page Up and Down; zoomed by the wheel, by a rectangle dragged with Shift or the
+/// right button, by + and -, one axis by Shift with an arrow key; Home shows everything again. The
+/// right axis has the range of the left one, at any time.
+class PlotView final : public QCustomPlot {
+    Q_OBJECT
+
+  public:
+    explicit PlotView(QWidget* parent = nullptr);
+
+    /// Calls `colouring` with the colours now and whenever they change: in another theme, and for
+    /// an export and after it.
+    void SetColouring(std::function<void(const PlotColours&)> colouring);
+
+    /// Sets the limits and shows everything.
+    void SetExtent(const PlotExtent& extent);
+    void ShowAll();
+
+    /// Moves the horizontal axis no further than `key` needs to be seen.
+    void Reveal(double key);
+
+    /// What is seen, dark on white in any theme, every point drawn; with lines of text over it, the
+    /// first as the title.
+    QImage Picture(const QStringList& lines);
+    QByteArray Png(const QStringList& lines);
+    QByteArray Pdf(const QStringList& lines);
+
+  signals:
+    /// The left button was clicked at a place of the horizontal axis.
+    void Clicked(double key);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void processRectZoom(QRect rect, QMouseEvent* event) override;
+
+  private:
+    void SetUpLegend();
+    void KeepInside();
+    void UseFonts();
+    void UseColours(const PlotColours& colours);
+    void AddTextOnTop(const QString& text, const QFont& textFont, const QColor& colour);
+    bool Steer(const QKeyEvent& event);
+    /// Calls `draw` while the plot looks as it is exported.
+    void Export(const QStringList& lines, const std::function<void(QSize)>& draw);
+
+    std::function<void(const PlotColours&)> colouring_;
+    PlotExtent extent_;
+};
+
+}  // namespace vx3260
