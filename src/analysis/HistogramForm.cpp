@@ -72,13 +72,13 @@ void HistogramForm::Draw() {
     mean->addData(analysis.exact.mean, counts.lower);
     mean->addData(analysis.exact.mean, counts.upper);
 
-    view->SetColouring([bars, curve, mean](const PlotColours& colours) {
+    view->SetLook([bars, curve, mean](const PlotLook& look) {
         constexpr double fill = 0.35;
         constexpr double lineWidth = 2;
-        bars->setBrush(Mixed(colours.data, colours.background, fill));
-        bars->setPen(colours.data);
-        curve->setPen(QPen(colours.reference, lineWidth));
-        mean->setPen(QPen(colours.text, 1, Qt::DashLine));
+        bars->setBrush(Mixed(look.data, look.background, fill));
+        bars->setPen(look.data);
+        curve->setPen(QPen(look.reference, lineWidth));
+        mean->setPen(QPen(look.text, 1, Qt::DashLine));
     });
     view->xAxis->setTicker(WholeTicker(view->xAxis));
     view->yAxis->setTicker(WholeTicker(view->yAxis));

@@ -9,6 +9,8 @@
 namespace vx3260 {
 namespace {
 
+constexpr QLatin1String levelLayer("levels");
+
 constexpr double keyMargin = 0.02;
 constexpr double leastReadingsSeen = 4;
 constexpr double leastCodesSeen = 4;
@@ -38,7 +40,6 @@ PlotForm::~PlotForm() = default;
 
 void PlotForm::Draw() {
     PlotView* const view = ui_->Plot;
-    const double sigma = Block().analysis.exact.sigma;
     const AxisRange codes = CodeAxisOf(Block().analysis);
     const AxisRange readings =
         WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, leastReadingsSeen);
@@ -47,32 +48,29 @@ void PlotForm::Draw() {
     for (std::size_t i = 0; i < Block().codes.size(); ++i) {
         codes_->addData(static_cast<double>(i + 1), Block().codes[i]);
     }
-    // Over dense data of a like brightness a line needs an edge to be seen.
-    const std::vector<QCPGraph*> edges = AddLevels();
+    view->addLayer(levelLayer);
+    edges_ = AddLevels();
     const std::vector<QCPGraph*> lines = AddLevels();
     lines.front()->setName(tr("Mean"));
     lines.front()->addToLegend();
-    if (sigma > 0) {
+    if (Block().analysis.exact.sigma > 0) {
         lines.back()->setName(tr("Mean ± 1 sigma"));
         lines.back()->addToLegend();
-    } else {
-        // The codes are on the line of their mean, and over it.
-        codes_->setLayer(QStringLiteral("axes"));
     }
     cursors_ = new PlotCursors(view, codes_);
 
-    view->SetColouring([this, edges, lines](const PlotColours& colours) {
+    view->SetLook([this, lines](const PlotLook& look) {
         constexpr double lineWidth = 2;
         constexpr double edgeWidth = 4;
-        codes_->setPen(colours.data);
-        for (QCPGraph* edge : edges) {
-            edge->setPen(QPen(colours.background, edgeWidth));
+        codes_->setPen(QPen(look.data, look.dataWidth));
+        for (QCPGraph* edge : edges_) {
+            edge->setPen(QPen(look.background, edgeWidth));
         }
         for (QCPGraph* line : lines) {
             const bool isMean = line == lines.front();
-            line->setPen(QPen(colours.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
+            line->setPen(QPen(look.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
         }
-        cursors_->UseColours(colours);
+        cursors_->UseLook(look);
     });
     view->xAxis->setTicker(WholeTicker(view->xAxis));
     view->yAxis->setTicker(WholeTicker(view->yAxis));
@@ -94,6 +92,8 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
     for (const double code : codes) {
         QCPGraph* const level = ui_->Plot->addGraph();
         level->removeFromLegend();
+        level->setLayer(levelLayer);
+        level->setAntialiased(false);
         level->addData(1, code);
         level->addData(static_cast<double>(Block().codes.size()), code);
         levels.push_back(level);
@@ -102,11 +102,23 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 }
 
 void PlotForm::FollowView() {
-    const PlotView* const view = ui_->Plot;
+    PlotView* const view = ui_->Plot;
     view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2)));
-    const bool dots = view->width() > dotDistance * view->xAxis->range().size();
+    ShowDots(view->width() > dotDistance * view->xAxis->range().size());
+}
+
+/// The lines of mean and sigma lie over codes that are drawn as one area, with an edge to stand out
+/// from it, and under codes that can be told apart. Equal codes are on the line of their mean.
+void PlotForm::ShowDots(bool dots) {
+    PlotView* const view = ui_->Plot;
+    const bool codesOnTop = dots || Block().analysis.exact.sigma == 0;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
                                  : QCPScatterStyle(QCPScatterStyle::ssNone));
+    for (QCPGraph* edge : edges_) {
+        edge->setVisible(!codesOnTop);
+    }
+    view->moveLayer(view->layer(levelLayer), codes_->layer(),
+                    codesOnTop ? PlotView::limBelow : PlotView::limAbove);
 }
 
 void PlotForm::ShowCursors() {

@@ -31,12 +31,14 @@ class PlotForm final : public BlockPlotForm {
     /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
     std::vector<QCPGraph*> AddLevels();
     void FollowView();
+    void ShowDots(bool dots);
     void ShowCursors();
     QString CursorText(PlotCursors::Name name) const;
     QString DifferenceText() const;
 
     std::unique_ptr<Ui::PlotForm> ui_;
     QCPGraph* codes_ = nullptr;
+    std::vector<QCPGraph*> edges_;
     PlotCursors* cursors_ = nullptr;
 };
 

@@ -46,20 +46,20 @@ PlotCursors::Cursor PlotCursors::MakeCursor(Name name) {
     return cursor;
 }
 
-void PlotCursors::UseColours(const PlotColours& colours) {
-    colours_ = colours;
+void PlotCursors::UseLook(const PlotLook& look) {
+    look_ = look;
     for (const Name name : {A, B}) {
         const Cursor& cursor = cursors_[name];
         const bool chosen = name == chosen_;
         QFont font = view_->font();
         font.setBold(chosen);
-        cursor.line->setPen(QPen(colours.text, 1, name == A ? Qt::DashLine : Qt::DashDotLine));
-        cursor.marker->setPen(QPen(colours.text, 2));
-        cursor.marker->setBrush(chosen ? colours.reference : colours.background);
+        cursor.line->setPen(QPen(look.text, 1, name == A ? Qt::DashLine : Qt::DashDotLine));
+        cursor.marker->setPen(QPen(look.text, 2));
+        cursor.marker->setBrush(chosen ? look.reference : look.background);
         cursor.flag->setFont(font);
-        cursor.flag->setPen(colours.text);
-        cursor.flag->setBrush(chosen ? colours.text : colours.background);
-        cursor.flag->setColor(chosen ? colours.background : colours.text);
+        cursor.flag->setPen(look.text);
+        cursor.flag->setBrush(chosen ? look.text : look.background);
+        cursor.flag->setColor(chosen ? look.background : look.text);
     }
 }
 
@@ -88,7 +88,7 @@ bool PlotCursors::TakeKey(const QKeyEvent& event) {
 
 void PlotCursors::Choose(Name name) {
     chosen_ = name;
-    UseColours(colours_);
+    UseLook(look_);
     Update();
 }
 

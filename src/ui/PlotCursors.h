@@ -23,8 +23,8 @@ class PlotCursors final : public QObject {
     int PointOf(Name name) const { return cursors_[name].point; }
     Name Chosen() const { return chosen_; }
 
-    /// Draws the cursors with these colours from now on.
-    void UseColours(const PlotColours& colours);
+    /// Draws the cursors in this look from now on.
+    void UseLook(const PlotLook& look);
 
   signals:
     /// A cursor was moved, or the other one chosen.
@@ -53,7 +53,7 @@ class PlotCursors final : public QObject {
     QCPGraph* graph_;
     std::array<Cursor, 2> cursors_;
     Name chosen_ = A;
-    PlotColours colours_{};
+    PlotLook look_{};
 };
 
 }  // namespace vx3260

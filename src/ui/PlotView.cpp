@@ -15,23 +15,27 @@ constexpr int leastRectangle = 4;    ///< pixels; a smaller one is a click
 constexpr double exportScale = 2;    ///< pixels of a picture for one of the plot
 constexpr QSize exportSize(64, 40);  ///< in heights of a line of text
 
-PlotColours ColoursOn(const QColor& background, const QColor& text) {
+PlotLook LookOn(const QColor& background, const QColor& text) {
     constexpr int middle = 128;
     constexpr double gridPart = 0.2;
+    constexpr double onePixelAtAnyScale = 0;
     const bool dark = background.lightness() < middle;
     return {.background = background,
             .text = text,
             .grid = Mixed(text, background, gridPart),
             .data = dark ? QColor(0x56, 0xB4, 0xE9) : QColor(0x00, 0x72, 0xB2),
-            .reference = dark ? QColor(0xE6, 0x9F, 0x00) : QColor(0xD5, 0x5E, 0x00)};
+            .reference = dark ? QColor(0xE6, 0x9F, 0x00) : QColor(0xD5, 0x5E, 0x00),
+            .dataWidth = onePixelAtAnyScale};
 }
 
-PlotColours ColoursOf(const QPalette& palette) {
-    return ColoursOn(palette.color(QPalette::Base), palette.color(QPalette::Text));
+PlotLook LookOf(const QPalette& palette) {
+    return LookOn(palette.color(QPalette::Base), palette.color(QPalette::Text));
 }
 
-PlotColours ExportColours() {
-    return ColoursOn(Qt::white, QColor(0x20, 0x20, 0x20));
+PlotLook ExportLook() {
+    PlotLook look = LookOn(Qt::white, QColor(0x20, 0x20, 0x20));
+    look.dataWidth = 1 / exportScale;
+    return look;
 }
 
 /// The part of `all` nearest to `range` and no smaller than `least`.
@@ -82,7 +86,7 @@ PlotView::PlotView(QWidget* parent)
     }
     SetUpLegend();
     UseFonts();
-    UseColours(ColoursOf(palette()));
+    UseLook(LookOf(palette()));
 }
 
 /// In the middle of a row over the plot, where it hides nothing.
@@ -102,9 +106,9 @@ void PlotView::SetUpLegend() {
     legend->setVisible(true);
 }
 
-void PlotView::SetColouring(std::function<void(const PlotColours&)> colouring) {
-    colouring_ = std::move(colouring);
-    UseColours(ColoursOf(palette()));
+void PlotView::SetLook(std::function<void(const PlotLook&)> useLook) {
+    useLook_ = std::move(useLook);
+    UseLook(LookOf(palette()));
 }
 
 void PlotView::SetExtent(const PlotExtent& extent) {
@@ -146,25 +150,25 @@ void PlotView::UseFonts() {
     legend->setIconSize(2 * line, line + fontMetrics().descent());
 }
 
-void PlotView::UseColours(const PlotColours& colours) {
-    setBackground(colours.background);
+void PlotView::UseLook(const PlotLook& look) {
+    setBackground(look.background);
     for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
         for (const auto setPen :
              {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
-            (axis->*setPen)(colours.text);
+            (axis->*setPen)(look.text);
         }
-        axis->setTickLabelColor(colours.text);
-        axis->setLabelColor(colours.text);
-        axis->grid()->setPen(colours.grid);
+        axis->setTickLabelColor(look.text);
+        axis->setLabelColor(look.text);
+        axis->grid()->setPen(look.grid);
         axis->grid()->setZeroLinePen(Qt::NoPen);
     }
-    legend->setTextColor(colours.text);
-    QColor inside = colours.data;
+    legend->setTextColor(look.text);
+    QColor inside = look.data;
     inside.setAlphaF(0.2F);
-    selectionRect()->setPen(colours.data);
+    selectionRect()->setPen(look.data);
     selectionRect()->setBrush(inside);
-    if (colouring_) {
-        colouring_(colours);
+    if (useLook_) {
+        useLook_(look);
     }
 }
 
@@ -243,7 +247,7 @@ void PlotView::processRectZoom(QRect rect, QMouseEvent* /*event*/) {
 void PlotView::changeEvent(QEvent* event) {
     QCustomPlot::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        UseColours(ColoursOf(palette()));
+        UseLook(LookOf(palette()));
         replot(rpQueuedRefresh);
     } else if (event->type() == QEvent::FontChange) {
         UseFonts();
@@ -273,12 +277,12 @@ void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>
     for (QCPGraph* graph : GraphsOf(*this)) {
         graph->setAdaptiveSampling(false);
     }
-    const PlotColours colours = ExportColours();
-    UseColours(colours);
+    const PlotLook look = ExportLook();
+    UseLook(look);
     QFont titleFont = font();
     titleFont.setBold(true);
-    AddTextOnTop(lines.mid(1).join(QLatin1Char('\n')), font(), colours.text);
-    AddTextOnTop(lines.value(0), titleFont, colours.text);
+    AddTextOnTop(lines.mid(1).join(QLatin1Char('\n')), font(), look.text);
+    AddTextOnTop(lines.value(0), titleFont, look.text);
 
     draw(exportSize * fontMetrics().height());
 
@@ -289,7 +293,7 @@ void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>
     for (QCPGraph* graph : GraphsOf(*this)) {
         graph->setAdaptiveSampling(true);
     }
-    UseColours(ColoursOf(palette()));
+    UseLook(LookOf(palette()));
     replot();
 }
 

@@ -11,12 +11,13 @@ namespace vx3260 {
 
 /// What a plot is drawn with. Data and reference are of the Okabe-Ito palette, which every kind of
 /// colour vision tells apart.
-struct PlotColours {
+struct PlotLook {
     QColor background;
     QColor text;
     QColor grid;
     QColor data;
     QColor reference;  ///< what the data is compared with
+    double dataWidth;  ///< of a line through many points: a pixel, wider ones take seconds
 };
 
 /// `part` of one colour, from 0 to 1, and the rest of the other.
@@ -40,9 +41,9 @@ class PlotView final : public QCustomPlot {
   public:
     explicit PlotView(QWidget* parent = nullptr);
 
-    /// Calls `colouring` with the colours now and whenever they change: in another theme, and for
+    /// Calls `useLook` with the look now and whenever it changes: in another theme, and for
     /// an export and after it.
-    void SetColouring(std::function<void(const PlotColours&)> colouring);
+    void SetLook(std::function<void(const PlotLook&)> useLook);
 
     /// Sets the limits and shows everything.
     void SetExtent(const PlotExtent& extent);
@@ -73,13 +74,13 @@ class PlotView final : public QCustomPlot {
     void SetUpLegend();
     void KeepInside();
     void UseFonts();
-    void UseColours(const PlotColours& colours);
+    void UseLook(const PlotLook& look);
     void AddTextOnTop(const QString& text, const QFont& textFont, const QColor& colour);
     bool Steer(const QKeyEvent& event);
     /// Calls `draw` while the plot looks as it is exported.
     void Export(const QStringList& lines, const std::function<void(QSize)>& draw);
 
-    std::function<void(const PlotColours&)> colouring_;
+    std::function<void(const PlotLook&)> useLook_;
     PlotExtent extent_;
 };
 

@@ -69,6 +69,26 @@ std::vector<std::string> LegendOf(const PlotView& view) {
     return names;
 }
 
+/// Pixels of nearly that colour.
+int CountOf(const QImage& picture, const QColor& colour) {
+    int count = 0;
+    constexpr int close = 24;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor pixel = picture.pixelColor(x, y);
+            count += std::abs(pixel.red() - colour.red()) < close &&
+                             std::abs(pixel.green() - colour.green()) < close &&
+                             std::abs(pixel.blue() - colour.blue()) < close
+                         ? 1
+                         : 0;
+        }
+    }
+    return count;
+}
+
+const QColor blue(0x00, 0x72, 0xB2);
+const QColor vermillion(0xD5, 0x5E, 0x00);
+
 class PlotFormsTest : public testing::Test {
   protected:
     template <typename Opened>
@@ -175,6 +195,7 @@ TEST_F(PlotFormsTest, EqualCodesHaveNoCurve) {
     EXPECT_EQ(LegendOf(plot), (std::vector<std::string>{"Code", "Mean"}));
     EXPECT_EQ(plot.yAxis->range(), QCPRange(8388603, 8388613));
     TakePicture(*form, "PlotForm-equal");
+    EXPECT_GT(CountOf(form->grab().toImage(), blue), 20 * 10) << "dots over the line of the mean";
 }
 
 TEST_F(PlotFormsTest, PlotShowsCodesMeanAndSigma) {
@@ -392,26 +413,6 @@ TEST_F(PlotFormsTest, AsksOnceBeforeItReplacesAFile) {
     }
 }
 
-/// Pixels of nearly that colour.
-int CountOf(const QImage& picture, const QColor& colour) {
-    int count = 0;
-    constexpr int close = 24;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor pixel = picture.pixelColor(x, y);
-            count += std::abs(pixel.red() - colour.red()) < close &&
-                             std::abs(pixel.green() - colour.green()) < close &&
-                             std::abs(pixel.blue() - colour.blue()) < close
-                         ? 1
-                         : 0;
-        }
-    }
-    return count;
-}
-
-const QColor blue(0x00, 0x72, 0xB2);
-const QColor vermillion(0xD5, 0x5E, 0x00);
-
 void ExpectExported(const QImage& picture) {
     EXPECT_GE(picture.width(), 1500);
     for (const QPoint corner : {QPoint(0, 0), QPoint(picture.width() - 1, picture.height() - 1)}) {
@@ -450,7 +451,9 @@ TEST_F(PlotFormsTest, PicturesAreDarkOnWhiteInAnyTheme) {
     const DarkTheme theme;
     Open<HistogramForm>(Noise(200, 12));
     SaveAs("Command1", folder.Path("histogram"));
-    ExpectExported(QImage(QString::fromStdString(folder.Path("histogram.png"))));
+    const QImage histogram(QString::fromStdString(folder.Path("histogram.png")));
+    ExpectExported(histogram);
+    TakePicture(histogram, "HistogramForm-saved");
 
     PlotView& view = ViewOf(Open<PlotForm>(Noise(5000, 12)));
     const QImage before = view.grab().toImage();
@@ -461,7 +464,7 @@ TEST_F(PlotFormsTest, PicturesAreDarkOnWhiteInAnyTheme) {
     Find<QPushButton>(*form, "Command3").click();
     const QImage copied = QApplication::clipboard()->image();
     ExpectExported(copied);
-    TakePicture(*form, "PlotForm-after-copying");
+    TakePicture(copied, "PlotForm-copied");
     EXPECT_TRUE(sampling.contains(false)) << "every point is drawn";
     EXPECT_TRUE(view.graph(0)->adaptiveSampling());
     EXPECT_EQ(view.grab().toImage(), before) << "the form is as it was";
