@@ -22,7 +22,7 @@ constexpr std::size_t readingsSeen = 4900;
 std::vector<double> NormalCodes(std::size_t count) {
     constexpr double mean = 8438977;
     constexpr double sigma = 12;
-    std::mt19937 source(1);  // NOLINT(bugprone-random-generator-seed): the same block every time
+    std::mt19937 source(1);
     std::normal_distribution<double> normal(mean, sigma);
     std::vector<double> codes(count);
     for (double& code : codes) {

@@ -15,9 +15,12 @@ constexpr double keyMargin = 0.02;
 constexpr double leastReadingsSeen = 4;
 constexpr double leastCodesSeen = 4;
 
-/// Readings this far apart, in pixels, are marked by dots.
+/// Readings farther apart than that, in pixels, are marked by dots.
 constexpr double dotDistance = 6;
 constexpr double dotSize = 4;
+
+/// Those nearer to each other than that make an area.
+constexpr double areaDistance = 2;
 
 }  // namespace
 
@@ -104,19 +107,16 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 void PlotForm::FollowView() {
     PlotView* const view = ui_->Plot;
     view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2)));
-    ShowDots(view->width() > dotDistance * view->xAxis->range().size());
-}
-
-/// The lines of mean and sigma lie over codes that are drawn as one area, with an edge to stand out
-/// from it, and under codes that can be told apart. Equal codes are on the line of their mean.
-void PlotForm::ShowDots(bool dots) {
-    PlotView* const view = ui_->Plot;
-    const bool codesOnTop = dots || Block().analysis.exact.sigma == 0;
+    const double pixelsApart = view->width() / view->xAxis->range().size();
+    const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
                                  : QCPScatterStyle(QCPScatterStyle::ssNone));
+    // On an area of a like brightness the lines of mean and sigma need an edge to be seen.
     for (QCPGraph* edge : edges_) {
-        edge->setVisible(!codesOnTop);
+        edge->setVisible(pixelsApart < areaDistance);
     }
+    // Under codes that can be told apart; equal codes are on the line of their mean.
+    const bool codesOnTop = dots || Block().analysis.exact.sigma == 0;
     view->moveLayer(view->layer(levelLayer), codes_->layer(),
                     codesOnTop ? PlotView::limBelow : PlotView::limAbove);
 }

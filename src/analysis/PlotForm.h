@@ -31,7 +31,6 @@ class PlotForm final : public BlockPlotForm {
     /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
     std::vector<QCPGraph*> AddLevels();
     void FollowView();
-    void ShowDots(bool dots);
     void ShowCursors();
     QString CursorText(PlotCursors::Name name) const;
     QString DifferenceText() const;

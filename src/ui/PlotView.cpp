@@ -59,12 +59,10 @@ void Zoom(QCPAxis* axis, double factor) {
     axis->scaleRange(factor);
 }
 
-std::vector<QCPGraph*> GraphsOf(const QCustomPlot& plot) {
-    std::vector<QCPGraph*> graphs;
+void SampleAdaptively(const QCustomPlot& plot, bool adaptively) {
     for (int i = 0; i < plot.graphCount(); ++i) {
-        graphs.push_back(plot.graph(i));
+        plot.graph(i)->setAdaptiveSampling(adaptively);
     }
-    return graphs;
 }
 
 }  // namespace
@@ -274,9 +272,7 @@ void PlotView::AddTextOnTop(const QString& text, const QFont& textFont, const QC
 
 void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>& draw) {
     replot();  // what depends on what is seen is up to date
-    for (QCPGraph* graph : GraphsOf(*this)) {
-        graph->setAdaptiveSampling(false);
-    }
+    SampleAdaptively(*this, false);
     const PlotLook look = ExportLook();
     UseLook(look);
     QFont titleFont = font();
@@ -290,9 +286,7 @@ void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>
         plotLayout()->remove(plotLayout()->element(row, 0));
     }
     plotLayout()->simplify();
-    for (QCPGraph* graph : GraphsOf(*this)) {
-        graph->setAdaptiveSampling(true);
-    }
+    SampleAdaptively(*this, true);
     UseLook(LookOf(palette()));
     replot();
 }
