@@ -44,6 +44,7 @@ HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWi
            ui_->Command3, ui_->Command4, ui_->Command5},
           tr("Histogram"));
     Draw();
+    SetUpAxes();
     ShowFigures();
 }
 
@@ -52,25 +53,22 @@ HistogramForm::~HistogramForm() = default;
 void HistogramForm::Draw() {
     PlotView* const view = ui_->Plot;
     const NoiseAnalysis& analysis = Block().analysis;
-    const AxisRange codes = BinAxisOf(histogram_, analysis.exact);
-    const AxisRange counts = CountAxisOf(histogram_, analysis);
-    const bool single = histogram_.binWidth == 1;
 
     auto* const bars = new QCPBars(view->xAxis, view->yAxis);
     FillBars(bars, histogram_);
-    bars->setName(single ? tr("Readings per code")
-                         : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
+    bars->setName(OneCodeABin() ? tr("Readings per code")
+                                : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
     QCPGraph* const curve = view->addGraph();
+    curve->setName(tr("Normal curve of mean and sigma"));
     if (analysis.exact.sigma > 0) {
-        curve->setName(tr("Normal curve of mean and sigma"));
         FillCurve(curve, analysis, histogram_.binWidth);
     } else {
-        view->legend->removeItem(view->legend->itemWithPlottable(curve));
+        curve->removeFromLegend();
     }
     QCPGraph* const mean = view->addGraph();
     mean->setName(tr("Mean"));
-    mean->addData(analysis.exact.mean, counts.lower);
-    mean->addData(analysis.exact.mean, counts.upper);
+    mean->addData(analysis.exact.mean, 0);
+    mean->addData(analysis.exact.mean, CountAxisOf(histogram_, analysis).upper);
 
     view->SetLook([bars, curve, mean](const PlotLook& look) {
         constexpr double fill = 0.35;
@@ -80,10 +78,16 @@ void HistogramForm::Draw() {
         curve->setPen(QPen(look.reference, lineWidth));
         mean->setPen(QPen(look.text, 1, Qt::DashLine));
     });
+}
+
+void HistogramForm::SetUpAxes() {
+    PlotView* const view = ui_->Plot;
+    const AxisRange codes = BinAxisOf(histogram_, Block().analysis.exact);
+    const AxisRange counts = CountAxisOf(histogram_, Block().analysis);
     view->xAxis->setTicker(WholeTicker(view->xAxis));
     view->yAxis->setTicker(WholeTicker(view->yAxis));
     view->xAxis->setLabel(tr("Code"));
-    view->yAxis->setLabel(single ? tr("Readings per code") : tr("Readings per bin"));
+    view->yAxis->setLabel(OneCodeABin() ? tr("Readings per code") : tr("Readings per bin"));
     view->SetExtent({{codes.lower, codes.upper},
                      {counts.lower, counts.upper},
                      leastCodesSeen,

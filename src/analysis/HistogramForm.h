@@ -24,7 +24,9 @@ class HistogramForm final : public BlockPlotForm {
     std::string Csv() const override;
 
   private:
+    bool OneCodeABin() const { return histogram_.binWidth == 1; }
     void Draw();
+    void SetUpAxes();
     void ShowFigures();
 
     std::unique_ptr<Ui::HistogramForm> ui_;

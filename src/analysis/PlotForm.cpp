@@ -34,6 +34,7 @@ PlotForm::PlotForm(Services& services, const AnalysedBlock& block, QWidget* pare
         UseFixedFont(label);
     }
     Draw();
+    SetUpAxes();
     ShowCursors();
     On(ui_->Plot, &PlotView::beforeReplot, &PlotForm::FollowView);
     On(cursors_, &PlotCursors::Changed, &PlotForm::ShowCursors);
@@ -43,9 +44,6 @@ PlotForm::~PlotForm() = default;
 
 void PlotForm::Draw() {
     PlotView* const view = ui_->Plot;
-    const AxisRange codes = CodeAxisOf(Block().analysis);
-    const AxisRange readings =
-        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, leastReadingsSeen);
     codes_ = view->addGraph();
     codes_->setName(tr("Code"));
     for (std::size_t i = 0; i < Block().codes.size(); ++i) {
@@ -53,28 +51,22 @@ void PlotForm::Draw() {
     }
     view->addLayer(levelLayer);
     edges_ = AddLevels();
-    const std::vector<QCPGraph*> lines = AddLevels();
-    lines.front()->setName(tr("Mean"));
-    lines.front()->addToLegend();
-    if (Block().analysis.exact.sigma > 0) {
-        lines.back()->setName(tr("Mean ± 1 sigma"));
-        lines.back()->addToLegend();
+    levels_ = AddLevels();
+    levels_.front()->setName(tr("Mean"));
+    levels_.front()->addToLegend();
+    if (levels_.size() > 1) {
+        levels_.back()->setName(tr("Mean ± 1 sigma"));
+        levels_.back()->addToLegend();
     }
     cursors_ = new PlotCursors(view, codes_);
+    view->SetLook([this](const PlotLook& look) { UseLook(look); });
+}
 
-    view->SetLook([this, lines](const PlotLook& look) {
-        constexpr double lineWidth = 2;
-        constexpr double edgeWidth = 4;
-        codes_->setPen(QPen(look.data, look.dataWidth));
-        for (QCPGraph* edge : edges_) {
-            edge->setPen(QPen(look.background, edgeWidth));
-        }
-        for (QCPGraph* line : lines) {
-            const bool isMean = line == lines.front();
-            line->setPen(QPen(look.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
-        }
-        cursors_->UseLook(look);
-    });
+void PlotForm::SetUpAxes() {
+    PlotView* const view = ui_->Plot;
+    const AxisRange codes = CodeAxisOf(Block().analysis);
+    const AxisRange readings =
+        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, leastReadingsSeen);
     view->xAxis->setTicker(WholeTicker(view->xAxis));
     view->yAxis->setTicker(WholeTicker(view->yAxis));
     view->yAxis2->setTicker(VoltsTicker(view->yAxis2));
@@ -85,6 +77,20 @@ void PlotForm::Draw() {
                      {codes.lower, codes.upper},
                      leastReadingsSeen,
                      leastCodesSeen});
+}
+
+void PlotForm::UseLook(const PlotLook& look) {
+    constexpr double lineWidth = 2;
+    constexpr double edgeWidth = 4;
+    codes_->setPen(QPen(look.data, look.dataWidth));
+    for (QCPGraph* edge : edges_) {
+        edge->setPen(QPen(look.background, edgeWidth));
+    }
+    for (QCPGraph* level : levels_) {
+        const bool isMean = level == levels_.front();
+        level->setPen(QPen(look.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
+    }
+    cursors_->UseLook(look);
 }
 
 std::vector<QCPGraph*> PlotForm::AddLevels() {

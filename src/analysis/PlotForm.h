@@ -28,6 +28,8 @@ class PlotForm final : public BlockPlotForm {
 
   private:
     void Draw();
+    void SetUpAxes();
+    void UseLook(const PlotLook& look);
     /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
     std::vector<QCPGraph*> AddLevels();
     void FollowView();
@@ -37,7 +39,8 @@ class PlotForm final : public BlockPlotForm {
 
     std::unique_ptr<Ui::PlotForm> ui_;
     QCPGraph* codes_ = nullptr;
-    std::vector<QCPGraph*> edges_;
+    std::vector<QCPGraph*> levels_;  ///< mean and sigma
+    std::vector<QCPGraph*> edges_;   ///< under them
     PlotCursors* cursors_ = nullptr;
 };
 

@@ -9,11 +9,40 @@
 namespace vx3260 {
 namespace {
 
-constexpr double panStep = 0.1;      ///< of what is seen
-constexpr double zoomStep = 0.8;     ///< of what is seen is seen then
+constexpr double panStep = 0.1;  ///< of what is seen
+constexpr double zoomIn = 0.8;   ///< of what is seen is seen then
+constexpr double zoomOut = 1 / zoomIn;
 constexpr int leastRectangle = 4;    ///< pixels; a smaller one is a click
 constexpr double exportScale = 2;    ///< pixels of a picture for one of the plot
 constexpr QSize exportSize(64, 40);  ///< in heights of a line of text
+
+/// What a key does with the axes.
+struct KeyStep {
+    Qt::Key key;
+    bool shift;
+    double panX;  ///< in parts of what is seen
+    double panY;
+    double zoomX;
+    double zoomY;
+};
+
+constexpr KeyStep keySteps[] = {
+    {Qt::Key_Left, false, -panStep, 0, 1, 1},
+    {Qt::Key_Right, false, panStep, 0, 1, 1},
+    {Qt::Key_Down, false, 0, -panStep, 1, 1},
+    {Qt::Key_Up, false, 0, panStep, 1, 1},
+    {Qt::Key_PageUp, false, -1, 0, 1, 1},
+    {Qt::Key_PageDown, false, 1, 0, 1, 1},
+    {Qt::Key_Left, true, 0, 0, zoomOut, 1},
+    {Qt::Key_Right, true, 0, 0, zoomIn, 1},
+    {Qt::Key_Down, true, 0, 0, 1, zoomOut},
+    {Qt::Key_Up, true, 0, 0, 1, zoomIn},
+    {Qt::Key_Minus, false, 0, 0, zoomOut, zoomOut},
+    {Qt::Key_Plus, false, 0, 0, zoomIn, zoomIn},
+    // Where the plus sign is over the equals sign.
+    {Qt::Key_Equal, false, 0, 0, zoomIn, zoomIn},
+    {Qt::Key_Plus, true, 0, 0, zoomIn, zoomIn},
+};
 
 PlotLook LookOn(const QColor& background, const QColor& text) {
     constexpr int middle = 128;
@@ -49,14 +78,6 @@ QCPRange Inside(const QCPRange& range, const QCPRange& all, double least) {
 void Limit(QCPAxis* axis, const QCPRange& all, double least) {
     const QSignalBlocker quiet(axis);
     axis->setRange(Inside(axis->range(), all, least));
-}
-
-void Pan(QCPAxis* axis, double parts) {
-    axis->moveRange(parts * axis->range().size());
-}
-
-void Zoom(QCPAxis* axis, double factor) {
-    axis->scaleRange(factor);
 }
 
 void SampleAdaptively(const QCustomPlot& plot, bool adaptively) {
@@ -171,41 +192,22 @@ void PlotView::UseLook(const PlotLook& look) {
 }
 
 bool PlotView::Steer(const QKeyEvent& event) {
-    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    switch (event.key()) {
-        case Qt::Key_Home:
-            ShowAll();
-            return true;
-        case Qt::Key_Left:
-            shift ? Zoom(xAxis, 1 / zoomStep) : Pan(xAxis, -panStep);
-            return true;
-        case Qt::Key_Right:
-            shift ? Zoom(xAxis, zoomStep) : Pan(xAxis, panStep);
-            return true;
-        case Qt::Key_Down:
-            shift ? Zoom(yAxis, 1 / zoomStep) : Pan(yAxis, -panStep);
-            return true;
-        case Qt::Key_Up:
-            shift ? Zoom(yAxis, zoomStep) : Pan(yAxis, panStep);
-            return true;
-        case Qt::Key_PageUp:
-            Pan(xAxis, -1);
-            return true;
-        case Qt::Key_PageDown:
-            Pan(xAxis, 1);
-            return true;
-        case Qt::Key_Plus:
-        case Qt::Key_Equal:
-            Zoom(xAxis, zoomStep);
-            Zoom(yAxis, zoomStep);
-            return true;
-        case Qt::Key_Minus:
-            Zoom(xAxis, 1 / zoomStep);
-            Zoom(yAxis, 1 / zoomStep);
-            return true;
-        default:
-            return false;
+    if (event.key() == Qt::Key_Home) {
+        ShowAll();
+        return true;
     }
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    const auto* const step = std::find_if(
+        std::begin(keySteps), std::end(keySteps),
+        [&event, shift](const KeyStep& s) { return s.key == event.key() && s.shift == shift; });
+    if (step == std::end(keySteps)) {
+        return false;
+    }
+    xAxis->moveRange(step->panX * xAxis->range().size());
+    yAxis->moveRange(step->panY * yAxis->range().size());
+    xAxis->scaleRange(step->zoomX);
+    yAxis->scaleRange(step->zoomY);
+    return true;
 }
 
 void PlotView::keyPressEvent(QKeyEvent* event) {
