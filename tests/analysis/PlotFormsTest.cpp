@@ -491,7 +491,7 @@ double Luminance(const QColor& colour) {
 }
 
 double Contrast(const QColor& one, const QColor& other) {
-    const auto [less, more] = std::minmax(Luminance(one), Luminance(other));
+    const auto [less, more] = std::minmax({Luminance(one), Luminance(other)});
     return (more + 0.05) / (less + 0.05);
 }
 
