@@ -104,8 +104,10 @@ TEST(PlotScale, AxesHoldEverything) {
     expectRange(BinAxisOf(ComputeHistogram(spread, 100), wide.exact), 120 - 1.1 * reach,
                 120 + 1.1 * reach);
     expectRange(CountAxisOf(ComputeHistogram(spread, 100), wide), 0, 2.1);
-    expectRange(CountAxisOf(ComputeHistogram(spread, 2), wide), 0,
-                1.05 * 4 * 50 / (wide.exact.sigma * std::sqrt(2 * M_PI)));
+    // Two bins of 100 codes with two codes each, and of a normal curve 61 % around the mean.
+    const std::vector<double> halves{0, 0, 100, 100};
+    expectRange(CountAxisOf(ComputeHistogram(halves, 2), AnalysisOf(halves)), 0,
+                1.05 * 4 * std::erf(std::sqrt(0.375)));
 
     const std::vector<double> equal{7, 7, 7};
     const NoiseAnalysis still = AnalysisOf(equal);
