@@ -43,7 +43,8 @@ bool Contains(std::string_view text, std::string_view part) {
 void ClaimPort(Services& services) {
     services.state.PortCount = services.port.GetParallelPortCount();
     if (services.port.ClaimParallelPort(firstPort, -1) == 0) {
-        services.messages.Show({.text = "claim parallel port failed"});
+        services.messages.Show(
+            {.text = "claim parallel port failed", .detail = services.port.FailureDetail()});
     }
 }
 
@@ -60,11 +61,13 @@ void EnableMatchingPort(ApplicationState& state) {
 void FindPortAddress(Services& services) {
     ParallelPortInfo info;
     if (services.port.GetParallelPortInfo(firstPort, info) == 0) {
+        const std::string reason = services.port.FailureDetail();
         services.messages.Show(
             {.text = "This PC does not appear to have a Printer Port",
              .icon = MessageIcon::Exclamation,
              .title = "GetPortAddress Error",
-             .detail = "Without a board, start the program with --simulated to work on the "
+             .detail = reason + (reason.empty() ? "" : "\n") +
+                       "Without a board, start the program with --simulated to work on the "
                        "simulated one."});
         return;
     }

@@ -1,14 +1,32 @@
 #include "cli/PortOptions.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
 #include <string_view>
+#include <system_error>
 
+#include "numbers/Conversions.h"
+#include "numbers/RuntimeError.h"
 #include "ports/FaultyPort.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr std::string_view faultListName = "list";
+
+/// Empty for a text that is no whole number.
+std::optional<std::int32_t> ToAddress(std::string_view text) {
+    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
+    const std::string_view digits = text.substr(hexadecimal ? 2 : 0);
+    std::int32_t address = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), address,
+                                        hexadecimal ? 16 : 10);
+    const bool whole = result.ec == std::errc() && result.ptr == digits.data() + digits.size();
+    return whole ? std::optional(address) : std::nullopt;
+}
 
 std::string FaultList() {
     std::size_t width = 0;
@@ -37,6 +55,65 @@ void TakeFaults(const std::vector<std::string>& names, Faults& faults) {
     }
 }
 
+/// Decimal, or hexadecimal after "0x": above 0 and within the addresses of 16 bits with a sign.
+std::string RefuseOtherThanAddress(const std::string& text) {
+    const std::optional<std::int32_t> address = ToAddress(text);
+    const bool fits =
+        address && *address > 0 && *address <= std::numeric_limits<std::int16_t>::max();
+    return fits ? "" : "'" + text + "' is no address from 1 to 32767, such as 888 or 0x378";
+}
+
+std::string RefuseOtherThanMicroseconds(const std::string& text) {
+    constexpr double most = 1e6;
+    try {
+        const double microseconds = TextToDouble(text);
+        if (microseconds >= 0 && microseconds <= most) {
+            return "";
+        }
+    } catch (const RuntimeError&) {
+        // Refused below, like a number outside the range.
+    }
+    return "'" + text + "' is no number of microseconds from 0 to 1000000";
+}
+
+std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
+    return std::chrono::nanoseconds(std::llround(TextToDouble(microseconds) * 1e3));
+}
+
+void AddRealPortOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
+    constexpr const char* driver = "driver";
+    constexpr const char* direct = "direct";
+    CLI::Option* const access =
+        app.add_option_function<std::string>(
+               "--port-access",
+               [&choice, direct](const std::string& name) {
+                   choice.access = name == direct ? PortAccess::Direct : PortAccess::Driver;
+               },
+               "How to reach the port: by the system's driver, or directly as the superuser")
+            ->check(CLI::IsMember({driver, direct}))
+            ->default_str(driver)
+            ->excludes(simulated);
+    app.add_option("--port", choice.device, "The printer port; without it, the first there is")
+        ->type_name("/dev/parportN")
+        ->excludes(simulated);
+    app.add_option_function<std::string>(
+           "--port-address",
+           [&choice](const std::string& text) { choice.address = ToAddress(text); },
+           "Base address of the port, for direct access")
+        ->type_name("ADDRESS")
+        ->check(CLI::Validator(RefuseOtherThanAddress, ""))
+        ->needs(access)
+        ->excludes(simulated);
+    app.add_option_function<std::string>(
+           "--poll-time",
+           [&choice](const std::string& text) { choice.pollTime = ToPollTime(text); },
+           "Least time of a read of the port: 100000 of them are the limit of a wait for data")
+        ->type_name("US")
+        ->check(CLI::Validator(RefuseOtherThanMicroseconds, ""))
+        ->default_str("4")
+        ->excludes(simulated);
+}
+
 }  // namespace
 
 void AddPortOptions(CLI::App& app, PortChoice& choice) {
@@ -49,6 +126,7 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
         ->type_name("NAME")
         ->allow_extra_args(false)
         ->needs(simulated);
+    AddRealPortOptions(app, choice, simulated);
 }
 
 std::vector<std::string> WithoutStatusSwitch(std::vector<std::string> arguments) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace vx3260 {
 
@@ -26,6 +27,10 @@ class ParallelPort {
 
     /// Fills in the base address of port `portNumber`. Zero on failure.
     virtual std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) = 0;
+
+    /// Why the operation that failed last did, and what to do about it, for a person; several lines
+    /// at most. Empty where nothing failed or nothing is known.
+    virtual std::string FailureDetail() const { return {}; }
 
     /// Writes the low 8 bits of `value` to an I/O address. Reports no errors.
     virtual void OutByte(std::int16_t address, std::int16_t value) = 0;

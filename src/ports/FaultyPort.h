@@ -48,6 +48,7 @@ class FaultyPort final : public ParallelPort {
     std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
         return port_->GetParallelPortInfo(portNumber, info);
     }
+    std::string FailureDetail() const override { return port_->FailureDetail(); }
     void OutByte(std::int16_t address, std::int16_t value) override;
     std::int16_t InByte(std::int16_t address) override;
 

@@ -1,17 +1,31 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "link/ParallelPort.h"
+#include "ports/DevicePort.h"
 #include "ports/FaultyPort.h"
 
 namespace vx3260 {
+
+/// How a real port's registers are reached.
+enum class PortAccess {
+    Driver,  ///< through the system's driver
+    Direct,  ///< by the PC's I/O instructions; for the superuser
+};
 
 /// Which port the user asked for.
 struct PortChoice {
     bool simulated = false;
     Faults faults{};
+    std::string device{};  ///< path of a real port; the first there is when empty
+    PortAccess access = PortAccess::Driver;
+    std::optional<std::int32_t> address{};                ///< base address, for direct access
+    std::chrono::nanoseconds pollTime = DefaultPollTime;  ///< least time of a real port's read
 };
 
 struct OpenedPort {

@@ -43,8 +43,9 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
          {"noise main --count -99999999999999999999", "accepted are 10 to 5000"}});
     ExpectRefused(
         ExitCode::NoAnswer,
-        {{"read main", "claim parallel port failed\nGetPortAddress Error: This PC"},
-         {"noise main", "no printer port to reach a board through; --simulated"},
+        {{"read main --port /dev/none", "failed\n  There is no /dev/none."},
+         {"read main --port /dev/none", "GetPortAddress Error: This PC does not appear to have a"},
+         {"noise main --port /dev/none", "no printer port to reach a board through; --simulated"},
          {"read main --simulated --fault board-gone=0",
           "wrote 0xFB to the mode register and read back 0xFF. All bits read 1"},
          {"read main --simulated --fault=dout-stuck-low",

@@ -1,0 +1,47 @@
+#include "ports/DevicePort.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int32_t onlyPort = 1;
+constexpr std::int16_t nothingThere = 0xFF;
+
+/// Reading the clock costs no system call; one that sleeps would cost some 50 us.
+void WaitUntil(std::chrono::steady_clock::time_point end) {
+    while (std::chrono::steady_clock::now() < end) {
+    }
+}
+
+}  // namespace
+
+std::int32_t DevicePort::ClaimParallelPort(std::int32_t portNumber, std::int32_t /*flag*/) {
+    claimed_ = portNumber == onlyPort && Claim();
+    return claimed_ ? 1 : 0;
+}
+
+std::int32_t DevicePort::GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) {
+    if (portNumber != onlyPort || baseAddress_ == 0) {
+        return 0;
+    }
+    info.address = baseAddress_;
+    return 1;
+}
+
+void DevicePort::OutByte(std::int16_t address, std::int16_t value) {
+    if (Reaches(address)) {
+        WriteRegister(static_cast<std::int16_t>(address - baseAddress_),
+                      static_cast<std::uint8_t>(value));
+    }
+}
+
+std::int16_t DevicePort::InByte(std::int16_t address) {
+    if (!Reaches(address)) {
+        return nothingThere;
+    }
+    const auto end = std::chrono::steady_clock::now() + pollTime_;
+    const std::uint8_t value = ReadRegister(static_cast<std::int16_t>(address - baseAddress_));
+    WaitUntil(end);
+    return value;
+}
+
+}  // namespace vx3260

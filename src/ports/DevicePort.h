@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "link/ParallelPort.h"
+
+namespace vx3260 {
+
+/// How long a status access takes at least, so that the limit of 100000 polls outlasts the slowest
+/// conversion (187 ms) on a machine that reads a port in less than 2 us.
+inline constexpr std::chrono::nanoseconds DefaultPollTime = std::chrono::microseconds(4);
+
+/// A printer port of this machine, the only one that is offered: number 1. What its kinds share:
+/// which addresses are its own, and the pace of reads. Accesses at any other address, and all
+/// before the port has been claimed, read 255 and write nowhere.
+class DevicePort : public ParallelPort {
+  public:
+    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) final;
+    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) final;
+    void OutByte(std::int16_t address, std::int16_t value) final;
+    std::int16_t InByte(std::int16_t address) final;
+
+  protected:
+    /// `baseAddress` is what GetParallelPortInfo reports, 0 where there is no port to report.
+    DevicePort(std::int32_t baseAddress, std::chrono::nanoseconds pollTime)
+        : baseAddress_(baseAddress), pollTime_(pollTime) {}
+
+    std::int32_t BaseAddress() const { return baseAddress_; }
+
+    /// Takes the port. False on failure; FailureDetail then tells why.
+    virtual bool Claim() = 0;
+
+    /// One of the port's registers, counted from its base address as in BoardLines. Called only
+    /// once the port has been claimed.
+    virtual void WriteRegister(std::int16_t offset, std::uint8_t value) = 0;
+    virtual std::uint8_t ReadRegister(std::int16_t offset) = 0;
+
+  private:
+    bool Reaches(std::int16_t address) const {
+        return claimed_ && address >= baseAddress_ && address - baseAddress_ < registers;
+    }
+
+    static constexpr std::int32_t registers = 3;
+
+    std::int32_t baseAddress_;
+    std::chrono::nanoseconds pollTime_;
+    bool claimed_ = false;
+};
+
+}  // namespace vx3260
