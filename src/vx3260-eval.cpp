@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <optional>
 #include <string>
 
@@ -50,7 +51,7 @@ int Run(int argc, char** argv) {
     LinuxSystem system(argc, argv);
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(ApplicationIcon());
-    QtMessageBoxes messages;
+    QtMessageBoxes messages(std::cerr);
     ApplicationState state;
     const OpenedPort opened = OpenPort(choice);
     Services services{*opened.port, messages, system, state, opened.badge};

@@ -24,6 +24,9 @@ inline constexpr std::string_view TimeoutDetail =
     "interface back in step.";
 inline constexpr std::string_view StoppedText = "User Interruption of Reading";
 
+/// The detail of a time-out: what the port has to tell of a failure of its own, then TimeoutDetail.
+std::string TimeoutDetailOf(const ParallelPort& port);
+
 /// What is told where the converter is not enabled: "Enable Main ADC before reading Data".
 std::string DisabledText(Converter converter);
 

@@ -35,7 +35,7 @@ void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
     const std::string soFar = "\nRead so far: " + CodesText(codes);
     if (end == ReadingEnd::TimedOut) {
         services.messages.Show(
-            {.text = std::string(TimeoutText), .detail = std::string(TimeoutDetail) + soFar});
+            {.text = std::string(TimeoutText), .detail = TimeoutDetailOf(services.port) + soFar});
     } else if (end == ReadingEnd::Stopped) {
         services.messages.Show(
             {.text = std::string(StoppedText) + soFar, .icon = MessageIcon::Exclamation});

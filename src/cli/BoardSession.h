@@ -35,6 +35,9 @@ class BoardSession {
     /// `err`, and so does the badge of a board that is not a real one.
     void Open();
 
+    /// Which port the user asked for.
+    const PortChoice& Choice() const { return portChoice_; }
+
     /// The board, opened. Throws CommandError where start-up found no printer port to reach one
     /// through.
     vx3260::Services& Services();

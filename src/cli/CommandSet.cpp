@@ -5,8 +5,10 @@
 
 #include "app/StartUp.h"
 #include "cli/CalibrateCommand.h"
+#include "cli/CheckCommand.h"
 #include "cli/HistogramCommand.h"
 #include "cli/NoiseCommand.h"
+#include "cli/PortsCommand.h"
 #include "cli/ReadCommand.h"
 #include "cli/RegistersCommand.h"
 #include "cli/ResetCommand.h"
@@ -31,6 +33,8 @@ CommandSet::CommandSet(CLI::App& parser) {
             throw CLI::RequiredError("A command");
         }
     });
+    Add(std::make_unique<PortsCommand>(parser));
+    Add(std::make_unique<CheckCommand>(parser));
     Add(std::make_unique<RegistersCommand>(parser));
     Add(std::make_unique<SetCommand>(parser));
     Add(std::make_unique<CalibrateCommand>(parser));

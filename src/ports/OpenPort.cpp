@@ -1,9 +1,11 @@
 #include "ports/OpenPort.h"
 
+#include "app/PrinterPorts.h"
 #include "ports/SimulatedPort.h"
 
 #if defined(__linux__)
 #include "ports/DirectPort.h"
+#include "ports/ParportDevices.h"
 #include "ports/PpdevPort.h"
 #else
 #include "ports/MissingPort.h"
@@ -21,10 +23,25 @@ std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
     return std::make_unique<PpdevPort>(choice.device, choice.pollTime);
 }
 
+std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
+    std::vector<PortListing> ports;
+    for (const ParportDevice& device : FindParportDevices()) {
+        PpdevPort port(device.path, choice.pollTime);
+        const bool claimed = port.ClaimParallelPort(1, -1) != 0;
+        ports.push_back({device.path, device.baseAddress, PermissionsOf(device.path),
+                         claimed ? "" : port.FailureDetail()});
+    }
+    return ports;
+}
+
 #else
 
 std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& /*choice*/) {
     return std::make_unique<MissingPort>();
+}
+
+std::vector<PortListing> ListRealPorts(const PortChoice& /*choice*/) {
+    return {};
 }
 
 #endif
@@ -44,6 +61,18 @@ OpenedPort OpenPort(const PortChoice& choice) {
         opened.port = std::make_unique<FaultyPort>(std::move(opened.port), choice.faults);
     }
     return opened;
+}
+
+std::vector<PortListing> ListPorts(const PortChoice& choice) {
+    if (choice.simulated) {
+        return {{"simulated", DefaultPortAddress, {}}};
+    }
+    return ListRealPorts(choice);
+}
+
+std::string NoPortDetail() {
+    const std::string failure = OpenRealPort({})->FailureDetail();
+    return failure.empty() ? "There is no printer port" : failure;
 }
 
 }  // namespace vx3260

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "link/ParallelPort.h"
 #include "ports/DevicePort.h"
@@ -36,5 +37,19 @@ struct OpenedPort {
 /// The port that was chosen. Opening never fails: a port that cannot be had shows itself when it
 /// is claimed.
 OpenedPort OpenPort(const PortChoice& choice);
+
+/// A port of this machine as `ports` lists it.
+struct PortListing {
+    std::string name;            ///< as --port takes it; "simulated"
+    std::int32_t address = 0;    ///< base I/O address; 0 where it is not known
+    std::string permissions;     ///< "rw-rw---- root lp"; empty for a port without
+    std::string claimFailure{};  ///< why it cannot be claimed; empty where it can
+};
+
+/// The ports there are, each claimed for a moment; the simulated one alone where that was chosen.
+std::vector<PortListing> ListPorts(const PortChoice& choice);
+
+/// What to do where there is no port.
+std::string NoPortDetail();
 
 }  // namespace vx3260

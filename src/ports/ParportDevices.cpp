@@ -10,6 +10,7 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <system_error>
 
 #include "app/PrinterPorts.h"
@@ -97,18 +98,24 @@ std::string HoldingDriver(const std::string& path) {
     return fs::exists("/sys/module/lp") ? "lp" : "";
 }
 
-std::string UserName() {
-    const passwd* const user = getpwuid(getuid());
-    return user != nullptr ? user->pw_name : "$USER";
+std::string GroupName(gid_t id) {
+    const group* const found = getgrgid(id);
+    return found != nullptr ? found->gr_name : std::to_string(id);
+}
+
+std::string UserName(uid_t id) {
+    const passwd* const found = getpwuid(id);
+    return found != nullptr ? found->pw_name : std::to_string(id);
+}
+
+std::optional<struct stat> StatusOf(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
 std::string OwningGroupOf(const std::string& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
-        return {};
-    }
-    const group* const owner = getgrgid(status.st_gid);
-    return owner != nullptr ? owner->gr_name : std::to_string(status.st_gid);
+    const auto status = StatusOf(path);
+    return status ? GroupName(status->st_gid) : std::string();
 }
 
 std::string PermissionDetail(const std::string& path) {
@@ -119,7 +126,7 @@ std::string PermissionDetail(const std::string& path) {
                "that group.";
     }
     return "You may not use " + path + ", which belongs to the group \"" + group +
-           "\". Join it with\n    sudo usermod -aG " + group + " " + UserName() +
+           "\". Join it with\n    sudo usermod -aG " + group + " " + UserName(getuid()) +
            "\nthen log out and in again.";
 }
 
@@ -141,6 +148,20 @@ std::vector<ParportDevice> FindParportDevices() {
 
 ParportDevice ParportDeviceAt(const std::string& path) {
     return {path, BaseAddressOf(path)};
+}
+
+std::string PermissionsOf(const std::string& path) {
+    const auto status = StatusOf(path);
+    if (!status) {
+        return {};
+    }
+    constexpr std::string_view letters = "rwxrwxrwx";
+    std::string text;
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        const bool set = (status->st_mode >> (letters.size() - 1 - i) & 1U) != 0;
+        text += set ? letters[i] : '-';
+    }
+    return text + " " + UserName(status->st_uid) + " " + GroupName(status->st_gid);
 }
 
 std::int32_t ReportedAddress(const ParportDevice& device) {

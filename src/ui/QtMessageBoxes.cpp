@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <algorithm>
+#include <ostream>
 
 namespace vx3260 {
 namespace {
@@ -49,12 +50,16 @@ QString WithLineFeeds(const std::string& text) {
 }  // namespace
 
 MessageAnswer QtMessageBoxes::Show(const Message& message) {
+    if (!message.detail.empty()) {
+        log_ << message.text << '\n' << message.detail << std::endl;
+    }
     const bool question = message.buttons == MessageButtons::YesNo;
     QMessageBox box(WindowBelow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(QString::fromStdString(message.title));
     box.setText(WithLineFeeds(message.text));
     box.setInformativeText(WithLineFeeds(message.detail));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setIcon(IconOf(message.icon));
     box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No
                                     : QMessageBox::StandardButtons(QMessageBox::Ok));

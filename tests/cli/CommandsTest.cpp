@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <cmath>
 #include <sstream>
 
 #include "cli/CliRun.h"
 #include "cli/ExitCodes.h"
+#include "link/BoardCheck.h"
+#include "ports/SimulatedPort.h"
 #include "support/Folder.h"
 
 namespace vx3260::test {
@@ -256,6 +259,60 @@ TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
         EXPECT_EQ(report["values"]["polarity"].toString(), c.polarity);
         EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), c.leastSigma);
     }
+}
+
+TEST(Check, TellsWhatStandsBehindThePort) {
+    const Outcome well = RunProgram("--simulated check");
+    EXPECT_EQ(well.exitCode, 0);
+    EXPECT_EQ(well.out, "the board answers: what was written to a register reads back\n");
+    const struct {
+        const char* fault;
+        ExitCode code;
+        const char* seen;
+    } cases[] = {
+        {"board-gone=0", ExitCode::NoAnswer, "no answer: all bits read 1"},
+        {"dout-stuck-high", ExitCode::NoAnswer, "stuck high: all bits read 1, though data-ready"},
+        {"dout-stuck-low", ExitCode::NoAnswer, "stuck low: all bits read 0"},
+        {"bit-flip=50", ExitCode::ReadBackMismatch,
+         "answers wrongly: the aux ADC control register was written with 0x28 and reads 0x"},
+    };
+    for (const auto& c : cases) {
+        const Outcome outcome = RunProgram(std::string("--simulated check --fault ") + c.fault);
+        EXPECT_EQ(outcome.exitCode, static_cast<int>(c.code)) << c.fault;
+        EXPECT_TRUE(Has(outcome.err, c.seen)) << c.fault;
+        EXPECT_TRUE(Has(outcome.err, ". Look ")) << c.fault;
+        EXPECT_EQ(outcome.out, "") << c.fault;
+    }
+}
+
+TEST(Check, PutsTheRegisterBack) {
+    SimulatedPort board;
+    const std::int16_t address = 888;
+    const std::uint32_t before = board.Board().Chip().Contents(3);
+    EXPECT_EQ(CheckBoard(board, address).verdict, BoardVerdict::Answers);
+    EXPECT_EQ(board.Board().Chip().Contents(3), before);
+}
+
+TEST(Ports, ListsTheSimulatedOneAlone) {
+    const Outcome outcome = RunProgram("--simulated ports");
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.out,
+              "port       address  permissions  claim\nsimulated  0x378                 yes\n");
+    const QJsonArray list =
+        Parsed(RunProgram("--simulated ports --format json"))["ports"].toArray();
+    EXPECT_EQ(list.at(0)["address"].toInt(), 888);
+    EXPECT_TRUE(list.at(0)["canBeClaimed"].toBool());
+}
+
+TEST(RealPort, HasOptionsThatASimulatedOneHasNot) {
+    ExpectRefused(ExitCode::WrongCommandLine,
+                  {{"read main --simulated --port /dev/parport0", "excludes"},
+                   {"read main --simulated --poll-time 4", "excludes"},
+                   {"read main --port-address 0x378", "requires --port-access"},
+                   {"read main --port-access direct --port-address 32768", "from 1 to 32767"},
+                   {"read main --port-access direct --port-address 0", "from 1 to 32767"},
+                   {"read main --port-access parallel", "--port-access"},
+                   {"read main --poll-time -1", "is no number of microseconds"}});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <sys/ioctl.h>
 // The ioctls' numbers are made by the header above.
 #include <linux/ppdev.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,6 +15,7 @@
 #include "acquisition/Reading.h"
 #include "app/StartUp.h"
 #include "link/RegisterFields.h"
+#include "ports/OpenPort.h"
 #include "support/FakeParport.h"
 #include "support/Recorders.h"
 
@@ -210,6 +212,19 @@ TEST_F(PpdevPortTest, NamesTheGroupThatOwnsTheDevice) {
     EXPECT_TRUE(
         noGroup.ends_with("Have the administrator give the device to a group (usually "
                           "\"lp\") and you to that group."));
+}
+
+TEST_F(PpdevPortTest, IsListedWithWhatStandsInItsWay) {
+    ASSERT_EQ(chmod(parport.Real("/dev/parport0").c_str(), 0640), 0);
+    std::vector<PortListing> ports = ListPorts({});
+    ASSERT_EQ(ports.size(), 1U);
+    EXPECT_EQ(ports[0].name, "/dev/parport0");
+    EXPECT_EQ(ports[0].address, 888);
+    EXPECT_TRUE(ports[0].permissions.starts_with("rw-r----- ")) << ports[0].permissions;
+    EXPECT_EQ(ports[0].claimFailure, "");
+    parport.Fail(PPCLAIM, EBUSY);
+    ports = ListPorts({});
+    EXPECT_NE(ports[0].claimFailure, "");
 }
 
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenTheDeviceGoesInTheMiddleOfABlock) {

@@ -4,6 +4,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <sstream>
 
 #include "support/Forms.h"
 
@@ -13,7 +14,8 @@ namespace {
 using namespace test;
 
 TEST(QtMessageBoxes, ShowsTextIconTitleAndDetail) {
-    QtMessageBoxes boxes;
+    std::ostringstream log;
+    QtMessageBoxes boxes(log);
     const Message message{.text = "Windows Version:Failed\rPort\r\nAddress",
                           .icon = MessageIcon::Information,
                           .title = "Show Status",
@@ -27,10 +29,12 @@ TEST(QtMessageBoxes, ShowsTextIconTitleAndDetail) {
                                EXPECT_EQ(box.icon(), QMessageBox::Information);
                                EXPECT_EQ(box.informativeText(), QStringLiteral("more"));
                            }));
+    EXPECT_EQ(log.str(), "Windows Version:Failed\rPort\r\nAddress\nmore\n");
 }
 
 TEST(QtMessageBoxes, AnswersAQuestion) {
-    QtMessageBoxes boxes;
+    std::ostringstream log;
+    QtMessageBoxes boxes(log);
     const Message question{.text = "?", .buttons = MessageButtons::YesNo};
     for (const auto button : {QMessageBox::Yes, QMessageBox::No}) {
         MessageAnswer answer{};
@@ -41,6 +45,7 @@ TEST(QtMessageBoxes, AnswersAQuestion) {
     MessageAnswer closed{};
     WhileModal([&] { closed = boxes.Show(question); }, [](QDialog&) {});
     EXPECT_EQ(closed, MessageAnswer::No);
+    EXPECT_EQ(log.str(), "");
 }
 
 }  // namespace

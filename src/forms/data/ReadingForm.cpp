@@ -86,7 +86,7 @@ bool ReadingForm::RefusedAsDisabled() {
 
 void ReadingForm::AfterReading(ReadingEnd end) {
     if (end == ReadingEnd::TimedOut) {
-        Show({.text = std::string(TimeoutText), .detail = std::string(TimeoutDetail)});
+        Show({.text = std::string(TimeoutText), .detail = TimeoutDetailOf(Shared().port)});
     }
     if (closeRequested_) {
         Form::reject();

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/Command.h"
+
+namespace vx3260 {
+
+/// check: whether a board answers, and if not, what was seen and what to look at.
+class CheckCommand final : public Command {
+  public:
+    explicit CheckCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,102 @@
+#include "link/BoardCheck.h"
+
+#include <algorithm>
+#include <array>
+
+#include "link/BoardLines.h"
+#include "link/PortAccess.h"
+#include "link/Register.h"
+#include "link/RegisterMap.h"
+#include "link/Serial.h"
+#include "numbers/Conversions.h"
+
+namespace vx3260 {
+namespace {
+
+/// Some settings make one of these all 0 or all 1, but none does that to all of them.
+constexpr RegisterMap::RegisterAccess looked[] = {RegisterMap::Mode, RegisterMap::MainControl,
+                                                  RegisterMap::AuxControl, RegisterMap::Filter};
+constexpr std::int32_t allOnes = 0xFF;
+
+/// Each bit of the channel, polarity and reference fields once 0 and once 1; the converter is off
+/// and the channel one that connects nothing, or an input.
+constexpr std::int32_t patterns[] = {0x51, 0x28};
+
+/// A loose contact does not spoil every word.
+constexpr int rounds = 16;
+
+class Checker {
+  public:
+    Checker(ParallelPort& parallelPort, const std::int16_t& portAddress)
+        : parallelPort_(parallelPort),
+          portAddress_(portAddress),
+          tried_(parallelPort, portAddress, RegisterMap::AuxControl) {}
+
+    BoardCheck Check() {
+        if (AllRead(allOnes)) {
+            return {ReadyComes() ? BoardVerdict::StuckHigh : BoardVerdict::NoAnswer};
+        }
+        if (AllRead(0)) {
+            return {BoardVerdict::StuckLow};
+        }
+        return TryPatterns();
+    }
+
+  private:
+    bool AllRead(std::int32_t value) {
+        return std::all_of(
+            std::begin(looked), std::end(looked), [&](const RegisterMap::RegisterAccess& access) {
+                return Register(parallelPort_, portAddress_, access).ReadReg() == value;
+            });
+    }
+
+    bool ReadyComes() {
+        const auto status = static_cast<std::int16_t>(portAddress_ + BoardLines::StatusRegister);
+        for (std::int32_t poll = 0; poll < PollLimit; ++poll) {
+            if ((PortIn(parallelPort_, status) & BoardLines::NotReady) == 0) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    BoardCheck TryPatterns() {
+        const std::int32_t before = Read();
+        BoardCheck check{BoardVerdict::Answers};
+        for (int round = 0; round < rounds && check.verdict == BoardVerdict::Answers; ++round) {
+            check = TryPatternsOnce();
+        }
+        check.putBack = WriteAndRead(before) == before;
+        return check;
+    }
+
+    BoardCheck TryPatternsOnce() {
+        for (const std::int32_t pattern : patterns) {
+            const std::int32_t readBack = WriteAndRead(pattern);
+            if (readBack != pattern) {
+                return {BoardVerdict::AnswersWrongly, pattern, readBack};
+            }
+        }
+        return {BoardVerdict::Answers};
+    }
+
+    std::int32_t Read() { return ToInt32(tried_.ReadReg()); }
+
+    std::int32_t WriteAndRead(std::int32_t value) {
+        tried_.RegValue = value;
+        tried_.WriteReg();
+        return Read();
+    }
+
+    ParallelPort& parallelPort_;
+    const std::int16_t& portAddress_;
+    Register tried_;
+};
+
+}  // namespace
+
+BoardCheck CheckBoard(ParallelPort& parallelPort, const std::int16_t& portAddress) {
+    return Checker(parallelPort, portAddress).Check();
+}
+
+}  // namespace vx3260
