@@ -6,6 +6,7 @@ runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf umockdev)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
+machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {
     printf '%s\n' "$*" >&2
@@ -15,25 +16,30 @@ IsInstalled() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+AsRoot() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
 # InstallMissing PACKAGE...: installs what is not there yet; says nothing when all is.
 InstallMissing() {
     neededPackages=("$@")
     command -v apt-get >/dev/null && command -v dpkg-query >/dev/null || return 0
-    local package missing=() asRoot=()
+    local package missing=()
     for package in "$@"; do
         IsInstalled "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
-    if [ "$(id -u)" -ne 0 ]; then
-        if ! command -v sudo >/dev/null; then
-            Say "Missing packages. As root, run: apt-get install ${missing[*]}"
-            return 1
-        fi
-        asRoot=(sudo)
+    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+        Say "Missing packages. As root, run: apt-get install ${missing[*]}"
+        return 1
     fi
     Say "Installing ${missing[*]} ..."
-    "${asRoot[@]}" apt-get -qq update &&
-        "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive \
+    AsRoot apt-get -qq update &&
+        AsRoot env DEBIAN_FRONTEND=noninteractive \
             apt-get -qq install --no-install-recommends "${missing[@]}" >/dev/null
 }
 
@@ -42,9 +48,9 @@ NameNeededPackages() {
     Say "differently): ${neededPackages[*]}"
 }
 
-# Build PRESET: configures and builds; says nothing when nothing is to do.
+# Build PRESET [TARGET]: configures and builds; says nothing when nothing is to do.
 Build() {
-    local preset=$1 directory=build/$1
+    local preset=$1 directory=build/$1 target=${2:-all}
     local tool log
     for tool in cmake ninja c++; do
         if ! command -v "$tool" >/dev/null; then
@@ -63,9 +69,9 @@ Build() {
             return 1
         fi
     fi
-    if ninja -C "$directory" -n | grep -q 'no work to do'; then
+    if ninja -C "$directory" -n "$target" | grep -q 'no work to do'; then
         return 0
     fi
     Say "Building $directory ..."
-    cmake --build --preset "$preset" >&2
+    cmake --build --preset "$preset" --target "$target" >&2
 }

@@ -1,0 +1,289 @@
+#include <fcntl.h>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/io.h>
+#include <sys/ioctl.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+// The ioctls' numbers are made by a header above.
+#include <linux/ppdev.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "app/StartUp.h"
+#include "link/BoardLines.h"
+#include "link/ReadData.h"
+#include "link/Register.h"
+#include "link/RegisterFields.h"
+#include "link/Serial.h"
+#include "ports/OpenPort.h"
+#include "support/Recorders.h"
+
+/// Runs as the superuser of the virtual machine that scripts/test-parport-qemu.sh starts: a PC with
+/// one printer port and no board, whose status lines stand still. The tests load and unload the
+/// port's drivers.
+namespace vx3260::test {
+namespace {
+
+constexpr const char* devicePath = "/dev/parport0";
+constexpr std::int16_t dataAddress = 888;
+constexpr std::int16_t statusAddress = dataAddress + BoardLines::StatusRegister;
+constexpr std::int16_t controlAddress = dataAddress + BoardLines::ControlRegister;
+constexpr unsigned nobody = 65534;  ///< a user, and a group of nothing
+
+/// Its exit code tells nothing: unloading also counts as a failure what other modules still need.
+void Execute(const std::string& command) {
+    EXPECT_NE(std::system(command.c_str()), -1) << command;
+}
+
+void LoadDrivers() {
+    Execute("modprobe -r lp");
+    Execute("modprobe -a parport_pc ppdev");
+}
+
+/// As udev does it. Gives the group's number.
+gid_t GiveDeviceToItsGroup() {
+    const group* const lp = getgrnam("lp");
+    const gid_t owner = lp != nullptr ? lp->gr_gid : 0;
+    EXPECT_NE(owner, 0U);
+    EXPECT_EQ(chown(devicePath, 0, owner), 0);
+    EXPECT_EQ(chmod(devicePath, 0660), 0);
+    return owner;
+}
+
+/// Does what a detail text tells the user to do as the superuser.
+void Follow(const std::string& detail) {
+    const std::string remedy = "\n    sudo ";
+    const std::size_t start = detail.find(remedy);
+    ASSERT_NE(start, std::string::npos) << detail;
+    const std::size_t command = start + remedy.size();
+    Execute(detail.substr(command, detail.find('\n', command) - command));
+}
+
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+/// The registers as they are, whichever way the port under test reaches them.
+std::int16_t Literal(std::int16_t address) {
+    return inb(static_cast<unsigned short>(address));
+}
+
+std::string ClaimAndTell(PortAccess access) {
+    const auto port = OpenPort({.access = access}).port;
+    return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
+}
+
+/// What a claim tells an ordinary user of one group.
+std::string ClaimAsNobody(gid_t group, PortAccess access) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool dropped =
+            setgroups(0, nullptr) == 0 && setgid(group) == 0 && setuid(nobody) == 0;
+        const std::string told = dropped ? ClaimAndTell(access) : "still the superuser";
+        const ssize_t written = write(ends[1], told.data(), told.size());
+        _exit(written == static_cast<ssize_t>(told.size()) ? 0 : 1);
+    }
+    close(ends[1]);
+    std::string told(4096, '\0');
+    const ssize_t length = read(ends[0], told.data(), told.size());
+    close(ends[0]);
+    EXPECT_EQ(waitpid(child, nullptr, 0), child);
+    told.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    return told;
+}
+
+/// Another process, "plotter", which holds the port until it is killed.
+class Holder {
+  public:
+    explicit Holder(bool exclusive) {
+        std::array<int, 2> ends{};
+        EXPECT_EQ(pipe(ends.data()), 0);
+        process_ = fork();
+        if (process_ == 0) {
+            Hold(exclusive, ends[1]);
+        }
+        close(ends[1]);
+        char holds = 0;
+        EXPECT_EQ(read(ends[0], &holds, 1), 1) << "the other process cannot claim the port";
+        close(ends[0]);
+    }
+    ~Holder() {
+        kill(process_, SIGKILL);
+        waitpid(process_, nullptr, 0);
+    }
+    Holder(const Holder&) = delete;
+    Holder(Holder&&) = delete;
+    Holder& operator=(const Holder&) = delete;
+    Holder& operator=(Holder&&) = delete;
+
+    std::string Name() const { return "process " + std::to_string(process_) + " (plotter)"; }
+
+  private:
+    [[noreturn]] static void Hold(bool exclusive, int report) {
+        prctl(PR_SET_NAME, "plotter");
+        const int device = open(devicePath, O_RDWR);
+        const bool holds =
+            (!exclusive || ioctl(device, PPEXCL) == 0) && ioctl(device, PPCLAIM) == 0;
+        if (!holds || write(report, "", 1) != 1) {
+            _exit(1);
+        }
+        for (;;) {
+            pause();
+        }
+    }
+
+    pid_t process_ = -1;
+};
+
+class RealPortTest : public testing::TestWithParam<PortAccess> {
+  protected:
+    void SetUp() override {
+        LoadDrivers();
+        ASSERT_EQ(ioperm(dataAddress, 3, 1), 0);
+    }
+
+    static bool ThroughTheDriver() { return GetParam() == PortAccess::Driver; }
+
+    void StartUp() {
+        port = OpenPort({.access = GetParam()}).port;
+        Services services{*port, messages, system, state};
+        vx3260::StartUp(services);
+        ASSERT_TRUE(messages.shown.empty()) << messages.shown[0].detail;
+    }
+
+    std::unique_ptr<ParallelPort> port;
+    RecordedMessages messages;
+    RecordedSystem system;
+    ApplicationState state;
+};
+
+/// Bits 6 and 7 read 1 on this port. The driver starts from 0C and sets bit 4, as this port has an
+/// interrupt; direct access starts from what the register held.
+TEST_P(RealPortTest, StartsUpWithFourControlBitsCleared) {
+    outb(0xFF, controlAddress);
+    StartUp();
+    EXPECT_EQ(state.PortCount, 1);
+    EXPECT_EQ(state.PortAddress, 888);
+    EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? 0x04 : 0xD4);
+    EXPECT_EQ(Literal(controlAddress), 0xD4);
+}
+
+/// Data lines that are inputs read 1 with nothing connected.
+TEST_P(RealPortTest, WritesReadsAndTurnsTheDataLines) {
+    StartUp();
+    const struct {
+        std::int16_t control;
+        std::int16_t driver;   ///< what reads tell of it through the driver,
+        std::int16_t literal;  ///< what the register then holds,
+        std::int16_t direct;   ///< and what it holds and reads tell with direct access
+        std::int16_t open;     ///< data lines that are not driven
+    } cases[] = {
+        {0xFF, 0x2F, 0xFF, 0xFF, 0xFF},
+        {0x04, 0x04, 0xD4, 0xC4, 0x00},
+        {0x24, 0x24, 0xF4, 0xE4, 0xFF},
+        {0x00, 0x00, 0xD0, 0xC0, 0x00},
+    };
+    for (const auto& c : cases) {
+        port->OutByte(controlAddress, c.control);
+        EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? c.driver : c.direct);
+        EXPECT_EQ(Literal(controlAddress), ThroughTheDriver() ? c.literal : c.direct);
+        for (const std::int16_t data : std::array<std::int16_t, 3>{0x00, 0x1B, 0xE4}) {
+            port->OutByte(dataAddress, data);
+            EXPECT_EQ(port->InByte(dataAddress), data | c.open) << c.control;
+            EXPECT_EQ(Literal(dataAddress), data | c.open) << c.control;
+        }
+    }
+}
+
+TEST_P(RealPortTest, ReadsStuckLinesAsSuch) {
+    StartUp();
+    ASSERT_EQ(Literal(statusAddress) & BoardLines::Dout, BoardLines::Dout);
+    EXPECT_EQ(port->InByte(statusAddress), Literal(statusAddress));
+    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        Register reg(*port, state.PortAddress, description.access);
+        EXPECT_EQ(reg.ReadReg(), (1 << reg.WordLength) - 1) << description.name;
+    }
+}
+
+TEST_P(RealPortTest, WaitsForDataReadyAtLeastAsLongAsTheSlowestConversion) {
+    using namespace std::chrono;
+    StartUp();
+    ASSERT_EQ(Literal(statusAddress) & BoardLines::NotReady, BoardLines::NotReady);
+    ReadData data(*port, state.PortAddress, RegisterMap::MainData);
+    const auto start = steady_clock::now();
+    EXPECT_EQ(data.Read(), ReadTimeout);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(400)) << "100000 polls of 4 us";
+}
+
+TEST_P(RealPortTest, TellsHowToLoadTheDriver) {
+    Execute("modprobe -r ppdev");
+    Execute("modprobe -r parport_pc");
+    const std::string detail = ClaimAndTell(GetParam());
+    EXPECT_TRUE(detail.starts_with("There is no /dev/parport0.")) << detail;
+    if (!ThroughTheDriver()) {
+        const auto named = OpenPort({.access = GetParam(), .address = dataAddress}).port;
+        EXPECT_EQ(named->ClaimParallelPort(1, -1), 1) << named->FailureDetail();
+    }
+    Follow(detail);
+    EXPECT_EQ(ClaimAndTell(GetParam()), "claimed");
+}
+
+TEST_P(RealPortTest, TellsAnOrdinaryUserWhatIsMissing) {
+    const gid_t owner = GiveDeviceToItsGroup();
+    const std::string detail = ClaimAsNobody(nobody, GetParam());
+    const std::string member = ClaimAsNobody(owner, GetParam());
+    if (ThroughTheDriver()) {
+        EXPECT_TRUE(Contains(detail, "which belongs to the group \"lp\"")) << detail;
+        EXPECT_TRUE(Contains(detail, "\n    sudo usermod -aG lp nobody\n")) << detail;
+        EXPECT_EQ(member, "claimed");
+    } else {
+        EXPECT_TRUE(Contains(detail, "Operation not permitted. Leave out --port-access=direct"))
+            << detail;
+        EXPECT_EQ(member, detail);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortAccess::Driver, PortAccess::Direct),
+                         [](const auto& access) {
+                             return access.param == PortAccess::Driver ? "Driver" : "Direct";
+                         });
+
+/// A claim that waited for the holder would never come back.
+TEST(RealPpdevPort, NamesTheProcessThatHoldsThePort) {
+    LoadDrivers();
+    const gid_t owner = GiveDeviceToItsGroup();
+    for (const bool exclusive : {false, true}) {
+        {
+            const Holder holder(exclusive);
+            const std::string detail = ClaimAndTell(PortAccess::Driver);
+            EXPECT_TRUE(Contains(detail, "It is in use by " + holder.Name())) << detail;
+            const std::string unseen = ClaimAsNobody(owner, PortAccess::Driver);
+            EXPECT_TRUE(Contains(unseen, "Another program or driver holds the port")) << unseen;
+        }
+        EXPECT_EQ(ClaimAndTell(PortAccess::Driver), "claimed");
+    }
+}
+
+TEST(RealPpdevPort, TellsHowToUnloadThePrinterDriver) {
+    LoadDrivers();
+    Execute("modprobe lp");
+    const std::string detail = ClaimAndTell(PortAccess::Driver);
+    EXPECT_TRUE(Contains(detail, "The driver \"lp\" holds the port")) << detail;
+    Follow(detail);
+    EXPECT_EQ(ClaimAndTell(PortAccess::Driver), "claimed");
+}
+
+}  // namespace
+}  // namespace vx3260::test
