@@ -14,7 +14,6 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -111,6 +110,9 @@ class Holder {
         std::array<int, 2> ends{};
         EXPECT_EQ(pipe(ends.data()), 0);
         process_ = fork();
+        if (process_ == -1) {
+            throw std::runtime_error("no second process");
+        }
         if (process_ == 0) {
             Hold(exclusive, ends[1]);
         }
