@@ -43,7 +43,7 @@ FetchKernel() {
 # The virtual machine's whole file system: a shell, the modules and the tests.
 MakeImage() {
     rm -rf "$root"
-    mkdir -p "$root"/{bin,sbin,usr/bin,usr/sbin,dev,etc,proc,sys,tmp}
+    mkdir -p "$root"/{bin,sbin,usr/bin,usr/sbin,dev,etc,proc,sys}
     cp -r "$kernel/lib" "$root/lib"
     cp "$(command -v busybox)" "$root/bin/busybox"
     busybox depmod -b "$root" "$(ls "$root/lib/modules")"
