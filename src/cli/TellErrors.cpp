@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "files/CodeFile.h"
+#include "files/FileErrors.h"
 
 namespace vx3260 {
 

@@ -5,20 +5,14 @@
 #include <iosfwd>
 #include <memory>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "files/CodeText.h"
+#include "files/FileErrors.h"
 
 namespace vx3260 {
-
-/// A file that cannot be read or written. The message names the file and the system's reason.
-class FileAccessError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
 
 /// How much a file of some kind can hold, so that a pipe may be endless.
 struct SizeLimit {

@@ -3,10 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "files/FileErrors.h"
 
 namespace vx3260 {
 
@@ -17,13 +18,6 @@ enum class Notation { Decimal, Hexadecimal };
 
 /// A block's count is a 16-bit number.
 inline constexpr std::size_t MostCodesInBlock = 32767;
-
-/// A text that is not what it is read as, such as a block of codes. The message names where it came
-/// from, the line and the reason.
-class BadDataError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
 
 /// The codes in a text, one a line. Blanks around a code, CR LF line ends, a UTF-8 byte-order mark,
 /// a missing last line end and blank lines at the very end are accepted, lower-case digits too.
