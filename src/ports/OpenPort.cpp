@@ -1,7 +1,10 @@
 #include "ports/OpenPort.h"
 
+#include <utility>
+
 #include "app/PrinterPorts.h"
 #include "ports/SimulatedPort.h"
+#include "ports/TracePort.h"
 
 #if defined(__linux__)
 #include "ports/DirectPort.h"
@@ -46,21 +49,40 @@ std::vector<PortListing> ListRealPorts(const PortChoice& /*choice*/) {
 
 #endif
 
-OpenedPort OpenUnfaulted(const PortChoice& choice) {
-    if (choice.simulated) {
-        return {std::make_unique<SimulatedPort>(), "Simulated board"};
+TraceClock TimeSinceNow() {
+    return [start = std::chrono::steady_clock::now()] {
+        return std::chrono::steady_clock::now() - start;
+    };
+}
+
+/// A port as it is, without what may be wrapped around it.
+struct BarePort {
+    OpenedPort opened;
+    TraceClock clock;
+};
+
+BarePort OpenBare(const PortChoice& choice) {
+    if (!choice.simulated) {
+        return {{OpenRealPort(choice), {}}, TimeSinceNow()};
     }
-    return {OpenRealPort(choice), {}};
+    auto simulated = std::make_unique<SimulatedPort>();
+    const SimulatedBoard& board = simulated->Board();
+    return {{std::move(simulated), "Simulated board"},
+            [&board] { return std::chrono::nanoseconds(board.Now()); }};
 }
 
 }  // namespace
 
 OpenedPort OpenPort(const PortChoice& choice) {
-    OpenedPort opened = OpenUnfaulted(choice);
+    auto [opened, clock] = OpenBare(choice);
     if (choice.faults != Faults{}) {
         opened.port = std::make_unique<FaultyPort>(std::move(opened.port), choice.faults);
     }
-    return opened;
+    if (!choice.traceFile.empty()) {
+        opened.port =
+            std::make_unique<TracePort>(std::move(opened.port), std::move(clock), choice.traceFile);
+    }
+    return std::move(opened);
 }
 
 std::vector<PortListing> ListPorts(const PortChoice& choice) {

@@ -27,6 +27,7 @@ struct PortChoice {
     PortAccess access = PortAccess::Driver;
     std::optional<std::int32_t> address{};                ///< base address, for direct access
     std::chrono::nanoseconds pollTime = DefaultPollTime;  ///< least time of a real port's read
+    std::string traceFile{};                              ///< path; no trace when empty
 };
 
 struct OpenedPort {
@@ -34,8 +35,9 @@ struct OpenedPort {
     std::string badge;  ///< "Simulated board", or empty for a real port
 };
 
-/// The port that was chosen. Opening never fails: a port that cannot be had shows itself when it
-/// is claimed.
+/// The port that was chosen. Opening it never fails: a port that cannot be had shows itself when
+/// it is claimed. Throws FileAccessError when the trace cannot be written; its time is the
+/// simulated board's, or for a real port the time since this call.
 OpenedPort OpenPort(const PortChoice& choice);
 
 /// A port of this machine as `ports` lists it.

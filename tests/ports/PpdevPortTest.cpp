@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "acquisition/Reading.h"
 #include "app/StartUp.h"
@@ -74,6 +76,24 @@ TEST_F(PpdevPortTest, ReadsAndWritesEveryRegister) {
             EXPECT_EQ(reg.ReadReg(), reg.RegValue) << description.name;
         }
     }
+}
+
+TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
+    const std::string path = testing::TempDir() + "ppdev" + std::to_string(getpid()) + ".vcd";
+    const auto opening = std::chrono::steady_clock::now();
+    OpenedPort opened = OpenPort({.pollTime = noPollTime, .traceFile = path});
+    StartUp(*opened.port);
+    EXPECT_EQ(Register(*opened.port, state.PortAddress, RegisterMap::Mode).ReadReg(), 0x03);
+    opened.port.reset();
+    const std::chrono::duration<double, std::micro> most =
+        std::chrono::steady_clock::now() - opening;
+    std::ifstream file(path);
+    const std::string trace{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(trace.find("\nsread\\040mode\\040=\\04003 &\n"), std::string::npos);
+    const double end = std::stod(trace.substr(trace.rfind('#') + 1));
+    EXPECT_GT(end, 50) << "accesses that share no time";
+    EXPECT_LE(end - 1, most.count());
+    std::filesystem::remove(path);
 }
 
 TEST_F(PpdevPortTest, ReadsBlocksOfBothConverters) {

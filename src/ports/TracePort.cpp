@@ -1,0 +1,99 @@
+#include "ports/TracePort.h"
+
+#include <array>
+#include <iostream>
+#include <string_view>
+#include <utility>
+
+#include "files/FileErrors.h"
+#include "link/BoardLines.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t tracedOutputs = BoardLines::Clock | BoardLines::Din | BoardLines::Reset;
+constexpr std::int16_t tracedInputs = BoardLines::Dout | BoardLines::NotReady;
+
+constexpr std::size_t variableCount = 6;
+
+/// Serial decoders take a clock that starts low for an edge too many.
+const std::array<VcdVariable, variableCount>& Variables() {
+    static const std::array<VcdVariable, variableCount> variables{{
+        {"SCLK", VcdType::Wire, "1"},
+        {"DIN", VcdType::Wire, "0"},
+        {"RESET", VcdType::Wire, "1"},
+        {"DOUT", VcdType::Wire, "x"},
+        {"RDY", VcdType::Wire, "x"},
+        {"access", VcdType::Text, ""},
+    }};
+    return variables;
+}
+
+std::string LevelOf(std::int16_t lines, std::int16_t line) {
+    return (lines & line) != 0 ? "1" : "0";
+}
+
+std::string LevelOf(const std::optional<std::int16_t>& lines, std::int16_t line) {
+    return lines ? LevelOf(*lines, line) : "x";
+}
+
+}  // namespace
+
+TracePort::TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path)
+    : port_(std::move(port)),
+      clock_(std::move(clock)),
+      vcd_(std::in_place, path, "vx3260", Variables()),
+      outputs_(BoardLines::Idle & tracedOutputs) {
+    ParallelPortInfo info;
+    if (port_->GetParallelPortInfo(1, info) != 0) {
+        base_ = info.address;
+    }
+}
+
+TracePort::~TracePort() {
+    Trace([this](VcdWriter& vcd) { vcd.ExtendTo(clock_()); });
+}
+
+void TracePort::OutByte(std::int16_t address, std::int16_t value) {
+    port_->OutByte(address, value);
+    const auto outputs = static_cast<std::int16_t>(value & tracedOutputs);
+    if (base_ && address == *base_ + BoardLines::DataRegister && outputs != outputs_) {
+        outputs_ = outputs;
+        TraceStep();
+    }
+}
+
+std::int16_t TracePort::InByte(std::int16_t address) {
+    const std::int16_t value = port_->InByte(address);
+    const auto inputs = static_cast<std::int16_t>(value & tracedInputs);
+    if (base_ && address == *base_ + BoardLines::StatusRegister && inputs != inputs_) {
+        inputs_ = inputs;
+        TraceStep();
+    }
+    return value;
+}
+
+void TracePort::TraceStep() {
+    decoder_.Step(outputs_, (inputs_.value_or(0) & BoardLines::Dout) != 0);
+    Trace([this](VcdWriter& vcd) {
+        vcd.Write(
+            clock_(),
+            std::array{LevelOf(outputs_, BoardLines::Clock), LevelOf(outputs_, BoardLines::Din),
+                       LevelOf(outputs_, BoardLines::Reset), LevelOf(inputs_, BoardLines::Dout),
+                       LevelOf(inputs_, BoardLines::NotReady), decoder_.Text()});
+    });
+}
+
+void TracePort::Trace(const std::function<void(VcdWriter&)>& write) {
+    if (!vcd_) {
+        return;
+    }
+    try {
+        write(*vcd_);
+    } catch (const FileAccessError& error) {
+        std::cerr << "The trace ends here: " << error.what() << std::endl;
+        vcd_.reset();
+    }
+}
+
+}  // namespace vx3260

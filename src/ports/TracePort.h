@@ -1,0 +1,65 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "link/ParallelPort.h"
+#include "ports/AccessDecoder.h"
+#include "ports/VcdWriter.h"
+
+namespace vx3260 {
+
+/// The time since a port was opened.
+using TraceClock = std::function<std::chrono::nanoseconds()>;
+
+/// Any port, with a trace of its wires as the program sees them: SCLK, DIN, RESET, DOUT, RDY and
+/// the access that they carry, in words, as a Value Change Dump. Of the accesses at the port's own
+/// base address each that changes a line is a step of its own, later than the one before; DOUT and
+/// RDY change when the program reads them and are unknown until then. Before the program's first
+/// write the outputs are shown at rest.
+///
+/// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
+/// goes on.
+class TracePort final : public ParallelPort {
+  public:
+    /// Throws FileAccessError when the file cannot be written. `clock` is read after an access and
+    /// may refer to `port`.
+    TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path);
+
+    /// The trace then reaches until now, so that it shows how long a last wait was. A process that
+    /// ends without this misses no change.
+    ~TracePort() override;
+    TracePort(const TracePort&) = delete;
+    TracePort(TracePort&&) = delete;
+    TracePort& operator=(const TracePort&) = delete;
+    TracePort& operator=(TracePort&&) = delete;
+
+    std::int32_t GetParallelPortCount() override { return port_->GetParallelPortCount(); }
+    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {
+        return port_->ClaimParallelPort(portNumber, flag);
+    }
+    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
+        return port_->GetParallelPortInfo(portNumber, info);
+    }
+    std::string FailureDetail() const override { return port_->FailureDetail(); }
+    void OutByte(std::int16_t address, std::int16_t value) override;
+    std::int16_t InByte(std::int16_t address) override;
+
+  private:
+    void TraceStep();
+    void Trace(const std::function<void(VcdWriter&)>& write);
+
+    std::unique_ptr<ParallelPort> port_;
+    TraceClock clock_;
+    std::optional<std::int32_t> base_;  ///< empty where there is no port
+    std::optional<VcdWriter> vcd_;      ///< empty once the trace has ended
+    AccessDecoder decoder_;
+    std::int16_t outputs_;
+    std::optional<std::int16_t> inputs_;  ///< empty until they have been read
+};
+
+}  // namespace vx3260

@@ -1,0 +1,252 @@
+#include "ports/TracePort.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "files/FileErrors.h"
+#include "link/Reset.h"
+#include "link/Serial.h"
+#include "ports/OpenPort.h"
+#include "support/RecordingPort.h"
+
+namespace vx3260::test {
+namespace {
+
+using std::chrono::microseconds;
+using Texts = std::vector<std::string>;
+
+constexpr std::int16_t base = 888;
+
+class Trace : public testing::Test {
+  protected:
+    ~Trace() override { std::filesystem::remove(path); }
+
+    /// Each access of the bare wires takes 10 us.
+    std::unique_ptr<TracePort> Open() {
+        auto bare = std::make_unique<RecordingPort>();
+        wires = bare.get();
+        wires->standingReply = 0x40;
+        const auto now = [this] {
+            return microseconds(10) * (wires->written.size() + wires->readFrom.size());
+        };
+        return std::make_unique<TracePort>(std::move(bare), now, path);
+    }
+
+    std::string Bytes() const {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// What stands in the pattern's parentheses, one match after the other, blanks as blanks.
+    Texts Found(const std::string& pattern) const {
+        const std::string bytes = std::regex_replace(Bytes(), std::regex(R"(\\040)"), " ");
+        const std::regex regex(pattern);
+        return {std::sregex_token_iterator(bytes.begin(), bytes.end(), regex, 1), {}};
+    }
+    Texts Accesses() const { return Found("\ns(.+) &"); }
+    std::int64_t End() const { return std::stoll(Found("#(.+)\n$").at(0)); }
+
+    const std::string path = testing::TempDir() + "trace" + std::to_string(getpid()) + ".vcd";
+    RecordingPort* wires = nullptr;
+};
+
+TEST_F(Trace, ShowsEveryChangeAndNothingElse) {
+    const auto port = Open();
+    SerialWrite(*port, 0b10, base, 2);
+    wires->replies = {0x10};
+    SerialRead(*port, 1, base);
+    port->OutByte(base + 2, 0);   // no line of the board's
+    port->OutByte(base + 10, 0);  // another port's
+    port->OutByte(base, 0x0A);    // only the line that is held high
+    EXPECT_EQ(Bytes(),
+              "$version VX3260 Evaluation Software 1.0.0 $end\n"
+              "$timescale 1 us $end\n"
+              "$scope module vx3260 $end\n"
+              "$var wire 1 ! SCLK $end\n"
+              "$var wire 1 \" DIN $end\n"
+              "$var wire 1 # RESET $end\n"
+              "$var wire 1 $ DOUT $end\n"
+              "$var wire 1 % RDY $end\n"
+              "$var string 1 & access $end\n"
+              "$upscope $end\n"
+              "$enddefinitions $end\n"
+              "#0\n$dumpvars\n1!\n0\"\n1#\nx$\nx%\ns &\n$end\n#1\n"
+              "#20\n0!\n1\"\n#21\n"
+              "#30\n1!\n#31\n"
+              "#40\n0\"\n#41\n"
+              "#50\n0!\n#51\n"
+              "#60\n1!\n#61\n"
+              "#90\n0!\n#91\n"
+              "#100\n1$\n0%\n#101\n"
+              "#110\n1!\n#111\n");
+}
+
+TEST_F(Trace, TellsEveryAccessInWords) {
+    struct {
+        std::int32_t byte;
+        std::int32_t value;
+        std::int16_t bits;
+        const char* access;
+        const char* word;
+    } const cases[] = {
+        {0x40, 0xC1, 8, "read status", " = C1"},
+        {0x01, 0x03, 8, "write mode", " = 03"},
+        {0x41, 0x13, 8, "read mode", " = 13"},
+        {0x02, 0x87, 8, "write main-control", " = 87"},
+        {0x42, 0x87, 8, "read main-control", " = 87"},
+        {0x03, 0xB9, 8, "write aux-control", " = B9"},
+        {0x43, 0xB9, 8, "read aux-control", " = B9"},
+        {0x04, 0x45, 8, "write filter", " = 45"},
+        {0x44, 0xFF, 8, "read filter", " = FF"},
+        {0x45, 0x80C10F, 24, "read main-data", " = 80C10F"},
+        {0x46, 0x1EEC, 16, "read aux-data", " = 1EEC"},
+        {0x07, 0x0004, 16, "write io-control", " = 0004"},
+        {0x47, 0x0015, 16, "read io-control", " = 0015"},
+        {0x08, 0x800000, 24, "write main-zero", " = 800000"},
+        {0x48, 0x7FFFFF, 24, "read main-zero", " = 7FFFFF"},
+        {0x09, 0x8000, 16, "write aux-zero", " = 8000"},
+        {0x49, 0x7FFF, 16, "read aux-zero", " = 7FFF"},
+        {0x0A, 0x400000, 24, "write main-full", " = 400000"},
+        {0x4A, 0xFFFFFF, 24, "read main-full", " = FFFFFF"},
+        {0x0B, 0x4000, 16, "write aux-full", " = 4000"},
+        {0x4B, 0x0001, 16, "read aux-full", " = 0001"},
+        {0x0C, 0x0000, 16, "write test1", " = 0000"},
+        {0x0D, 0xFFFF, 16, "write test2", " = FFFF"},
+        {0x00, 0, 0, "unknown byte 00", nullptr},
+        {0x4C, 0, 0, "unknown byte 4C", nullptr},
+        {0x05, 0, 0, "unknown byte 05", nullptr},
+        {0xC1, 0, 0, "unknown byte C1", nullptr},
+    };
+    const auto port = Open();
+    Texts expected;
+    for (const auto& c : cases) {
+        SerialWrite(*port, c.byte, base, 8);
+        expected.emplace_back(c.access);
+        EXPECT_EQ(Accesses(), expected);
+        if (expected.back().starts_with("read")) {
+            for (int bit = c.bits - 1; bit >= 0; --bit) {
+                wires->replies.push_back((c.value >> bit & 1) != 0 ? 0x50 : 0x40);
+            }
+            SerialRead(*port, c.bits, base);
+        } else {
+            SerialWrite(*port, c.value, base, c.bits);
+        }
+        if (c.word != nullptr) {
+            expected.push_back(c.access + std::string(c.word));
+        }
+        EXPECT_EQ(Accesses(), expected);
+    }
+}
+
+TEST_F(Trace, OfALongWaitIsOneChange) {
+    auto port = Open();
+    wires->replies.assign(PollLimit - 2, 0x40);
+    wires->standingReply = 0x00;
+    SerialReadWhenReady(*port, 0, base);
+    EXPECT_EQ(Found("\n(.)%"), (Texts{"x", "1", "0"}));
+    EXPECT_EQ(End(), 1000001);
+    wires->standingReply = 0x40;
+    port->InByte(base + 1);
+    port->InByte(base + 1);
+    port.reset();
+    EXPECT_EQ(End(), 1000020) << "the last wait";
+}
+
+TEST_F(Trace, ShowsResetsInTheMiddleOfAnAccess) {
+    const auto port = Open();
+    SerialWrite(*port, 0x08, base, 8);
+    SerialWrite(*port, 0xFFFF, base, 16);
+    HardwareReset(*port, base);
+    SerialWrite(*port, 0x48, base, 8);
+    SoftwareReset(*port, base);
+    EXPECT_EQ(Accesses(), (Texts{"write main-zero", "hardware reset", "read main-zero",
+                                 "hardware reset", "software reset", "write test1",
+                                 "write test1 = 0000", "write test2", "write test2 = 0000"}));
+}
+
+TEST_F(Trace, TakesNoLessThan32OnesForASoftwareReset) {
+    struct {
+        std::int16_t zeros;
+        std::int16_t ones;
+        Texts accesses;
+    } const cases[] = {
+        {2, 31, {"write main-full = 3FFFFF", "unknown byte FF", "unknown byte A2"}},
+        {4, 32, {"write main-full = 0FFFFF", "unknown byte FF", "software reset", "read filter"}},
+    };
+    for (const auto& c : cases) {
+        const auto port = Open();
+        SerialWrite(*port, 0x0A, base, 8);
+        SerialWrite(*port, 0, base, c.zeros);
+        for (int i = 0; i < c.ones; ++i) {
+            SerialWrite(*port, 1, base, 1);
+        }
+        SerialWrite(*port, 0x44, base, 8);
+        Texts expected{"write main-full"};
+        expected.insert(expected.end(), c.accesses.begin(), c.accesses.end());
+        EXPECT_EQ(Accesses(), expected);
+    }
+}
+
+TEST_F(Trace, OfTheSimulatedBoardIsCompleteAtAnyMoment) {
+    const OpenedPort board = OpenPort(
+        {.simulated = true, .faults = {.statusLow = 0x10, .goneAfter = 60}, .traceFile = path});
+    SerialWrite(*board.port, 0x41, base, 8);
+    SerialRead(*board.port, 8, base);
+    EXPECT_EQ(Accesses(), (Texts{"read mode", "read mode = 00"}));
+    EXPECT_EQ(End(), 50 * 4 + 1);
+    for (const char* clock : {"0", "1", "0", "1", "0", "1", "0", "1", "0", "1", "0", "1"}) {
+        const std::int64_t before = End();
+        board.port->OutByte(base, *clock == '1' ? 0x1A : 0x12);
+        EXPECT_EQ(Found("\n(.)!").back(), clock);
+        EXPECT_GT(End(), before);
+    }
+    EXPECT_EQ(End(), 60 * 4 + 1 + 2) << "a board that is gone has no time";
+}
+
+TEST_F(Trace, ThatCannotBeWrittenIsToldAtOnce) {
+    const std::string gone = path + "/x.vcd";
+    const std::pair<std::string, std::string> cases[] = {
+        {gone, "cannot write " + gone + ": No such file or directory"},
+        {"/dev/full", "cannot write /dev/full: No space left on device"},
+    };
+    for (const auto& [file, message] : cases) {
+        try {
+            OpenPort({.simulated = true, .traceFile = file});
+            ADD_FAILURE() << file;
+        } catch (const FileAccessError& error) {
+            EXPECT_EQ(error.what(), message);
+        }
+    }
+}
+
+/// Ends the process, a forked one: well where the accesses beyond a full disk reached the wires.
+[[noreturn]] void TraceOnFullDisk(ParallelPort& port, const RecordingPort& wires) {
+    const rlimit limit{600, 600};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    for (int i = 0; i < 100; ++i) {
+        SerialWrite(port, 0x41, base, 8);
+    }
+    std::_Exit(wires.written.size() == 2500 ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+TEST_F(Trace, EndsOnAFullDiskAndThePortGoesOn) {
+    const auto port = Open();
+    EXPECT_EXIT(TraceOnFullDisk(*port, *wires), testing::ExitedWithCode(EXIT_SUCCESS),
+                "^The trace ends here: cannot write .*vcd: File too large\n$");
+    EXPECT_GT(Bytes().size(), 570U);
+    EXPECT_EQ(End() % 10, 1) << "a whole step";
+}
+
+}  // namespace
+}  // namespace vx3260::test
