@@ -3,7 +3,7 @@
 
 buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
-testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf umockdev)
+testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli umockdev)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 machinePackages=(qemu-system-x86 busybox-static)

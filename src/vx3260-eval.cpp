@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -12,6 +13,7 @@
 #include "app/StartUp.h"
 #include "cli/ExitCodes.h"
 #include "cli/PortOptions.h"
+#include "files/FileErrors.h"
 #include "forms/shell/MainMenuForm.h"
 #include "platform/LinuxSystem.h"
 #include "ports/OpenPort.h"
@@ -60,13 +62,21 @@ int Run(int argc, char** argv) {
     return 0;
 }
 
+int End(const std::exception& error, ExitCode code) {
+    std::fprintf(stderr, "vx3260-eval: %s\n", error.what());
+    return static_cast<int>(code);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A trace that grows beyond the limit of a file ends, and the program goes on.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return Run(argc, argv);
+    } catch (const FileAccessError& error) {
+        return End(error, ExitCode::FileNotAccessible);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "vx3260-eval: %s\n", error.what());
-        return static_cast<int>(ExitCode::UnexpectedError);
+        return End(error, ExitCode::UnexpectedError);
     }
 }

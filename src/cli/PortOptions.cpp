@@ -127,6 +127,10 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
         ->allow_extra_args(false)
         ->needs(simulated);
     AddRealPortOptions(app, choice, simulated);
+    app.add_option("--trace", choice.traceFile,
+                   "Write the board's lines and the accesses they carry as a Value Change Dump")
+        ->type_name("FILE.vcd")
+        ->check([](const std::string& path) { return path.empty() ? "the name is empty" : ""; });
 }
 
 std::vector<std::string> WithoutStatusSwitch(std::vector<std::string> arguments) {

@@ -60,6 +60,7 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
     ExpectRefused(ExitCode::FileNotAccessible,
                   {{"read main --output /none/x.dat",
                     "vx3260-cli: cannot write /none/x.dat: No such file or directory\n"},
+                   {"registers --simulated --trace /none/x.vcd", "cannot write /none/x.vcd: No"},
                    {"noise main /none/x.dat --range=7 --polarity=unipolar", "cannot read /none/"}});
 }
 
