@@ -1,7 +1,12 @@
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
+
 #include "IdlePort.h"
+#include "link/Register.h"
+#include "link/RegisterMap.h"
 #include "link/Serial.h"
+#include "ports/OpenPort.h"
 
 // Each routine of the link beside a straight loop that makes the same calls through the same
 // reference. `access` is the time of one port access.
@@ -78,6 +83,28 @@ void PollsWithoutAnswer(benchmark::State& state) {
     CountAccesses(state, 100001);
 }
 BENCHMARK(PollsWithoutAnswer)->Unit(benchmark::kMicrosecond);
+
+void ReadRegisters(benchmark::State& state, const PortChoice& choice) {
+    const OpenedPort board = OpenPort(choice);
+    Register mode(*board.port, base, RegisterMap::Mode);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(mode.ReadReg());
+    }
+    CountAccesses(state, 50);
+}
+
+void RegisterReadSimulated(benchmark::State& state) {
+    ReadRegisters(state, {.simulated = true});
+}
+BENCHMARK(RegisterReadSimulated);
+
+/// Every change of a line is handed to the operating system at once: 36 in one read.
+void RegisterReadSimulatedTraced(benchmark::State& state) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "vx3260-bench.vcd";
+    ReadRegisters(state, {.simulated = true, .traceFile = file.string()});
+    std::filesystem::remove(file);
+}
+BENCHMARK(RegisterReadSimulatedTraced);
 
 }  // namespace
 }  // namespace vx3260::bench
