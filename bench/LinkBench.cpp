@@ -98,7 +98,7 @@ void RegisterReadSimulated(benchmark::State& state) {
 }
 BENCHMARK(RegisterReadSimulated);
 
-/// Every change of a line is handed to the operating system at once: 36 in one read.
+/// Every change of a line is handed to the operating system at once.
 void RegisterReadSimulatedTraced(benchmark::State& state) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "vx3260-bench.vcd";
     ReadRegisters(state, {.simulated = true, .traceFile = file.string()});
