@@ -16,7 +16,7 @@ constexpr std::int16_t tracedInputs = BoardLines::Dout | BoardLines::NotReady;
 
 constexpr std::size_t variableCount = 6;
 
-/// Serial decoders take a clock that starts low for an edge too many.
+/// The clock rests high: with one that starts low or unknown, serial decoders see an edge too many.
 const std::array<VcdVariable, variableCount>& Variables() {
     static const std::array<VcdVariable, variableCount> variables{{
         {"SCLK", VcdType::Wire, "1"},

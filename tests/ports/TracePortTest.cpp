@@ -230,8 +230,8 @@ TEST_F(Trace, ThatCannotBeWrittenIsToldAtOnce) {
 }
 
 /// Ends the process, a forked one: well where the accesses beyond a full disk reached the wires.
-[[noreturn]] void TraceOnFullDisk(ParallelPort& port, const RecordingPort& wires) {
-    const rlimit limit{600, 600};
+[[noreturn]] void TraceOnFullDisk(ParallelPort& port, const RecordingPort& wires, rlim_t bytes) {
+    const rlimit limit{bytes, bytes};
     std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &limit);
     for (int i = 0; i < 100; ++i) {
@@ -240,12 +240,14 @@ TEST_F(Trace, ThatCannotBeWrittenIsToldAtOnce) {
     std::_Exit(wires.written.size() == 2500 ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-TEST_F(Trace, EndsOnAFullDiskAndThePortGoesOn) {
-    const auto port = Open();
-    EXPECT_EXIT(TraceOnFullDisk(*port, *wires), testing::ExitedWithCode(EXIT_SUCCESS),
-                "^The trace ends here: cannot write .*vcd: File too large\n$");
-    EXPECT_GT(Bytes().size(), 570U);
-    EXPECT_EQ(End() % 10, 1) << "a whole step";
+TEST_F(Trace, EndsWithAWholeStepOnAFullDiskAndThePortGoesOn) {
+    for (rlim_t bytes = 600; bytes < 615; ++bytes) {
+        const auto port = Open();
+        EXPECT_EXIT(TraceOnFullDisk(*port, *wires, bytes), testing::ExitedWithCode(EXIT_SUCCESS),
+                    "^The trace ends here: cannot write .*vcd: File too large\n$");
+        EXPECT_GT(Bytes().size(), bytes - 40);
+        EXPECT_EQ(Found("[!\"&]\n(#.+)1\n$").size(), 1U) << Bytes().substr(500);
+    }
 }
 
 }  // namespace
