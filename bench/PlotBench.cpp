@@ -38,7 +38,6 @@ AnalysedBlock NormalBlock() {
 
 void HistogramOf32767(benchmark::State& state) {
     constexpr std::size_t count = 32767;
-    constexpr std::size_t mostBins = 150;
     const std::vector<double> codes = NormalCodes(count);
     for (auto _ : state) {
         benchmark::DoNotOptimize(ComputeHistogram(codes, mostBins));

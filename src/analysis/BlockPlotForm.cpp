@@ -247,10 +247,11 @@ void BlockPlotForm::ShowAll() {
 QStringList BlockPlotForm::PictureLines() const {
     const NoiseAnalysis& analysis = block_.analysis;
     const QString board = QString::fromStdString(Shared().boardBadge);
-    QStringList conditions{CountText(static_cast<std::int64_t>(analysis.count), tr("reading")),
-                           tr("input range %1").arg(FigureText(analysis, "RangeLabel")),
-                           tr("LSB %1").arg(FigureText(analysis, "LSBLabel")),
-                           tr("reference %1").arg(FigureText(analysis, "RefLabel"))};
+    QStringList conditions{
+        QString::fromStdString(CountText(static_cast<std::int64_t>(analysis.count), "reading")),
+        tr("input range %1").arg(FigureText(analysis, "RangeLabel")),
+        tr("LSB %1").arg(FigureText(analysis, "LSBLabel")),
+        tr("reference %1").arg(FigureText(analysis, "RefLabel"))};
     if (!board.isEmpty()) {
         conditions.append(board);
     }
@@ -262,14 +263,10 @@ QStringList BlockPlotForm::PictureLines() const {
 
 void BlockPlotForm::Save(const std::string& path, std::string_view bytes) {
     try {
-        SaveBytes(path, bytes);
+        ReplaceFile(path, bytes);
     } catch (const FileAccessError& error) {
-        Show({.text = error.what(), .icon = MessageIcon::Exclamation});
+        ShowFailure(error, "Nothing was saved. A file that was there stays as it was.");
     }
-}
-
-QString CodeText(std::int32_t code) {
-    return QStringLiteral("%1 (%2)").arg(code).arg(QString::fromStdString(HexText(code)));
 }
 
 QString CodeVoltsText(const ConversionConditions& conditions, double code) {
@@ -290,11 +287,6 @@ MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis) {
             CodeVoltsText(analysis.conditions, mean),
             QString::fromStdString(SignificantText(sigma, digitsShown)),
             DistanceText(sigma * analysis.conditions.lsbVolts)};
-}
-
-QString CountText(std::int64_t count, const QString& noun) {
-    return QStringLiteral("%1 %2%3").arg(count).arg(noun,
-                                                    count == 1 ? QString() : QStringLiteral("s"));
 }
 
 }  // namespace vx3260

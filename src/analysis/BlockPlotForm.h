@@ -66,12 +66,6 @@ class BlockPlotForm : public Form {
     PlotView* view_ = nullptr;
 };
 
-/// A figure of codes: "8438977 (80C4C1)".
-QString CodeText(std::int32_t code);
-
-/// "1 code", "2 codes"; the noun's plural ends in s.
-QString CountText(std::int64_t count, const QString& noun);
-
 /// Mean and sigma, in codes and in volts.
 struct MeanAndSigma {
     QString mean;

@@ -2,6 +2,7 @@
 
 #include "analysis/PlotCsv.h"
 #include "analysis/PlotScale.h"
+#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 #include "ui_HistogramForm.h"
 
@@ -9,7 +10,6 @@ namespace vx3260 {
 namespace {
 
 /// A bin stays some pixels wide then.
-constexpr std::size_t mostBins = 150;
 
 constexpr double curveSigmas = 5;
 constexpr int curvePoints = 400;
@@ -38,7 +38,7 @@ void FillCurve(QCPGraph* curve, const NoiseAnalysis& analysis, std::int64_t binW
 HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWidget* parent)
     : BlockPlotForm(services, block, parent),
       ui_(std::make_unique<Ui::HistogramForm>()),
-      histogram_(ComputeHistogram(block.codes, mostBins)) {
+      histogram_(ComputeHistogram(block.codes, MostHistogramBins)) {
     ui_->setupUi(this);
     SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
            ui_->Command3, ui_->Command4, ui_->Command5},
@@ -108,10 +108,10 @@ void HistogramForm::ShowFigures() {
         {ui_->MeanLabel, texts.meanVolts},
         {ui_->SigmaLabelLSB, texts.sigma},
         {ui_->SigmaLabel, texts.sigmaVolts},
-        {ui_->BinLabel, CountText(histogram_.binWidth, tr("code"))},
-        {ui_->MaxLabel, CodeText(analysis.statistics.maxCode)},
-        {ui_->MinLabel, CodeText(analysis.statistics.minCode)},
-        {ui_->SpanLabel, CountText(span, tr("code"))},
+        {ui_->BinLabel, QString::fromStdString(CountText(histogram_.binWidth, "code"))},
+        {ui_->MaxLabel, QString::fromStdString(CodeText(analysis.statistics.maxCode))},
+        {ui_->MinLabel, QString::fromStdString(CodeText(analysis.statistics.minCode))},
+        {ui_->SpanLabel, QString::fromStdString(CountText(span, "code"))},
     };
     for (const auto& [label, text] : figures) {
         UseFixedFont(label);
@@ -120,7 +120,7 @@ void HistogramForm::ShowFigures() {
 }
 
 std::string HistogramForm::Csv() const {
-    return HistogramCsv(histogram_, Block().analysis);
+    return HistogramCsv(histogram_, Block().analysis.exact, Block().codes.size());
 }
 
 }  // namespace vx3260

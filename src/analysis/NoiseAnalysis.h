@@ -65,7 +65,7 @@ struct NoiseAnalysis {
 };
 
 /// Analyses a block. Throws as ComputeStatistics does, and OverflowError when the code span does
-/// not fit 32 bits: a block that ends in a time-out is none to analyse.
+/// not fit 32 bits, as that of codes that end in a time-out does not.
 NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& conditions);
 
 /// A block with what its analysis found: what the plots draw.

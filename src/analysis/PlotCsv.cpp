@@ -7,22 +7,22 @@ namespace vx3260 {
 namespace {
 
 std::string ExpectedText(const Histogram& histogram, std::size_t bin,
-                         const NoiseAnalysis& analysis) {
-    return analysis.exact.sigma == 0
-               ? ""
-               : ShortestText(NormalCount(histogram.CentreOf(bin), analysis.exact, analysis.count,
-                                          histogram.binWidth));
+                         const ExactStatistics& statistics, std::size_t readings) {
+    return statistics.sigma == 0 ? ""
+                                 : ShortestText(NormalCount(histogram.CentreOf(bin), statistics,
+                                                            readings, histogram.binWidth));
 }
 
 }  // namespace
 
-std::string HistogramCsv(const Histogram& histogram, const NoiseAnalysis& analysis) {
+std::string HistogramCsv(const Histogram& histogram, const ExactStatistics& statistics,
+                         std::size_t readings) {
     std::string csv = "first_code,last_code,count,expected_count\n";
     for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
         csv += std::to_string(histogram.FirstCodeOf(bin)) + ',' +
                std::to_string(histogram.FirstCodeOf(bin + 1) - 1) + ',' +
                std::to_string(histogram.counts[bin]) + ',' +
-               ExpectedText(histogram, bin, analysis) + '\n';
+               ExpectedText(histogram, bin, statistics, readings) + '\n';
     }
     return csv;
 }

@@ -3,6 +3,7 @@
 #include "analysis/PlotCsv.h"
 #include "analysis/PlotScale.h"
 #include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 #include "ui_PlotForm.h"
 
@@ -113,7 +114,7 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 void PlotForm::FollowView() {
     PlotView* const view = ui_->Plot;
     view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2)));
-    const double pixelsApart = view->width() / view->xAxis->range().size();
+    const double pixelsApart = view->viewport().width() / view->xAxis->range().size();
     const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
                                  : QCPScatterStyle(QCPScatterStyle::ssNone));
@@ -146,7 +147,8 @@ QString PlotForm::CursorText(PlotCursors::Name name) const {
     return tr("%1: reading %2, %3, %4")
         .arg(name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B"))
         .arg(point + 1)
-        .arg(CodeText(ToInt32(code)), CodeVoltsText(Block().analysis.conditions, code));
+        .arg(QString::fromStdString(CodeText(ToInt32(code))),
+             CodeVoltsText(Block().analysis.conditions, code));
 }
 
 QString PlotForm::DifferenceText() const {
@@ -156,8 +158,9 @@ QString PlotForm::DifferenceText() const {
                          Block().codes.at(static_cast<std::size_t>(a));
     const double volts = codes * Block().analysis.conditions.lsbVolts;
     return tr("B - A: %1, %2, %3")
-        .arg(CountText(b - a, tr("reading")),
-             CountText(static_cast<std::int64_t>(codes), tr("code")), DistanceText(volts));
+        .arg(QString::fromStdString(CountText(b - a, "reading")),
+             QString::fromStdString(CountText(static_cast<std::int64_t>(codes), "code")),
+             DistanceText(volts));
 }
 
 std::string PlotForm::Csv() const {

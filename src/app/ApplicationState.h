@@ -25,6 +25,7 @@ struct ApplicationState {
     std::string WindowsVersionText;
     std::int16_t IsNtFamily = 0;   ///< 0 or -1
     std::int32_t PortCount = 0;    ///< stored, never used
+    bool PortClaimFailed = false;  ///< what is read then is no answer of a board
     std::int16_t PortAddress = 0;  ///< base I/O address; read afresh at every chip access
     std::array<bool, PrinterPorts.size()> PrinterPortEnabled{true, true, true};
 

@@ -13,7 +13,7 @@ enum class MessageAnswer { Ok, Yes, No };
 /// One message box. Texts are UTF-8; a line may be broken by CR LF or by a lone CR.
 struct Message {
     std::string text;
-    MessageIcon icon = MessageIcon::None;
+    MessageIcon icon = MessageIcon::None;  ///< Exclamation makes No the answer to a careless Enter
     MessageButtons buttons = MessageButtons::Ok;
     std::string title{ApplicationTitle};
     std::string detail{};  ///< further help under the text; may be empty

@@ -43,6 +43,7 @@ bool Contains(std::string_view text, std::string_view part) {
 void ClaimPort(Services& services) {
     services.state.PortCount = services.port.GetParallelPortCount();
     if (services.port.ClaimParallelPort(firstPort, -1) == 0) {
+        services.state.PortClaimFailed = true;
         services.messages.Show(
             {.text = "claim parallel port failed", .detail = services.port.FailureDetail()});
     }
@@ -66,9 +67,9 @@ void FindPortAddress(Services& services) {
             {.text = "This PC does not appear to have a Printer Port",
              .icon = MessageIcon::Exclamation,
              .title = "GetPortAddress Error",
-             .detail = reason + (reason.empty() ? "" : "\n") +
-                       "Without a board, start the program with --simulated to work on the "
-                       "simulated one."});
+             .detail =
+                 reason + (reason.empty() ? "" : "\n") +
+                 "Without a board, work on the simulated one with the option\n    --simulated"});
         return;
     }
     try {
@@ -136,7 +137,11 @@ void SetUpPort(Services& services) {
         ClaimPort(services);
         FindPortAddress(services);
     }
-    InitialiseControlRegister(services.port, state.PortAddress);
+    try {
+        InitialiseControlRegister(services.port, state.PortAddress);
+    } catch (const RuntimeError& error) {
+        services.messages.Show({.text = error.what(), .icon = MessageIcon::Critical});
+    }
     ShowStatusIfRequested(services);
 }
 

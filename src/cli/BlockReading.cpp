@@ -32,7 +32,8 @@ std::string HexByte(std::int16_t value) {
 
 /// What is told of a reading that did not get to its end.
 void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
-    const std::string soFar = "\nRead so far: " + CodesText(codes);
+    const std::string soFar =
+        "\nRead so far: " + CountText(static_cast<std::int64_t>(codes), "code");
     if (end == ReadingEnd::TimedOut) {
         services.messages.Show(
             {.text = std::string(TimeoutText), .detail = TimeoutDetailOf(services.port) + soFar});
@@ -78,7 +79,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
         throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
     }
     CheckReadyLine(services);
-    streams.err << "Reading " << CodesText(static_cast<std::size_t>(count)) << " from the " << name
+    streams.err << "Reading " << CountText(count, "code") << " from the " << name
                 << ", Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
     const ReadingEnd end = [&] {
@@ -90,10 +91,6 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     BlockReading reading{GoodCodes(block, end), end};
     TellEnd(services, end, reading.codes.size());
     return reading;
-}
-
-std::string CodesText(std::size_t count) {
-    return std::to_string(count) + (count == 1 ? " code" : " codes");
 }
 
 void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,

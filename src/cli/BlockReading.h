@@ -29,9 +29,6 @@ struct BlockReading {
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 
-/// "1 code", "200 codes".
-std::string CodesText(std::size_t count);
-
 /// Prints a warning for each of the SuspicionsAbout the codes.
 void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
                            std::ostream& err);

@@ -15,6 +15,7 @@ void BoardSession::Open() {
         err_ << opened_.badge << std::endl;
     }
     StartUp(*services_);
+    failureAtStart_ = services_->port.FailureDetail();
 }
 
 Services& BoardSession::Services() {
@@ -24,7 +25,20 @@ Services& BoardSession::Services() {
                            "no printer port to reach a board through; --simulated works on the "
                            "simulated board");
     }
+    if (state_.PortClaimFailed) {
+        throw CommandError(ExitCode::NoAnswer,
+                           "the printer port could not be claimed; --simulated works on the "
+                           "simulated board");
+    }
     return *services_;
+}
+
+bool BoardSession::TellFailure() {
+    if (!services_ || services_->port.FailureDetail() == failureAtStart_) {
+        return false;
+    }
+    err_ << services_->port.FailureDetail() << std::endl;
+    return true;
 }
 
 }  // namespace vx3260

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <ostream>
+#include <string>
 
 #include "app/ApplicationState.h"
 #include "app/Services.h"
@@ -42,6 +43,9 @@ class BoardSession {
     /// through.
     vx3260::Services& Services();
 
+    /// Tells on `err` where the port has failed since start-up, and returns whether it has.
+    bool TellFailure();
+
   private:
     const PortChoice& portChoice_;
     OperatingSystem& system_;
@@ -50,6 +54,7 @@ class BoardSession {
     OpenedPort opened_;
     ApplicationState state_;
     std::optional<vx3260::Services> services_;
+    std::string failureAtStart_;
 };
 
 /// What the program hands to every command.

@@ -15,15 +15,18 @@ struct VerdictText {
 };
 
 constexpr VerdictText verdictTexts[] = {
-    {BoardVerdict::Answers, "the board answers: what was written to a register reads back", ""},
+    {BoardVerdict::Answers,
+     "the board answers: what was written to a register reads back (data-ready was not "
+     "looked at)",
+     ""},
     {BoardVerdict::NoAnswer, "no answer: all bits read 1 and data-ready does not come",
-     "Look at the board's power, at both ends of the cable, and at which printer port it is on "
-     "(\"vx3260-cli ports\" lists them)."},
+     "Look at the board's power, at both ends of the cable, at which printer port it is on "
+     "(\"vx3260-cli ports\" lists them), and at RESET (data bit 1), which must be high."},
     {BoardVerdict::StuckHigh, "stuck high: all bits read 1, though data-ready comes",
-     "Look at the line from the chip, DOUT (status bit 4), for a break or a short to the supply."},
+     "Look at DOUT (status bit 4), SCLK and DIN (data bits 3 and 0) for a break or a short."},
     {BoardVerdict::StuckLow, "stuck low: all bits read 0",
-     "Look at the line from the chip, DOUT (status bit 4), for a short to ground, and at the "
-     "board's power."},
+     "Look at DOUT (status bit 4) for a short to ground, at the board's power, and whether the "
+     "cable is plugged in at the right port."},
     {BoardVerdict::AnswersWrongly, "answers wrongly",
      "Look for a loose contact on SCLK, DIN (data bits 3 and 0) and DOUT (status bit 4), at the "
      "length of the cable, and for another program on the same port."},

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "analysis/PlotCsv.h"
 #include "cli/BlockFile.h"
 #include "cli/BlockReading.h"
 #include "cli/HistogramReport.h"
@@ -11,7 +12,10 @@ namespace {
 
 /// The least that always do, and one for each code of the aux ADC.
 constexpr int leastBins = 2;
-constexpr int mostBins = 65536;
+constexpr int mostBinsAllowed = 65536;
+
+/// Lines of a terminal.
+constexpr std::size_t mostBars = 20;
 
 }  // namespace
 
@@ -22,7 +26,9 @@ HistogramCommand::HistogramCommand(CLI::App& program)
     AddHex(Parser(), notation_, "FILE is in hexadecimal");
     AddWholeNumber(Parser(), "--bins", mostBins_,
                    "Into how many bins at most; each is 1, 2, 5, 10, 20, 50 ... codes wide")
-        ->check(CLI::Range(leastBins, mostBins));
+        ->check(CLI::Range(leastBins, mostBinsAllowed))
+        ->default_str(std::to_string(mostBars) + ", " + std::to_string(MostHistogramBins) +
+                      " for csv");
     AddFormat(Parser(), format_, ReportFormat::Csv);
 }
 
@@ -31,15 +37,17 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
     const std::vector<std::int32_t> block = LoadBlock(file_, notation_);
     WarnOfSuspiciousCodes(block, converter_, context.streams.err);
     const std::vector<double> codes(block.begin(), block.end());
+    const bool csv = format_ == ReportFormat::Csv;
+    const std::size_t fitting = csv ? MostHistogramBins : mostBars;
     const FileHistogram counted{
         .file = file_,
         .converter = converter_,
         .count = codes.size(),
         .statistics = ComputeExactStatistics(codes),
-        .histogram = ComputeHistogram(codes, static_cast<std::size_t>(mostBins_)),
+        .histogram =
+            ComputeHistogram(codes, mostBins_ == 0 ? fitting : static_cast<std::size_t>(mostBins_)),
     };
-    context.streams.out << (format_ == ReportFormat::Csv
-                                ? HistogramCsv(counted)
+    context.streams.out << (csv ? HistogramCsv(counted.histogram, counted.statistics, counted.count)
                                 : HistogramText(counted, context.streams.outWidth));
     return ExitCode::Success;
 }

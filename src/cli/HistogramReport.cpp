@@ -1,6 +1,5 @@
 #include "cli/HistogramReport.h"
 
-#include <QString>
 #include <algorithm>
 #include <cmath>
 #include <string_view>
@@ -99,7 +98,7 @@ std::string Heading(const FileHistogram& counted) {
     const std::pair<std::string_view, std::string> rows[] = {
         {"File", counted.file},
         {"Codes Read", std::to_string(counted.count)},
-        {"Bin Width", CodesText(static_cast<std::size_t>(counted.histogram.binWidth))},
+        {"Bin Width", CountText(counted.histogram.binWidth, "code")},
         {"Mean", FixedText(counted.statistics.mean, 3) + ", marked >"},
         {"Sigma", SignificantText(counted.statistics.sigma, 6)},
     };
@@ -119,20 +118,6 @@ std::string HistogramText(const FileHistogram& counted, std::size_t width) {
         text += bars.Line(bin);
     }
     return text;
-}
-
-std::string HistogramCsv(const FileHistogram& counted) {
-    const Histogram& histogram = counted.histogram;
-    std::string csv = "first_code,last_code,count,expected_count\n";
-    for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
-        const double expected = NormalCount(histogram.CentreOf(bin), counted.statistics,
-                                            counted.count, histogram.binWidth);
-        csv += std::to_string(histogram.FirstCodeOf(bin)) + ',' +
-               std::to_string(histogram.FirstCodeOf(bin + 1) - 1) + ',' +
-               std::to_string(histogram.counts[bin]) + ',' +
-               QString::number(expected, 'g', 6).toStdString() + '\n';
-    }
-    return csv;
 }
 
 }  // namespace vx3260

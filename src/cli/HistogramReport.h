@@ -24,8 +24,4 @@ struct FileHistogram {
 /// The longest bar fills the lines up to `width` characters as far as it has at least 10.
 std::string HistogramText(const FileHistogram& counted, std::size_t width);
 
-/// A heading line, then a line for each bin: its first and last code, its count and the count that
-/// NormalCount expects in it.
-std::string HistogramCsv(const FileHistogram& counted);
-
 }  // namespace vx3260

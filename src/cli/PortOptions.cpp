@@ -58,9 +58,10 @@ void TakeFaults(const std::vector<std::string>& names, Faults& faults) {
 /// Decimal, or hexadecimal after "0x": above 0 and within the addresses of 16 bits with a sign.
 std::string RefuseOtherThanAddress(const std::string& text) {
     const std::optional<std::int32_t> address = ToAddress(text);
-    const bool fits =
-        address && *address > 0 && *address <= std::numeric_limits<std::int16_t>::max();
-    return fits ? "" : "'" + text + "' is no address from 1 to 32767, such as 888 or 0x378";
+    const bool fits = address && *address > 0 && *address <= MostDirectAddress;
+    return fits ? ""
+                : "'" + text + "' is no address from 1 to " + std::to_string(MostDirectAddress) +
+                      ", such as 888 or 0x378";
 }
 
 std::string RefuseOtherThanMicroseconds(const std::string& text) {
@@ -87,7 +88,7 @@ void AddRealPortOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulate
         app.add_option_function<std::string>(
                "--port-access",
                [&choice, direct](const std::string& name) {
-                   choice.access = name == direct ? PortAccess::Direct : PortAccess::Driver;
+                   choice.method = name == direct ? PortMethod::Direct : PortMethod::Driver;
                },
                "How to reach the port: by the system's driver, or directly as the superuser")
             ->check(CLI::IsMember({driver, direct}))

@@ -3,6 +3,7 @@
 #include "cli/BlockReading.h"
 #include "cli/StopSignal.h"
 #include "files/CodeFile.h"
+#include "numbers/NumberText.h"
 
 namespace vx3260 {
 
@@ -31,8 +32,9 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
         return ExitCodeOf(reading.end, stop.Requested());
     }
     writer.Write(reading.codes, notation_);
-    context.streams.err << "Wrote " << CodesText(reading.codes.size()) << " to " << writer.Name()
-                        << std::endl;
+    context.streams.err << "Wrote "
+                        << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
+                        << " to " << writer.Name() << std::endl;
     return ExitCodeOf(reading.end, stop.Requested());
 }
 

@@ -43,7 +43,13 @@ class Program {
             return well ? ExitCode::Success : ExitCode::WrongCommandLine;
         }
         BoardSession board(portChoice_, system, streams.err);
-        return commands_.Chosen().Run({board, system, streams});
+        try {
+            const ExitCode code = commands_.Chosen().Run({board, system, streams});
+            return board.TellFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
+        } catch (...) {
+            board.TellFailure();
+            throw;
+        }
     }
 
   private:

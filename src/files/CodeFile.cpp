@@ -73,7 +73,7 @@ void WriteAll(QFileDevice& file, std::string_view text, std::string_view name) {
     }
 }
 
-void ReplaceFile(const std::string& path, std::string_view bytes) {
+void SaveWhole(const std::string& path, std::string_view bytes) {
     QSaveFile file(QString::fromStdString(path));
     OpenForSaving(file, path);
     WriteAll(file, bytes, path);
@@ -144,12 +144,15 @@ std::string LoadStandardInput(const SizeLimit& limit) {
     return ReadBounded(file, name, limit);
 }
 
-void SaveBytes(const std::string& path, std::string_view bytes) {
+void CheckIsNoDevice(const std::string& path) {
     if (IsWrittenDirectly(path)) {
-        WriteAll(*OpenDevice(path), bytes, path);
-    } else {
-        ReplaceFile(path, bytes);
+        throw FileAccessError(path + " is a pipe, a device or an open file, no file of its own");
     }
+}
+
+void ReplaceFile(const std::string& path, std::string_view bytes) {
+    CheckIsNoDevice(path);
+    SaveWhole(path, bytes);
 }
 
 std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
@@ -188,7 +191,7 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     if (stream_ != nullptr) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
-        ReplaceFile(name_, text);
+        SaveWhole(name_, text);
     } else {
         WriteAll(*device_, text, name_);
     }

@@ -26,10 +26,13 @@ std::string LoadBytes(const std::string& path, const SizeLimit& limit);
 /// The same of what the process is fed with, to its end.
 std::string LoadStandardInput(const SizeLimit& limit);
 
+/// For a user who chose the name of a file: throws FileAccessError for a pipe or a device, which
+/// may hold up the program for good, and for a name of an open file (/dev/fd/3).
+void CheckIsNoDevice(const std::string& path);
+
 /// Replaces a file as a whole by these bytes, or leaves it as it was; a link to it stays a link.
-/// What is no file on a disk (a pipe, a device) or named as an open file (/dev/fd/3) is written
-/// directly. Throws FileAccessError.
-void SaveBytes(const std::string& path, std::string_view bytes);
+/// Throws FileAccessError, also where CheckIsNoDevice does.
+void ReplaceFile(const std::string& path, std::string_view bytes);
 
 /// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
 /// a few megabytes, so that a pipe may be endless. Throws FileAccessError, or BadDataError as
@@ -41,7 +44,8 @@ void WriteToStream(std::ostream& stream, std::string_view text, std::string_view
 
 /// A place for one block of codes, tried out before there are any: a reading may take minutes.
 ///
-/// Files and what is none are written as SaveBytes does.
+/// A file is replaced as ReplaceFile does. What is no file on a disk (a pipe, a device) or named as
+/// an open file is written directly.
 class CodeWriter {
   public:
     /// Throws FileAccessError when the file cannot be written there. Creates none yet.

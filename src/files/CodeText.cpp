@@ -93,7 +93,7 @@ class CodeParser {
             SkipLineEnd();
         }
         if (codes.empty()) {
-            throw BadDataError(std::string(source_) + ": holds no codes");
+            throw BadDataError(std::string(source_) + ": line 1: holds no codes");
         }
         return codes;
     }
@@ -117,7 +117,7 @@ class CodeParser {
     void SkipBlankLines() {
         const auto isBlankOrLineEnd = [](char c) { return c == '\n' || IsBlank(c); };
         if (!std::all_of(position_, end_, isBlankOrLineEnd)) {
-            Refuse("a blank line between the codes");
+            Refuse("a blank line where a code is expected");
         }
         position_ = end_;
     }

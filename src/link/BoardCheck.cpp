@@ -14,8 +14,8 @@ namespace vx3260 {
 namespace {
 
 /// Some settings make one of these all 0 or all 1, but none does that to all of them.
-constexpr RegisterMap::RegisterAccess looked[] = {RegisterMap::Mode, RegisterMap::MainControl,
-                                                  RegisterMap::AuxControl, RegisterMap::Filter};
+constexpr RegisterMap::RegisterAccess checkedRegisters[] = {
+    RegisterMap::Mode, RegisterMap::MainControl, RegisterMap::AuxControl, RegisterMap::Filter};
 constexpr std::int32_t allOnes = 0xFF;
 
 /// Each bit of the channel, polarity and reference fields once 0 and once 1; the converter is off
@@ -30,7 +30,7 @@ class Checker {
     Checker(ParallelPort& parallelPort, const std::int16_t& portAddress)
         : parallelPort_(parallelPort),
           portAddress_(portAddress),
-          tried_(parallelPort, portAddress, RegisterMap::AuxControl) {}
+          auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
     BoardCheck Check() {
         if (AllRead(allOnes)) {
@@ -44,10 +44,11 @@ class Checker {
 
   private:
     bool AllRead(std::int32_t value) {
-        return std::all_of(
-            std::begin(looked), std::end(looked), [&](const RegisterMap::RegisterAccess& access) {
-                return Register(parallelPort_, portAddress_, access).ReadReg() == value;
-            });
+        return std::all_of(std::begin(checkedRegisters), std::end(checkedRegisters),
+                           [&](const RegisterMap::RegisterAccess& access) {
+                               return Register(parallelPort_, portAddress_, access).ReadReg() ==
+                                      value;
+                           });
     }
 
     bool ReadyComes() {
@@ -80,17 +81,17 @@ class Checker {
         return {BoardVerdict::Answers};
     }
 
-    std::int32_t Read() { return ToInt32(tried_.ReadReg()); }
+    std::int32_t Read() { return ToInt32(auxControl_.ReadReg()); }
 
     std::int32_t WriteAndRead(std::int32_t value) {
-        tried_.RegValue = value;
-        tried_.WriteReg();
+        auxControl_.RegValue = value;
+        auxControl_.WriteReg();
         return Read();
     }
 
     ParallelPort& parallelPort_;
     const std::int16_t& portAddress_;
-    Register tried_;
+    Register auxControl_;
 };
 
 }  // namespace

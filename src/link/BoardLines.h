@@ -9,6 +9,7 @@ namespace vx3260::BoardLines {
 inline constexpr std::int16_t DataRegister = 0;
 inline constexpr std::int16_t StatusRegister = 1;
 inline constexpr std::int16_t ControlRegister = 2;
+inline constexpr std::int16_t RegisterCount = 3;
 
 /// Outputs, in the data register.
 inline constexpr std::int16_t Din = 0x01;       ///< serial data to the chip

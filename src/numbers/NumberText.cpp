@@ -101,6 +101,15 @@ std::string HexText(std::int32_t value) {
     return text;
 }
 
+std::string CodeText(std::int32_t code) {
+    return std::to_string(code) + " (" + HexText(code) + ")";
+}
+
+std::string CountText(std::int64_t count, std::string_view noun) {
+    const bool one = count == 1 || count == -1;
+    return std::to_string(count) + " " + std::string(noun) + (one ? "" : "s");
+}
+
 std::int32_t HexLiteral(std::string_view text) {
     constexpr std::size_t mostDigits = 8;
     constexpr std::size_t digitsOf16Bits = 4;

@@ -10,6 +10,12 @@ namespace vx3260 {
 /// digits of its two's complement.
 std::string HexText(std::int32_t value);
 
+/// A code in both notations: "8388608 (800000)".
+std::string CodeText(std::int32_t code);
+
+/// "1 code", "200 codes": the plural of `noun` is made with an s.
+std::string CountText(std::int64_t count, std::string_view noun);
+
 /// The number that one to eight hexadecimal digits stand for, counted as typed: up to four are a
 /// signed 16-bit value (8000 is -32768), five and more a signed 32-bit one. Throws
 /// TypeMismatchError for any other text: nothing, a sign, a blank, a ninth digit.

@@ -6,7 +6,7 @@ namespace {
 constexpr std::int32_t onlyPort = 1;
 constexpr std::int16_t nothingThere = 0xFF;
 
-/// Reading the clock costs no system call; one that sleeps would cost some 50 us.
+/// By looking at the clock: a call that sleeps would cost some 50 us.
 void WaitUntil(std::chrono::steady_clock::time_point end) {
     while (std::chrono::steady_clock::now() < end) {
     }
@@ -15,7 +15,10 @@ void WaitUntil(std::chrono::steady_clock::time_point end) {
 }  // namespace
 
 std::int32_t DevicePort::ClaimParallelPort(std::int32_t portNumber, std::int32_t /*flag*/) {
-    claimed_ = portNumber == onlyPort && Claim();
+    if (portNumber != onlyPort) {
+        return 0;
+    }
+    claimed_ = claimed_ || Claim();
     return claimed_ ? 1 : 0;
 }
 

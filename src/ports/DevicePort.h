@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 
+#include "link/BoardLines.h"
 #include "link/ParallelPort.h"
 
 namespace vx3260 {
@@ -38,10 +39,9 @@ class DevicePort : public ParallelPort {
 
   private:
     bool Reaches(std::int16_t address) const {
-        return claimed_ && address >= baseAddress_ && address - baseAddress_ < registers;
+        return claimed_ && address >= baseAddress_ &&
+               address - baseAddress_ < BoardLines::RegisterCount;
     }
-
-    static constexpr std::int32_t registers = 3;
 
     std::int32_t baseAddress_;
     std::chrono::nanoseconds pollTime_;

@@ -1,13 +1,14 @@
 #include "ports/DirectPort.h"
 
 #include <cerrno>
-#include <limits>
 #include <system_error>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <sys/io.h>
 #endif
 
+#include "link/BoardLines.h"
+#include "ports/OpenPort.h"
 #include "ports/ParportDevices.h"
 
 namespace vx3260 {
@@ -26,10 +27,8 @@ std::int32_t ChosenAddress(std::optional<std::int32_t> address, const std::strin
 
 #if defined(__x86_64__) || defined(__i386__)
 
-constexpr unsigned long registers = 3;
-
 int RequestAccess(unsigned long base) {
-    return ioperm(base, registers, 1);
+    return ioperm(base, BoardLines::RegisterCount, 1);
 }
 
 void WriteIo(std::int32_t address, std::uint8_t value) {

@@ -20,7 +20,7 @@ namespace {
 #if defined(__linux__)
 
 std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
-    if (choice.access == PortAccess::Direct) {
+    if (choice.method == PortMethod::Direct) {
         return std::make_unique<DirectPort>(choice.address, choice.device, choice.pollTime);
     }
     return std::make_unique<PpdevPort>(choice.device, choice.pollTime);
@@ -94,7 +94,8 @@ std::vector<PortListing> ListPorts(const PortChoice& choice) {
 
 std::string NoPortDetail() {
     const std::string failure = OpenRealPort({})->FailureDetail();
-    return failure.empty() ? "There is no printer port" : failure;
+    return failure + (failure.empty() ? "There is no printer port.\n" : "\n") +
+           "Without a board, --simulated works on the simulated one.";
 }
 
 }  // namespace vx3260

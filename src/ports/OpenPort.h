@@ -2,19 +2,26 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "link/BoardLines.h"
 #include "link/ParallelPort.h"
 #include "ports/DevicePort.h"
 #include "ports/FaultyPort.h"
 
 namespace vx3260 {
 
+/// The largest base address for direct access: the address of a port's last register is a 16-bit
+/// number with a sign too.
+inline constexpr std::int32_t MostDirectAddress =
+    std::numeric_limits<std::int16_t>::max() - (BoardLines::RegisterCount - 1);
+
 /// How a real port's registers are reached.
-enum class PortAccess {
+enum class PortMethod {
     Driver,  ///< through the system's driver
     Direct,  ///< by the PC's I/O instructions; for the superuser
 };
@@ -24,7 +31,7 @@ struct PortChoice {
     bool simulated = false;
     Faults faults{};
     std::string device{};  ///< path of a real port; the first there is when empty
-    PortAccess access = PortAccess::Driver;
+    PortMethod method = PortMethod::Driver;
     std::optional<std::int32_t> address{};                ///< base address, for direct access
     std::chrono::nanoseconds pollTime = DefaultPollTime;  ///< least time of a real port's read
     std::string traceFile{};                              ///< path; no trace when empty

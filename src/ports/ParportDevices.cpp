@@ -22,6 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view devicePrefix = "/dev/parport";
 constexpr std::string_view kernelFolder = "/proc/sys/dev/parport/";
+constexpr mode_t groupMayReadAndWrite = S_IRGRP | S_IWGRP;
 
 /// "3" of "/dev/parport3"; empty for any other path.
 std::string NumberOf(std::string_view path) {
@@ -90,12 +91,14 @@ std::string HoldingProcess(const std::string& path) {
 /// The name of a kernel driver that is attached to the port, such as "lp"; else empty. ppdev's own
 /// entries belong to the processes that have the device open.
 std::string HoldingDriver(const std::string& path) {
-    for (const std::string& name : NamesIn(KernelFolderOf(path) + "devices")) {
+    const std::vector<std::string> names = NamesIn(KernelFolderOf(path) + "devices");
+    for (const std::string& name : names) {
         if (name != "active" && !name.starts_with("ppdev")) {
             return name;
         }
     }
-    return fs::exists("/sys/module/lp") ? "lp" : "";
+    std::error_code error;
+    return names.empty() && fs::exists("/sys/module/lp", error) ? "lp" : "";
 }
 
 std::string GroupName(gid_t id) {
@@ -120,7 +123,10 @@ std::string OwningGroupOf(const std::string& path) {
 
 std::string PermissionDetail(const std::string& path) {
     const std::string group = OwningGroupOf(path);
-    if (group.empty() || group == "root") {
+    const auto status = StatusOf(path);
+    const bool groupMay =
+        status && (status->st_mode & groupMayReadAndWrite) == groupMayReadAndWrite;
+    if (group.empty() || group == "root" || !groupMay) {
         return "You may not use " + path +
                ". Have the administrator give the device to a group (usually \"lp\") and you to "
                "that group.";
@@ -196,6 +202,10 @@ std::string OpenFailureDetail(const std::string& path, int error) {
 }
 
 std::string ClaimFailureDetail(const std::string& path, int error) {
+    if (error == ENOTTY || error == EINVAL) {
+        return path +
+               " is no printer port. The command \"vx3260-cli ports\" lists those there are.";
+    }
     const std::string taken = path + " cannot be claimed: " + ReasonOf(error) + ".";
     if (const std::string process = HoldingProcess(path); !process.empty()) {
         return taken + " It is in use by " + process + ": end that program first.";

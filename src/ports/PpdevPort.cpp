@@ -21,8 +21,10 @@ constexpr std::uint8_t noAnswer = 0xFF;
 
 std::optional<ParportDevice> ChosenDevice(const std::string& path) {
     if (!path.empty()) {
-        const bool exists = std::filesystem::exists(path);
-        return exists ? std::optional(ParportDeviceAt(path)) : std::nullopt;
+        // What cannot be looked at may be there: opening it tells.
+        std::error_code error;
+        const bool missing = !std::filesystem::exists(path, error) && !error;
+        return missing ? std::nullopt : std::optional(ParportDeviceAt(path));
     }
     const std::vector<ParportDevice> devices = FindParportDevices();
     return devices.empty() ? std::nullopt : std::optional(devices.front());
@@ -87,7 +89,7 @@ bool PpdevPort::Open() {
 }
 
 void PpdevPort::WriteRegister(std::int16_t offset, std::uint8_t value) {
-    if (gone_) {
+    if (failed_) {
         return;
     }
     if (offset == BoardLines::DataRegister) {
@@ -103,12 +105,13 @@ void PpdevPort::WriteControl(std::uint8_t value) {
     int direction = inputs_ != 0 ? 1 : 0;
     if (Ioctl(device_, PPDATADIR, &direction) == -1) {
         NoteFailure();
+        return;
     }
     Send(PPWCONTROL, value & driversBits);
 }
 
 std::uint8_t PpdevPort::ReadRegister(std::int16_t offset) {
-    if (gone_) {
+    if (failed_) {
         return noAnswer;
     }
     switch (offset) {
@@ -136,11 +139,12 @@ std::uint8_t PpdevPort::Receive(unsigned long request) {
     return value;
 }
 
-/// The operations report no errors: reads give open lines, and a wait for data-ready times out.
+/// The operations report no errors: reads give open lines from then on, and a wait for data-ready
+/// times out.
 void PpdevPort::NoteFailure() {
-    gone_ = errno == ENODEV;
+    failed_ = true;
     failure_ = path_ + " stopped working: " + std::generic_category().message(errno) +
-               ". Check the port's card or cable and start the program again.";
+               ". Check the port's card and start the program again.";
 }
 
 }  // namespace vx3260

@@ -45,7 +45,7 @@ class PpdevPort final : public DevicePort {
     std::string path_;
     int device_ = -1;
     std::uint8_t inputs_ = 0;  ///< control bit 5 as it was written last
-    bool gone_ = false;        ///< the device is no longer there
+    bool failed_ = false;      ///< an access has failed; none is tried since
     std::string failure_;
 };
 

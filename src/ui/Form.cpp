@@ -16,9 +16,32 @@ void Form::ShowBadge(QLabel* label) {
     label->setText(QString::fromStdString(services_.boardBadge));
     label->setVisible(!services_.boardBadge.empty());
     label->setToolTip(tr("Readings come from the simulated board, not from a chip"));
-    label->setStyleSheet(
-        QStringLiteral("QLabel { border: 1px solid palette(highlight);"
-                       " border-radius: 4px; padding: 2px 8px; }"));
+    badge_ = label;
+    ColourBadge();
+}
+
+/// Colours that a style sheet takes from the palette stay when the palette changes.
+void Form::ColourBadge() {
+    const QPalette colours = palette();
+    badge_->setStyleSheet(QStringLiteral("QLabel { border: 1px solid %1; color: %2;"
+                                         " border-radius: 4px; padding: 2px 8px; }")
+                              .arg(colours.color(QPalette::Highlight).name(),
+                                   colours.color(QPalette::WindowText).name()));
+}
+
+void Form::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && badge_ != nullptr) {
+        ColourBadge();
+    }
+}
+
+void Form::ShowFailure(const std::exception& error, const std::string& detail) {
+    std::string text = error.what();
+    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
+        text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    }
+    Show({.text = text, .icon = MessageIcon::Exclamation, .detail = detail});
 }
 
 void Form::showEvent(QShowEvent* event) {
@@ -30,8 +53,10 @@ void Form::showEvent(QShowEvent* event) {
         button->setAutoDefault(false);
         button->setDefault(false);
     }
-    // A form larger than its screen keeps its title bar on it.
+    // A form larger than its screen is made to fit where it can be, and keeps its title bar on it.
     const QRect onScreen = screen()->geometry();
+    const QSize frame = frameGeometry().size() - size();
+    resize(size().boundedTo(screen()->availableGeometry().size() - frame));
     move(onScreen.left() + std::max(0, (onScreen.width() - width()) / 2),
          onScreen.top() + std::max(0, (onScreen.height() - height()) / 2));
 }

@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QDialog>
 #include <QLabel>
+#include <exception>
 #include <functional>
+#include <string>
 
 #include "app/Services.h"
 
@@ -25,6 +27,10 @@ class Form : public QDialog {
 
     /// Shows a message box over this form.
     MessageAnswer Show(const Message& message) { return services_.messages.Show(message); }
+
+    /// Shows what went wrong with something that was tried, as a refusal; `detail` tells what was
+    /// left as it was.
+    void ShowFailure(const std::exception& error, const std::string& detail);
 
     /// Connects a control's signal to a member function of the form. An exception that leaves the
     /// handler is shown as its text with the critical icon.
@@ -51,11 +57,14 @@ class Form : public QDialog {
     void ShowBadge(QLabel* label);
 
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void Guarded(const std::function<void()>& handler);
+    void ColourBadge();
 
     Services& services_;
+    QLabel* badge_ = nullptr;
 };
 
 }  // namespace vx3260

@@ -12,9 +12,10 @@ namespace {
 constexpr double panStep = 0.1;  ///< of what is seen
 constexpr double zoomIn = 0.8;   ///< of what is seen is seen then
 constexpr double zoomOut = 1 / zoomIn;
-constexpr int leastRectangle = 4;    ///< pixels; a smaller one is a click
-constexpr double exportScale = 2;    ///< pixels of a picture for one of the plot
-constexpr QSize exportSize(64, 40);  ///< in heights of a line of text
+constexpr double revealMargin = 0.05;  ///< of what is seen, beside what was looked for
+constexpr int leastRectangle = 4;      ///< pixels; a smaller one is a click
+constexpr double exportScale = 2;      ///< pixels of a picture for one of the plot
+constexpr QSize exportSize(64, 40);    ///< in heights of a line of text
 
 /// What a key does with the axes.
 struct KeyStep {
@@ -143,10 +144,11 @@ void PlotView::ShowAll() {
 
 void PlotView::Reveal(double key) {
     const QCPRange seen = xAxis->range();
-    if (key < seen.lower) {
-        xAxis->moveRange(key - seen.lower);
-    } else if (key > seen.upper) {
-        xAxis->moveRange(key - seen.upper);
+    const double margin = revealMargin * seen.size();
+    if (key < seen.lower + margin) {
+        xAxis->moveRange(key - margin - seen.lower);
+    } else if (key > seen.upper - margin) {
+        xAxis->moveRange(key + margin - seen.upper);
     } else {
         return;
     }

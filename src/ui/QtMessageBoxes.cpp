@@ -63,6 +63,9 @@ MessageAnswer QtMessageBoxes::Show(const Message& message) {
     box.setIcon(IconOf(message.icon));
     box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No
                                     : QMessageBox::StandardButtons(QMessageBox::Ok));
+    if (question && message.icon == MessageIcon::Exclamation) {
+        box.setDefaultButton(QMessageBox::No);
+    }
     const int pressed = box.exec();
     if (!question) {
         return MessageAnswer::Ok;

@@ -10,7 +10,7 @@ NoiseAnalysis AnalysisOf(const std::vector<double>& codes) {
 }
 
 std::string CsvOf(const std::vector<double>& codes, std::size_t mostBins) {
-    return HistogramCsv(ComputeHistogram(codes, mostBins), AnalysisOf(codes));
+    return HistogramCsv(ComputeHistogram(codes, mostBins), AnalysisOf(codes).exact, codes.size());
 }
 
 TEST(PlotCsv, ListsBins) {

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QWheelEvent>
 #include <cmath>
@@ -365,7 +366,7 @@ TEST_F(PlotFormsTest, CursorsTellReadingsAndTheirDifference) {
     view.xAxis->setRange(40, 60);
     QTest::keyClick(&view, Qt::Key_B);
     QTest::keyClick(&view, Qt::Key_Right, Qt::ControlModifier);
-    EXPECT_NEAR(view.xAxis->range().upper, 68, 1e-6);
+    EXPECT_NEAR(view.xAxis->range().upper, 69, 1e-6);
     EXPECT_NEAR(view.xAxis->range().size(), 20, 1e-6);
 }
 
@@ -378,6 +379,14 @@ TEST_F(PlotFormsTest, DotsMarkReadingsThatAreFarApart) {
     TakePicture(*form, "PlotForm-zoomed");
 }
 
+TEST_F(PlotFormsTest, FitsOnItsScreen) {
+    Open<HistogramForm>(AuxBlock());
+    form->hide();
+    form->resize(5000, 5000);
+    form->show();
+    EXPECT_TRUE(form->screen()->geometry().contains(form->geometry()));
+}
+
 TEST_F(PlotFormsTest, SavesCommaSeparatedValues) {
     Open<HistogramForm>(BlockOf({7, 7}, MainRange()));
     SaveAs("Command2", folder.Path("bins"));
@@ -388,7 +397,7 @@ TEST_F(PlotFormsTest, SavesCommaSeparatedValues) {
     SaveAs("Command2", folder.Path("no folder/codes.csv"));
     ASSERT_EQ(bench.messages.shown.size(), 1U);
     EXPECT_EQ(bench.messages.shown[0].text,
-              "cannot write " + folder.Path("no folder/codes.csv") + ": No such file or directory");
+              "Cannot write " + folder.Path("no folder/codes.csv") + ": No such file or directory");
     EXPECT_EQ(bench.messages.shown[0].icon, MessageIcon::Exclamation);
     EXPECT_TRUE(form->isVisible());
 }

@@ -94,6 +94,8 @@ TEST_F(StartUpTest, GoesOnWithoutAPort) {
     EXPECT_EQ(messages.shown[1].text, "This PC does not appear to have a Printer Port");
     EXPECT_EQ(messages.shown[1].icon, MessageIcon::Exclamation);
     EXPECT_EQ(messages.shown[1].title, "GetPortAddress Error");
+    EXPECT_TRUE(messages.shown[1].detail.ends_with("--simulated"));
+    EXPECT_TRUE(state.PortClaimFailed);
     EXPECT_EQ(state.PortAddress, 0);
     EXPECT_EQ(port.written, (std::vector<RecordingPort::Write>{{2, 0xD4}}));
     EXPECT_EQ(state.ReferenceVoltage, 2.5F);

@@ -48,6 +48,8 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
         ExitCode::NoAnswer,
         {{"read main --port /dev/none", "failed\n  There is no /dev/none."},
          {"read main --port /dev/none", "GetPortAddress Error: This PC does not appear to have a"},
+         {"check --port /dev/null", "/dev/null is no printer port."},
+         {"reset hardware --port /dev/null", "the printer port could not be claimed; --simulated"},
          {"noise main --port /dev/none", "no printer port to reach a board through; --simulated"},
          {"read main --simulated --fault board-gone=0",
           "wrote 0xFB to the mode register and read back 0xFF. All bits read 1"},
@@ -265,7 +267,10 @@ TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
 TEST(Check, TellsWhatStandsBehindThePort) {
     const Outcome well = RunProgram("--simulated check");
     EXPECT_EQ(well.exitCode, 0);
-    EXPECT_EQ(well.out, "the board answers: what was written to a register reads back\n");
+    EXPECT_EQ(
+        well.out,
+        "the board answers: what was written to a register reads back (data-ready was not looked "
+        "at)\n");
     const struct {
         const char* fault;
         ExitCode code;
@@ -310,8 +315,8 @@ TEST(RealPort, HasOptionsThatASimulatedOneHasNot) {
                   {{"read main --simulated --port /dev/parport0", "excludes"},
                    {"read main --simulated --poll-time 4", "excludes"},
                    {"read main --port-address 0x378", "requires --port-access"},
-                   {"read main --port-access direct --port-address 32768", "from 1 to 32767"},
-                   {"read main --port-access direct --port-address 0", "from 1 to 32767"},
+                   {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
+                   {"read main --port-access direct --port-address 0", "from 1 to 32765"},
                    {"read main --port-access parallel", "--port-access"},
                    {"read main --poll-time -1", "is no number of microseconds"}});
 }

@@ -54,10 +54,10 @@ TEST(CodeFile, ReplacesOnlyWhatIsAFile) {
     EXPECT_EQ(line, " 8");
     EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("pipe")));
 
-    SaveBytes(folder.Path("link.dat"), std::string("\0\xFF", 2));
+    ReplaceFile(folder.Path("link.dat"), std::string("\0\xFF", 2));
     EXPECT_EQ(folder.Bytes("old.dat"), std::string("\0\xFF", 2));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.dat")));
-    SaveBytes(folder.Path("link.dat"), " 7\n");
+    ReplaceFile(folder.Path("link.dat"), " 7\n");
 
     std::FILE* const open = std::fopen(folder.Path("old.dat").c_str(), "a");
     CodeWriter("/dev/fd/" + std::to_string(fileno(open))).Write(Codes{9}, Notation::Decimal);
@@ -83,8 +83,8 @@ TEST(CodeFile, UnwritablePlacesAreToldWithTheirReason) {
               "cannot write " + gone + ": No such file or directory");
     EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter{folder.Path(".")}; }),
               "cannot write " + folder.Path(".") + ": Filename refers to a directory");
-    EXPECT_EQ(ErrorOf<FileAccessError>([] { SaveBytes("/dev/full", "1"); }),
-              "cannot write /dev/full: No space left on device");
+    EXPECT_EQ(ErrorOf<FileAccessError>([] { ReplaceFile("/dev/full", "1"); }),
+              "/dev/full is a pipe, a device or an open file, no file of its own");
     CodeWriter full("/dev/full");
     EXPECT_EQ(ErrorOf<FileAccessError>([&] { full.Write(Codes{1}, Notation::Decimal); }),
               "cannot write /dev/full: No space left on device");

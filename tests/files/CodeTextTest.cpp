@@ -46,9 +46,9 @@ TEST(CodeText, AcceptsWhatEditorsMakeOfAFile) {
 TEST(CodeText, RefusesAndTellsLineAndReason) {
     using namespace std::string_view_literals;
     const std::tuple<std::string_view, Notation, std::string> cases[] = {
-        {"", dec, "x: holds no codes"},
-        {"\xEF\xBB\xBF\r\n \n", dec, "x: holds no codes"},
-        {"1\n\n2\n", dec, "x: line 2: a blank line between the codes"},
+        {"", dec, "x: line 1: holds no codes"},
+        {"\xEF\xBB\xBF\r\n \n", dec, "x: line 1: holds no codes"},
+        {"1\n\n2\n", dec, "x: line 2: a blank line where a code is expected"},
         {"1\n2\n1.5\n", dec, "x: line 3: \"1.5\" is no decimal code"},
         {"1, 2\n", dec, "x: line 1: \"1, 2\" is no decimal code"},
         {"80F\n", dec, "x: line 1: \"80F\" is no decimal code"},

@@ -77,13 +77,13 @@ std::int16_t Literal(std::int16_t address) {
     return inb(static_cast<unsigned short>(address));
 }
 
-std::string ClaimAndTell(PortAccess access) {
+std::string ClaimAndTell(PortMethod method) {
     const auto port = OpenPort({.access = access}).port;
     return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
 }
 
 /// What a claim tells an ordinary user of one group.
-std::string ClaimAsNobody(gid_t group, PortAccess access) {
+std::string ClaimAsNobody(gid_t group, PortMethod method) {
     std::array<int, 2> ends{};
     EXPECT_EQ(pipe(ends.data()), 0);
     const pid_t child = fork();
@@ -156,7 +156,7 @@ class RealPortTest : public testing::TestWithParam<PortAccess> {
         ASSERT_EQ(ioperm(dataAddress, 3, 1), 0);
     }
 
-    static bool ThroughTheDriver() { return GetParam() == PortAccess::Driver; }
+    static bool ThroughTheDriver() { return GetParam() == PortMethod::Driver; }
 
     void StartUp() {
         port = OpenPort({.access = GetParam()}).port;
@@ -257,9 +257,9 @@ TEST_P(RealPortTest, TellsAnOrdinaryUserWhatIsMissing) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortAccess::Driver, PortAccess::Direct),
+INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortMethod::Driver, PortMethod::Direct),
                          [](const auto& access) {
-                             return access.param == PortAccess::Driver ? "Driver" : "Direct";
+                             return access.param == PortMethod::Driver ? "Driver" : "Direct";
                          });
 
 /// A claim that waited for the holder would never come back.
@@ -269,22 +269,22 @@ TEST(RealPpdevPort, NamesTheProcessThatHoldsThePort) {
     for (const bool exclusive : {false, true}) {
         {
             const Holder holder(exclusive);
-            const std::string detail = ClaimAndTell(PortAccess::Driver);
+            const std::string detail = ClaimAndTell(PortMethod::Driver);
             EXPECT_TRUE(Contains(detail, "It is in use by " + holder.Name())) << detail;
-            const std::string unseen = ClaimAsNobody(owner, PortAccess::Driver);
+            const std::string unseen = ClaimAsNobody(owner, PortMethod::Driver);
             EXPECT_TRUE(Contains(unseen, "Another program or driver holds the port")) << unseen;
         }
-        EXPECT_EQ(ClaimAndTell(PortAccess::Driver), "claimed");
+        EXPECT_EQ(ClaimAndTell(PortMethod::Driver), "claimed");
     }
 }
 
 TEST(RealPpdevPort, TellsHowToUnloadThePrinterDriver) {
     LoadDrivers();
     Execute("modprobe lp");
-    const std::string detail = ClaimAndTell(PortAccess::Driver);
+    const std::string detail = ClaimAndTell(PortMethod::Driver);
     EXPECT_TRUE(Contains(detail, "The driver \"lp\" holds the port")) << detail;
     Follow(detail);
-    EXPECT_EQ(ClaimAndTell(PortAccess::Driver), "claimed");
+    EXPECT_EQ(ClaimAndTell(PortMethod::Driver), "claimed");
 }
 
 }  // namespace

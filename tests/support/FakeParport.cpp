@@ -36,6 +36,7 @@ FakeParport::FakeParport(const std::string& baseAddress, int number)
 }
 
 FakeParport::~FakeParport() {
+    g_clear_object(&opening_);
     g_object_unref(handler_);
     g_object_unref(testbed_);
 }
@@ -64,6 +65,10 @@ gboolean FakeParport::Handle(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* c
     if (_IOC_SIZE(request) > 0) {
         argument = umockdev_ioctl_data_resolve(umockdev_ioctl_client_get_arg(client), 0,
                                                _IOC_SIZE(request), nullptr);
+    }
+    // Each opening of the device has a claim of its own.
+    if (g_set_object(&self->opening_, G_OBJECT(client)) != FALSE) {
+        self->claimed_ = false;
     }
     const int error = self->Answer(request, argument != nullptr ? argument->data : &none);
     umockdev_ioctl_client_complete(client, error == 0 ? 0 : -1, error);

@@ -2,7 +2,6 @@
 
 #include <umockdev.h>
 
-#include <atomic>
 #include <map>
 #include <string>
 
@@ -48,6 +47,7 @@ class FakeParport {
     UMockdevTestbed* testbed_;
     UMockdevIoctlBase* handler_;
     SimulatedBoard board_;
+    GObject* opening_ = nullptr;  ///< the client of the last ioctl
     bool claimed_ = false;
     std::map<unsigned long, int> counts_;
     std::map<unsigned long, Fault> faults_;

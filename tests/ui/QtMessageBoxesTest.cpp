@@ -4,6 +4,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <sstream>
 
 #include "support/Forms.h"
@@ -42,6 +43,10 @@ TEST(QtMessageBoxes, AnswersAQuestion) {
                    [&](QDialog& box) { dynamic_cast<QMessageBox&>(box).button(button)->click(); });
         EXPECT_EQ(answer, button == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No);
     }
+    const Message warning{
+        .text = "?", .icon = MessageIcon::Exclamation, .buttons = MessageButtons::YesNo};
+    WhileModal([&] { EXPECT_EQ(boxes.Show(warning), MessageAnswer::No); },
+               [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
     MessageAnswer closed{};
     WhileModal([&] { closed = boxes.Show(question); }, [](QDialog&) {});
     EXPECT_EQ(closed, MessageAnswer::No);

@@ -35,6 +35,7 @@ void BlockReadingForm::ReadForAnalysis() {
     if (RefusedAsDisabled()) {
         return;
     }
+    PrepareReading();
     controls_.progress->setRange(0, size);
     controls_.progress->setValue(0);
     sinceProgress_.start();
@@ -62,7 +63,8 @@ void BlockReadingForm::AnalyseBlock() {
     }
 }
 
-void BlockReadingForm::PrepareDisplay() {
+void BlockReadingForm::PrepareReading() {
+    ReadingForm::PrepareReading();
     controls_.progress->reset();
     sinceProgress_.invalidate();
 }

@@ -34,7 +34,7 @@ class BlockReadingForm : public ReadingForm {
     }
 
     void ShowCode(std::int32_t code) override;
-    void PrepareDisplay() override;
+    void PrepareReading() override;
 
     /// The block has been read, or as much of it as was read before a stop.
     virtual void BlockRead() {}

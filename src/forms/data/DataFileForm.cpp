@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "files/CodeFile.h"
+#include "numbers/NumberText.h"
 #include "ui_DataFileForm.h"
 
 namespace vx3260 {
@@ -11,11 +12,8 @@ namespace {
 /// An empty line of this many rows keeps the place for the result, so that nothing moves.
 constexpr int resultRows = 4;
 
-std::string Capitalised(std::string text) {
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
-        text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    }
-    return text;
+QString CodesText(std::int16_t count) {
+    return QString::fromStdString(CountText(count, "code"));
 }
 
 }  // namespace
@@ -51,6 +49,10 @@ QString DataFileForm::ChosenName() const {
     return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
+QString DataFileForm::ChosenCount() {
+    return CodesText(ChosenBlock().count);
+}
+
 void DataFileForm::Browse() {
     QFileDialog dialog(this, windowTitle(), ui_->PathText->text());
     dialog.setAcceptMode(traits_.dialog);
@@ -72,34 +74,25 @@ void DataFileForm::Run() {
     ui_->ResultLabel->clear();
     try {
         ui_->ResultLabel->setText(Process(Path()));
+        ui_->ResultLabel->setToolTip(ui_->ResultLabel->text());
         ShowCounts();
     } catch (const std::runtime_error& error) {
-        Show({.text = Capitalised(error.what()),
-              .icon = MessageIcon::Exclamation,
-              .detail = traits_.failureDetail});
+        ShowFailure(error, traits_.failureDetail);
     }
 }
 
-/// A pipe without a second end would hold up the one user-interface thread for good.
 std::string DataFileForm::Path() const {
-    const QString path = ui_->PathText->text();
-    if (path.trimmed().isEmpty()) {
+    const std::string path = ui_->PathText->text().toStdString();
+    if (ui_->PathText->text().trimmed().isEmpty()) {
         throw FileAccessError("Enter the name of a file, or choose one with \"Browse...\"");
     }
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile() && !info.isDir()) {
-        throw FileAccessError(path.toStdString() + " is a pipe or a device, no file");
-    }
-    return path.toStdString();
+    CheckIsNoDevice(path);
+    return path;
 }
 
 void DataFileForm::ShowCounts() {
     ui_->MainCountLabel->setText(CodesText(State().MainCodeCount));
     ui_->AuxCountLabel->setText(CodesText(State().AuxCodeCount));
-}
-
-QString CodesText(qsizetype count) {
-    return count == 1 ? QObject::tr("1 code") : QObject::tr("%1 codes").arg(count);
 }
 
 }  // namespace vx3260

@@ -44,6 +44,9 @@ class DataFileForm : public Form {
     /// "Main", "Aux", as in the forms' texts.
     QString ChosenName() const;
 
+    /// How many codes the chosen block has: "200 codes".
+    QString ChosenCount();
+
   private:
     void Browse();
     void Run();
@@ -53,8 +56,5 @@ class DataFileForm : public Form {
     std::unique_ptr<Ui::DataFileForm> ui_;
     DataFileTraits traits_;
 };
-
-/// "1 code", "200 codes".
-QString CodesText(qsizetype count);
 
 }  // namespace vx3260

@@ -32,6 +32,13 @@ ReadAuxDataForm::ReadAuxDataForm(Services& services, QWidget* parent)
 
 ReadAuxDataForm::~ReadAuxDataForm() = default;
 
+/// What was measured before is no temperature of now.
+void ReadAuxDataForm::PrepareReading() {
+    BlockReadingForm::PrepareReading();
+    measuredCode_.reset();
+    ui_->TemperatureText->clear();
+}
+
 void ReadAuxDataForm::ShowCode(std::int32_t code) {
     BlockReadingForm::ShowCode(code);
     measuredCode_ = code;

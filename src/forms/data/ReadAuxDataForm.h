@@ -23,6 +23,7 @@ class ReadAuxDataForm final : public BlockReadingForm {
     ~ReadAuxDataForm() override;
 
   protected:
+    void PrepareReading() override;
     void ShowCode(std::int32_t code) override;
     void BlockRead() override;
     void OpenNoiseForm() override;

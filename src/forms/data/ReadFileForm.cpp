@@ -7,14 +7,6 @@
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
-namespace {
-
-/// Decimal, and hexadecimal as the noise forms show it: "8388608 (800000)".
-QString BothNotations(std::int32_t code) {
-    return QStringLiteral("%1 (%2)").arg(code).arg(QString::fromStdString(HexText(code)));
-}
-
-}  // namespace
 
 ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
     : DataFileForm(services,
@@ -31,9 +23,9 @@ QString ReadFileForm::Process(const std::string& path) {
     block.count = static_cast<std::int16_t>(codes.size());
 
     const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    QString result =
-        tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
-            .arg(CodesText(block.count), ChosenName(), BothNotations(*least), BothNotations(*most));
+    QString result = tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
+                         .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*least)),
+                              QString::fromStdString(CodeText(*most)));
     for (const std::string& suspicion : SuspicionsAbout(codes, ChosenConverter())) {
         result += tr("\nWarning: %1").arg(QString::fromStdString(suspicion));
     }

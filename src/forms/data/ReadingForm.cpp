@@ -62,7 +62,7 @@ void ReadingForm::ReadForDisplay() {
     if (RefusedAsDisabled()) {
         return;
     }
-    PrepareDisplay();
+    PrepareReading();
     AfterReading(loop_->Run([this, delay](const ReadingHooks& hooks) {
         const auto show = [this, delay](std::int32_t code) {
             ShowCode(code);

@@ -71,8 +71,8 @@ class ReadingForm : public Form {
     /// Shows a code that was read for display.
     virtual void ShowCode(std::int32_t code) = 0;
 
-    /// A reading for display is about to start.
-    virtual void PrepareDisplay() {}
+    /// A reading is about to start.
+    virtual void PrepareReading() { closeRequested_ = false; }
 
   private:
     void ReadForDisplay();

@@ -32,7 +32,6 @@ QString WriteFileForm::Process(const std::string& path) {
                               " ADC's block is empty: read codes first, from the board or from a "
                               "file");
     }
-    CodeWriter writer(path);
     const QFileInfo file(QString::fromStdString(path));
     if (file.exists()) {
         const MessageAnswer answer = Show({.text = path + " exists already.\r\nReplace it ?",
@@ -42,10 +41,9 @@ QString WriteFileForm::Process(const std::string& path) {
             return tr("Nothing was written.");
         }
     }
-    writer.Write(CodesOf(block), ChosenNotation());
+    ReplaceFile(path, FormatCodes(CodesOf(block), ChosenNotation()));
     return tr("Wrote %1 of the %2 ADC to %3.")
-        .arg(CodesText(block.count), ChosenName(),
-             QDir::toNativeSeparators(file.absoluteFilePath()));
+        .arg(ChosenCount(), ChosenName(), QDir::toNativeSeparators(file.absoluteFilePath()));
 }
 
 }  // namespace vx3260

@@ -127,12 +127,12 @@ TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
         std::string message;
     } cases[] = {
         {bad, bad + ": line 2: \"1.5\" is no decimal code"},
-        {folder.Make("empty.dat", ""), folder.Path("empty.dat") + ": holds no codes"},
+        {folder.Make("empty.dat", ""), folder.Path("empty.dat") + ": line 1: holds no codes"},
         {folder.Path("none.dat"), "Cannot read " + folder.Path("none.dat") +
                                       ": No such file or "
                                       "directory"},
         {folder.Path(""), "Cannot read " + folder.Path("") + ": Is a directory"},
-        {"/dev/zero", "/dev/zero is a pipe or a device, no file"},
+        {"/dev/zero", "/dev/zero is a pipe, a device or an open file, no file of its own"},
         {"  ", "Enter the name of a file, or choose one with \"Browse...\""},
     };
     for (const auto& c : cases) {
@@ -145,6 +145,19 @@ TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
         EXPECT_EQ(bench.state.MainCodeCount, 2) << c.path;
         EXPECT_EQ(Result(form), QString()) << c.path;
     }
+}
+
+TEST_F(DataFileFormsTest, KeepTheirWidthUnderALongName) {
+    Fill(Converter::Main, {5});
+    WriteFileForm form(*bench.services);
+    form.show();
+    const int width = form.width();
+    const std::string path = folder.Path("<b>x" + std::string(200, 'y'));
+    Do(form, path);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.width(), width);
+    EXPECT_TRUE(Result(form).contains(QString::fromStdString(path)));
+    EXPECT_EQ(Find<QLabel>(form, "ResultLabel").textFormat(), Qt::PlainText);
 }
 
 TEST_F(DataFileFormsTest, AskBeforeAFileIsReplaced) {
@@ -171,7 +184,7 @@ TEST_F(DataFileFormsTest, TellWhyNothingCanBeWritten) {
               (std::vector<std::string>{
                   "The Aux ADC's block is empty: read codes first, from the board or from a file",
                   "Cannot write " + folder.Path("gone/x.dat") + ": No such file or directory",
-                  "/dev/full is a pipe or a device, no file"}));
+                  "/dev/full is a pipe, a device or an open file, no file of its own"}));
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path("")));
 }
 

@@ -405,6 +405,10 @@ TEST_F(ReadAuxDataFormTest, ShowsTheTemperatureOfItsSensor) {
     Click("Command2");
     EXPECT_NEAR(temperature(), kelvin - 273.15, 0.5);
 
+    bench->Chip().Preset(modeAt, 1);  // no result comes any more
+    Click("Command1");
+    EXPECT_EQ(Box("TemperatureText").text(), QString()) << "of a block that is gone";
+
     bench->Chip().Preset(auxControlAt, 0x89);
     Open<ReadAuxDataForm>();
     EXPECT_FALSE(Find<QGroupBox>(*form, "TemperatureFrame").isVisible());
