@@ -9,7 +9,7 @@
 #include "analysis/NoiseAnalysis.h"
 #include "app/StartUp.h"
 #include "forms/data/ReadMainDataForm.h"
-#include "platform/LinuxSystem.h"
+#include "platform/MachineSystem.h"
 #include "ports/SimulatedPort.h"
 
 namespace vx3260::bench {
@@ -30,7 +30,7 @@ struct Bench {
 
     SimulatedPort port;
     NoMessages messages;
-    LinuxSystem system{0, nullptr};
+    MachineSystem system{0, nullptr};
     ApplicationState state;
     Services services{port, messages, system, state};
 };

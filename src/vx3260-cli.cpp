@@ -1,32 +1,16 @@
-#include <sys/ioctl.h>
-#include <unistd.h>
-
-#include <csignal>
 #include <iostream>
-#include <string>
-#include <vector>
 
 #include "cli/RunCli.h"
-#include "platform/LinuxSystem.h"
-
-namespace {
-
-void FitToTerminal(vx3260::CliStreams& streams) {
-    streams.errIsTerminal = isatty(STDERR_FILENO) == 1;
-    winsize size{};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
-        streams.outWidth = size.ws_col;
-    }
-}
-
-}  // namespace
+#include "platform/Console.h"
+#include "platform/MachineSystem.h"
 
 int main(int argc, char** argv) {
-    // A file that grows beyond the limit is then an error of the write, which is reported.
-    std::signal(SIGXFSZ, SIG_IGN);
-    vx3260::LinuxSystem system(argc, argv);
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const vx3260::Console console = vx3260::PrepareConsole();
+    vx3260::MachineSystem system(argc, argv);
     vx3260::CliStreams streams{std::cout, std::cerr};
-    FitToTerminal(streams);
-    return vx3260::RunCli(arguments, system, streams);
+    streams.errIsTerminal = console.errIsTerminal;
+    if (console.outWidth > 0) {
+        streams.outWidth = console.outWidth;
+    }
+    return vx3260::RunCli(system.Arguments(), system, streams);
 }

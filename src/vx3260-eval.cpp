@@ -1,11 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
-#include <csignal>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/ApplicationInfo.h"
 #include "app/ApplicationState.h"
@@ -15,7 +16,8 @@
 #include "cli/PortOptions.h"
 #include "files/FileErrors.h"
 #include "forms/shell/MainMenuForm.h"
-#include "platform/LinuxSystem.h"
+#include "platform/Console.h"
+#include "platform/MachineSystem.h"
 #include "ports/OpenPort.h"
 #include "ui/Icons.h"
 #include "ui/QtMessageBoxes.h"
@@ -26,14 +28,16 @@ using namespace vx3260;
 
 /// Fills in the port choice from the command line. An exit code where the program ends with that:
 /// after --help or --version, or because of an error, which has been told.
-std::optional<int> Parse(int argc, const char* const* argv, PortChoice& choice) {
+std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice) {
     CLI::App app{std::string(ApplicationTitle)};
     app.set_version_flag("--version", std::string(VersionText));
     app.footer("/SS anywhere in the command line shows the system and the port address.");
     AddPortOptions(app, choice);
     app.allow_extras();
     try {
-        app.parse(argc, argv);
+        // The parser takes its words from the end of the list.
+        std::reverse(arguments.begin(), arguments.end());
+        app.parse(std::move(arguments));
         for (const std::string& word : app.remaining()) {
             if (!HoldsStatusSwitch(word)) {
                 throw CLI::ExtrasError({word});
@@ -46,11 +50,11 @@ std::optional<int> Parse(int argc, const char* const* argv, PortChoice& choice) 
 }
 
 int Run(int argc, char** argv) {
+    MachineSystem system(argc, argv);
     PortChoice choice;
-    if (const std::optional<int> exitCode = Parse(argc, argv, choice)) {
+    if (const std::optional<int> exitCode = Parse(system.Arguments(), choice)) {
         return *exitCode;
     }
-    LinuxSystem system(argc, argv);
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(ApplicationIcon());
     QtMessageBoxes messages(std::cerr);
@@ -70,8 +74,7 @@ int End(const std::exception& error, ExitCode code) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A trace that grows beyond the limit of a file ends, and the program goes on.
-    std::signal(SIGXFSZ, SIG_IGN);
+    PrepareConsole();
     try {
         return Run(argc, argv);
     } catch (const FileAccessError& error) {

@@ -81,7 +81,7 @@ std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
     return std::chrono::nanoseconds(std::llround(TextToDouble(microseconds) * 1e3));
 }
 
-void AddRealPortOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
+void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
     constexpr const char* driver = "driver";
     constexpr const char* direct = "direct";
     CLI::Option* const access =
@@ -105,6 +105,9 @@ void AddRealPortOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulate
         ->check(CLI::Validator(RefuseOtherThanAddress, ""))
         ->needs(access)
         ->excludes(simulated);
+}
+
+void AddPollTime(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
     app.add_option_function<std::string>(
            "--poll-time",
            [&choice](const std::string& text) { choice.pollTime = ToPollTime(text); },
@@ -127,7 +130,10 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
         ->type_name("NAME")
         ->allow_extra_args(false)
         ->needs(simulated);
-    AddRealPortOptions(app, choice, simulated);
+    if (RealPortsAreDevices) {
+        AddDeviceOptions(app, choice, simulated);
+    }
+    AddPollTime(app, choice, simulated);
     app.add_option("--trace", choice.traceFile,
                    "Write the board's lines and the accesses they carry as a Value Change Dump")
         ->type_name("FILE.vcd")

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 #include <vector>
@@ -63,10 +64,11 @@ std::string FindInPath(const std::string& program) {
 
 }  // namespace
 
-LinuxSystem::LinuxSystem(int argumentCount, const char* const* arguments) {
-    for (int i = 1; i < argumentCount; ++i) {
-        commandLine_ += i == 1 ? "" : " ";
-        commandLine_ += arguments[i];
+LinuxSystem::LinuxSystem(int argumentCount, const char* const* arguments)
+    : arguments_(arguments + std::min(argumentCount, 1), arguments + argumentCount) {
+    for (const std::string& word : arguments_) {
+        commandLine_ += commandLine_.empty() ? "" : " ";
+        commandLine_ += word;
     }
 }
 

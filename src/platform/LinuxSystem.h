@@ -14,6 +14,9 @@ class LinuxSystem final : public OperatingSystem {
     /// The arguments of main, the program's own path left out.
     LinuxSystem(int argumentCount, const char* const* arguments);
 
+    /// The words of the command line, the program's own path left out.
+    const std::vector<std::string>& Arguments() const { return arguments_; }
+
     SystemVersion QueryVersion() override { return {}; }
     std::string CommandLine() override { return commandLine_; }
     std::optional<std::string> GetKeyValue(const std::string& key,
@@ -24,6 +27,7 @@ class LinuxSystem final : public OperatingSystem {
     void EndProcess(int exitCode) override;
 
   private:
+    std::vector<std::string> arguments_;
     std::string commandLine_;
 };
 

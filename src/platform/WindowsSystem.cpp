@@ -1,12 +1,15 @@
 #include "platform/WindowsSystem.h"
 
 #include <windows.h>
+// What parses a command line is declared in a header of its own, after the one above.
+#include <shellapi.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 
 #include "numbers/NumberText.h"
+#include "platform/WideText.h"
 
 namespace vx3260 {
 namespace {
@@ -46,6 +49,15 @@ std::string UpToZero(const char* bytes, std::size_t size) {
 
 }  // namespace
 
+WindowsSystem::WindowsSystem(int /*argumentCount*/, const char* const* /*arguments*/) {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 1; i < count; ++i) {
+        arguments_.push_back(ToUtf8(words[i]));
+    }
+    LocalFree(words);
+}
+
 SystemVersion WindowsSystem::QueryVersion() {
     OSVERSIONINFOA info{};
     info.dwOSVersionInfoSize = sizeof info;
@@ -60,7 +72,7 @@ SystemVersion WindowsSystem::QueryVersion() {
 
 /// The program's own path comes first, in quotation marks where it holds a blank.
 std::string WindowsSystem::CommandLine() {
-    const std::string whole = GetCommandLineA();
+    const std::string whole = ToUtf8(GetCommandLineW());
     const std::size_t pathEnd = whole.starts_with('"') ? whole.find('"', 1) : 0;
     const std::size_t blank = whole.find(' ', pathEnd);
     return blank == std::string::npos ? std::string() : whole.substr(blank + 1);
@@ -91,11 +103,11 @@ std::optional<std::string> WindowsSystem::GetKeyValue(const std::string& key,
 }
 
 bool WindowsSystem::FileExists(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesW(ToWide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
-    STARTUPINFOA startup{};
+    STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWNORMAL;
@@ -104,8 +116,9 @@ bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
     for (const std::string& word : command) {
         line += (line.empty() ? "\"" : " \"") + word + '"';
     }
-    if (CreateProcessA(command.at(0).c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                       nullptr, &startup, &process) == 0) {
+    std::wstring wideLine = ToWide(line);
+    if (CreateProcessW(ToWide(command.at(0)).c_str(), wideLine.data(), nullptr, nullptr, FALSE, 0,
+                       nullptr, nullptr, &startup, &process) == 0) {
         return false;
     }
     CloseHandle(process.hThread);

@@ -11,6 +11,13 @@ namespace vx3260 {
 /// The Windows side of the operating-system seam.
 class WindowsSystem final : public OperatingSystem {
   public:
+    /// The arguments of main are in the system's code page, which has not every letter: they are
+    /// taken from the system instead.
+    WindowsSystem(int argumentCount, const char* const* arguments);
+
+    /// The words of the command line, the program's own path left out.
+    const std::vector<std::string>& Arguments() const { return arguments_; }
+
     SystemVersion QueryVersion() override;
     std::string CommandLine() override;
     std::optional<std::string> GetKeyValue(const std::string& key,
@@ -20,6 +27,9 @@ class WindowsSystem final : public OperatingSystem {
     std::vector<std::string> DesktopSystemInformation() override { return {}; }
     bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;
+
+  private:
+    std::vector<std::string> arguments_;
 };
 
 }  // namespace vx3260

@@ -6,12 +6,6 @@ namespace {
 constexpr std::int32_t onlyPort = 1;
 constexpr std::int16_t nothingThere = 0xFF;
 
-/// By looking at the clock: a call that sleeps would cost some 50 us.
-void WaitUntil(std::chrono::steady_clock::time_point end) {
-    while (std::chrono::steady_clock::now() < end) {
-    }
-}
-
 }  // namespace
 
 std::int32_t DevicePort::ClaimParallelPort(std::int32_t portNumber, std::int32_t /*flag*/) {
@@ -41,10 +35,8 @@ std::int16_t DevicePort::InByte(std::int16_t address) {
     if (!Reaches(address)) {
         return nothingThere;
     }
-    const auto end = std::chrono::steady_clock::now() + pollTime_;
-    const std::uint8_t value = ReadRegister(static_cast<std::int16_t>(address - baseAddress_));
-    WaitUntil(end);
-    return value;
+    const auto offset = static_cast<std::int16_t>(address - baseAddress_);
+    return pace_.Paced([this, offset] { return ReadRegister(offset); });
 }
 
 }  // namespace vx3260

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 
 #include "link/BoardLines.h"
 #include "link/ParallelPort.h"
+#include "ports/ReadPace.h"
 
 namespace vx3260 {
-
-/// How long a status access takes at least, so that the limit of 100000 polls outlasts the slowest
-/// conversion (187 ms) on a machine that reads a port in less than 2 us.
-inline constexpr std::chrono::nanoseconds DefaultPollTime = std::chrono::microseconds(4);
 
 /// A printer port of this machine, the only one that is offered: number 1. What its kinds share:
 /// which addresses are its own, and the pace of reads. Accesses at any other address, and all
@@ -25,7 +21,7 @@ class DevicePort : public ParallelPort {
   protected:
     /// `baseAddress` is what GetParallelPortInfo reports, 0 where there is no port to report.
     DevicePort(std::int32_t baseAddress, std::chrono::nanoseconds pollTime)
-        : baseAddress_(baseAddress), pollTime_(pollTime) {}
+        : baseAddress_(baseAddress), pace_(pollTime) {}
 
     std::int32_t BaseAddress() const { return baseAddress_; }
 
@@ -44,7 +40,7 @@ class DevicePort : public ParallelPort {
     }
 
     std::int32_t baseAddress_;
-    std::chrono::nanoseconds pollTime_;
+    ReadPace pace_;
     bool claimed_ = false;
 };
 

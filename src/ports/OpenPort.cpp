@@ -11,7 +11,8 @@
 #include "ports/ParportDevices.h"
 #include "ports/PpdevPort.h"
 #else
-#include "ports/MissingPort.h"
+#include "numbers/NumberText.h"
+#include "ports/ParllioPort.h"
 #endif
 
 namespace vx3260 {
@@ -39,12 +40,23 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
 
 #else
 
-std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& /*choice*/) {
-    return std::make_unique<MissingPort>();
+std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
+    return std::make_unique<ParllioPort>(choice.pollTime);
 }
 
-std::vector<PortListing> ListRealPorts(const PortChoice& /*choice*/) {
-    return {};
+std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
+    ParllioPort library(choice.pollTime);
+    std::vector<PortListing> ports;
+    for (std::int32_t number = 1; number <= library.GetParallelPortCount(); ++number) {
+        ParallelPortInfo info;
+        library.GetParallelPortInfo(number, info);
+        const bool claimed = library.ClaimParallelPort(number, -1) != 0;
+        ports.push_back({"port " + std::to_string(number),
+                         info.address,
+                         {},
+                         claimed ? "" : library.FailureDetail()});
+    }
+    return ports;
 }
 
 #endif

@@ -10,8 +10,8 @@
 
 #include "link/BoardLines.h"
 #include "link/ParallelPort.h"
-#include "ports/DevicePort.h"
 #include "ports/FaultyPort.h"
+#include "ports/ReadPace.h"
 
 namespace vx3260 {
 
@@ -19,6 +19,14 @@ namespace vx3260 {
 /// number with a sign too.
 inline constexpr std::int32_t MostDirectAddress =
     std::numeric_limits<std::int16_t>::max() - (BoardLines::RegisterCount - 1);
+
+/// Whether real ports are devices, each with a path, that can also be reached directly. Elsewhere
+/// a library has them, and its first is taken.
+#if defined(__linux__)
+inline constexpr bool RealPortsAreDevices = true;
+#else
+inline constexpr bool RealPortsAreDevices = false;
+#endif
 
 /// How a real port's registers are reached.
 enum class PortMethod {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+
+namespace vx3260 {
+
+/// The terminal that a command was started in.
+struct Console {
+    bool errIsTerminal = false;
+    std::size_t outWidth = 0;  ///< characters of a line; 0 where the output is no terminal
+};
+
+/// Makes the process ready for the command line: its texts are UTF-8, and a file that cannot grow
+/// is an error of the write. Tells about the terminal.
+Console PrepareConsole();
+
+}  // namespace vx3260

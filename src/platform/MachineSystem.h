@@ -1,0 +1,18 @@
+#pragma once
+
+#if defined(_WIN32)
+#include "platform/WindowsSystem.h"
+#else
+#include "platform/LinuxSystem.h"
+#endif
+
+namespace vx3260 {
+
+/// The system that this program was built for.
+#if defined(_WIN32)
+using MachineSystem = WindowsSystem;
+#else
+using MachineSystem = LinuxSystem;
+#endif
+
+}  // namespace vx3260

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vx3260 {
+
+/// Between UTF-8, the program's texts and paths, and UTF-16, those of Windows. What is no proper
+/// text becomes U+FFFD.
+std::wstring ToWide(std::string_view text);
+std::string ToUtf8(std::wstring_view text);
+
+}  // namespace vx3260

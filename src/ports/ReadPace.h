@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+
+namespace vx3260 {
+
+/// How long a status access takes at least, so that the limit of 100000 polls outlasts the slowest
+/// conversion (187 ms) on a machine that reads a port in less than 2 us.
+inline constexpr std::chrono::nanoseconds DefaultPollTime = std::chrono::microseconds(4);
+
+/// Holds a real port's reads to a least time, by looking at the monotonic clock: a call that sleeps
+/// would cost some 50 us.
+class ReadPace {
+  public:
+    explicit ReadPace(std::chrono::nanoseconds least) : least_(least) {}
+
+    /// Calls `read`, waits out the rest of the time and returns what was read.
+    template <typename Read>
+    auto Paced(const Read& read) const {
+        const auto end = std::chrono::steady_clock::now() + least_;
+        const auto value = read();
+        while (std::chrono::steady_clock::now() < end) {
+        }
+        return value;
+    }
+
+  private:
+    std::chrono::nanoseconds least_;
+};
+
+}  // namespace vx3260
