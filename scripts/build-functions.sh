@@ -4,6 +4,7 @@
 buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli umockdev)
+windowsPackages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 googletest)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 machinePackages=(qemu-system-x86 busybox-static)

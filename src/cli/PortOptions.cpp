@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::string_view faultListName = "list";
 
+constexpr const char* driverMethod = "driver";
+constexpr const char* directMethod = "direct";
+
 /// Empty for a text that is no whole number.
 std::optional<std::int32_t> ToAddress(std::string_view text) {
     const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
@@ -82,17 +85,15 @@ std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
 }
 
 void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
-    constexpr const char* driver = "driver";
-    constexpr const char* direct = "direct";
     CLI::Option* const access =
         app.add_option_function<std::string>(
                "--port-access",
-               [&choice, direct](const std::string& name) {
-                   choice.method = name == direct ? PortMethod::Direct : PortMethod::Driver;
+               [&choice](const std::string& name) {
+                   choice.method = name == directMethod ? PortMethod::Direct : PortMethod::Driver;
                },
                "How to reach the port: by the system's driver, or directly as the superuser")
-            ->check(CLI::IsMember({driver, direct}))
-            ->default_str(driver)
+            ->check(CLI::IsMember({driverMethod, directMethod}))
+            ->default_str(driverMethod)
             ->excludes(simulated);
     app.add_option("--port", choice.device, "The printer port; without it, the first there is")
         ->type_name("/dev/parportN")

@@ -82,7 +82,7 @@ void DataFileForm::Run() {
 }
 
 std::string DataFileForm::Path() const {
-    const std::string path = ui_->PathText->text().toStdString();
+    std::string path = ui_->PathText->text().toStdString();
     if (ui_->PathText->text().trimmed().isEmpty()) {
         throw FileAccessError("Enter the name of a file, or choose one with \"Browse...\"");
     }

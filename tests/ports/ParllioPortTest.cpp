@@ -1,0 +1,112 @@
+#include "ports/ParllioPort.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "acquisition/Reading.h"
+#include "app/StartUp.h"
+#include "ports/OpenPort.h"
+#include "support/Recorders.h"
+
+namespace vx3260::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::chrono::nanoseconds noPollTime{0};
+
+/// The library is found in the current folder, which each test chooses.
+class ParllioPortTest : public testing::Test {
+  protected:
+    ~ParllioPortTest() override { fs::current_path(before_); }
+
+    /// One with the stand-in of that name.
+    void Enter(const std::string& kind) { fs::current_path(fs::path(PARLLIO_FOLDER) / kind); }
+
+    /// One with a copy of the stand-in whose header tells of 32-bit code.
+    void Enter32Bit() {
+        const fs::path folder = fs::temp_directory_path() / L"vx3260 32-bit ä";
+        fs::create_directories(folder);
+        fs::copy_file(fs::path(PARLLIO_FOLDER) / "whole" / "parllio.dll", folder / "parllio.dll",
+                      fs::copy_options::overwrite_existing);
+        std::fstream file(folder / "parllio.dll", std::ios::binary | std::ios::in | std::ios::out);
+        std::uint32_t header = 0;
+        file.seekg(0x3C);
+        file.read(reinterpret_cast<char*>(&header), sizeof header);
+        file.seekp(header + 4);
+        file.write("\x4C\x01", 2);
+        file.close();
+        fs::current_path(folder);
+    }
+
+    RecordedMessages messages;
+    RecordedSystem system;
+    ApplicationState state;
+
+  private:
+    fs::path before_ = fs::current_path();
+};
+
+TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
+    Enter("whole");
+    ParllioPort port(noPollTime);
+    Services services{port, messages, system, state};
+    system.version = {2, 5, 0};
+    StartUp(services);
+    EXPECT_TRUE(messages.shown.empty()) << messages.shown[0].detail;
+    EXPECT_EQ(state.PortCount, 1);
+    EXPECT_EQ(state.PortAddress, 888);
+    EXPECT_EQ(Register(port, state.PortAddress, RegisterMap::MainControl).ReadReg(), 0x87);
+    ConverterReader reader(port, state.PortAddress, Converter::Main);
+    reader.ReadControls();
+    EXPECT_EQ(ReadBlock(reader, state.BlockOf(Converter::Main), 5, {}), ReadingEnd::Complete);
+    EXPECT_NEAR(state.MainCodes[4], 8388608 * (1 + 0.01 * 0.996 / 2.56 + 0.002), 99);
+
+    const std::vector<PortListing> ports = ListPorts({});
+    ASSERT_EQ(ports.size(), 1U);
+    EXPECT_EQ(ports[0].address, 888);
+    EXPECT_EQ(ports[0].claimFailure, "");
+    EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
+    EXPECT_TRUE(port.FailureDetail().starts_with("The port library could not claim port 2."));
+}
+
+TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
+    const struct {
+        std::function<void()> enter;
+        const char* detail;
+    } cases[] = {
+        {[] { fs::current_path(fs::temp_directory_path()); }, "parllio.dll was not found."},
+        {[this] { Enter("incomplete"); }, "parllio.dll lacks GetParallelPortInfo, InByte"},
+        {[this] { Enter32Bit(); }, "ä\\parllio.dll is a 32-bit library."},
+    };
+    for (const auto& c : cases) {
+        c.enter();
+        ParllioPort port(noPollTime);
+        messages.shown.clear();
+        Services services{port, messages, system, state};
+        StartUp(services);
+        ASSERT_EQ(messages.shown.size(), 2U) << c.detail;
+        EXPECT_EQ(messages.shown[0].text, "claim parallel port failed");
+        EXPECT_NE(messages.shown[0].detail.find(c.detail), std::string::npos)
+            << messages.shown[0].detail;
+        EXPECT_EQ(port.InByte(889), 0xFF);
+        EXPECT_EQ(port.GetParallelPortCount(), 0);
+    }
+}
+
+TEST_F(ParllioPortTest, LetsAReadTakeItsTime) {
+    using namespace std::chrono;
+    constexpr int reads = 20;
+    Enter("whole");
+    ParllioPort port(milliseconds(2));
+    const auto start = steady_clock::now();
+    for (int i = 0; i < reads; ++i) {
+        port.InByte(889);
+    }
+    EXPECT_GE(steady_clock::now() - start, reads * milliseconds(2));
+}
+
+}  // namespace
+}  // namespace vx3260::test
