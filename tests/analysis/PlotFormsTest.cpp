@@ -148,7 +148,7 @@ TEST_F(PlotFormsTest, HistogramTellsItsFigures) {
     EXPECT_EQ(
         LegendOf(ViewOf(histogram)),
         (std::vector<std::string>{"Readings per code", "Normal curve of mean and sigma", "Mean"}));
-    TakePicture(*form, "HistogramForm");
+    TakePicture(*form, "HistogramForm-aux");
     QTest::keyClick(&ViewOf(histogram), Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
 }
@@ -530,8 +530,10 @@ TEST_F(PlotFormsTest, FollowsTheTheme) {
         TakePicture(*form, "PlotForm-dark");
     }
     ExpectReadable(light, light.palette().color(QPalette::Base));
+    PlotView& histogram = ViewOf(Open<HistogramForm>(Noise(2000, 12)));
+    TakePicture(*form, "HistogramForm");
     const DarkTheme theme;
-    ExpectReadable(ViewOf(Open<HistogramForm>(Noise(2000, 12))), DarkTheme::background);
+    ExpectReadable(histogram, DarkTheme::background);
     TakePicture(*form, "HistogramForm-dark");
 }
 
