@@ -85,26 +85,30 @@ std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
 }
 
 void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
-    CLI::Option* const access =
-        app.add_option_function<std::string>(
-               "--port-access",
-               [&choice](const std::string& name) {
-                   choice.method = name == directMethod ? PortMethod::Direct : PortMethod::Driver;
-               },
-               "How to reach the port: by the system's driver, or directly as the superuser")
-            ->check(CLI::IsMember({driverMethod, directMethod}))
-            ->default_str(driverMethod)
-            ->excludes(simulated);
+    app.add_option_function<std::string>(
+           "--port-access",
+           [&choice](const std::string& name) {
+               choice.method = name == directMethod ? PortMethod::Direct : PortMethod::Driver;
+           },
+           "How to reach the port: by the system's driver, or directly as the superuser")
+        ->check(CLI::IsMember({driverMethod, directMethod}))
+        ->default_str(driverMethod)
+        ->excludes(simulated);
     app.add_option("--port", choice.device, "The printer port; without it, the first there is")
         ->type_name("/dev/parportN")
         ->excludes(simulated);
     app.add_option_function<std::string>(
            "--port-address",
-           [&choice](const std::string& text) { choice.address = ToAddress(text); },
+           [&choice](const std::string& text) {
+               // The options are taken in the order in which they are added.
+               if (choice.method != PortMethod::Direct) {
+                   throw CLI::ValidationError("--port-address", "needs --port-access=direct");
+               }
+               choice.address = ToAddress(text);
+           },
            "Base address of the port, for direct access")
         ->type_name("ADDRESS")
         ->check(CLI::Validator(RefuseOtherThanAddress, ""))
-        ->needs(access)
         ->excludes(simulated);
 }
 

@@ -311,14 +311,16 @@ TEST(Ports, ListsTheSimulatedOneAlone) {
 }
 
 TEST(RealPort, HasOptionsThatASimulatedOneHasNot) {
-    ExpectRefused(ExitCode::WrongCommandLine,
-                  {{"read main --simulated --port /dev/parport0", "excludes"},
-                   {"read main --simulated --poll-time 4", "excludes"},
-                   {"read main --port-address 0x378", "requires --port-access"},
-                   {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
-                   {"read main --port-access direct --port-address 0", "from 1 to 32765"},
-                   {"read main --port-access parallel", "--port-access"},
-                   {"read main --poll-time -1", "is no number of microseconds"}});
+    ExpectRefused(
+        ExitCode::WrongCommandLine,
+        {{"read main --simulated --port /dev/parport0", "excludes"},
+         {"read main --simulated --poll-time 4", "excludes"},
+         {"read main --port-address 0x378", "needs --port-access=direct"},
+         {"read main --port-address 888 --port-access driver", "needs --port-access=direct"},
+         {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
+         {"read main --port-access direct --port-address 0", "from 1 to 32765"},
+         {"read main --port-access parallel", "--port-access"},
+         {"read main --poll-time -1", "is no number of microseconds"}});
 }
 
 }  // namespace

@@ -78,7 +78,7 @@ std::int16_t Literal(std::int16_t address) {
 }
 
 std::string ClaimAndTell(PortMethod method) {
-    const auto port = OpenPort({.access = access}).port;
+    const auto port = OpenPort({.method = method}).port;
     return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
 }
 
@@ -90,7 +90,7 @@ std::string ClaimAsNobody(gid_t group, PortMethod method) {
     if (child == 0) {
         const bool dropped =
             setgroups(0, nullptr) == 0 && setgid(group) == 0 && setuid(nobody) == 0;
-        const std::string told = dropped ? ClaimAndTell(access) : "still the superuser";
+        const std::string told = dropped ? ClaimAndTell(method) : "still the superuser";
         const ssize_t written = write(ends[1], told.data(), told.size());
         _exit(written == static_cast<ssize_t>(told.size()) ? 0 : 1);
     }
@@ -149,7 +149,7 @@ class Holder {
     pid_t process_ = -1;
 };
 
-class RealPortTest : public testing::TestWithParam<PortAccess> {
+class RealPortTest : public testing::TestWithParam<PortMethod> {
   protected:
     void SetUp() override {
         LoadDrivers();
@@ -159,7 +159,7 @@ class RealPortTest : public testing::TestWithParam<PortAccess> {
     static bool ThroughTheDriver() { return GetParam() == PortMethod::Driver; }
 
     void StartUp() {
-        port = OpenPort({.access = GetParam()}).port;
+        port = OpenPort({.method = GetParam()}).port;
         Services services{*port, messages, system, state};
         vx3260::StartUp(services);
         ASSERT_TRUE(messages.shown.empty()) << messages.shown[0].detail;
@@ -235,7 +235,7 @@ TEST_P(RealPortTest, TellsHowToLoadTheDriver) {
     const std::string detail = ClaimAndTell(GetParam());
     EXPECT_TRUE(detail.starts_with("There is no /dev/parport0.")) << detail;
     if (!ThroughTheDriver()) {
-        const auto named = OpenPort({.access = GetParam(), .address = dataAddress}).port;
+        const auto named = OpenPort({.method = GetParam(), .address = dataAddress}).port;
         EXPECT_EQ(named->ClaimParallelPort(1, -1), 1) << named->FailureDetail();
     }
     Follow(detail);
@@ -258,8 +258,8 @@ TEST_P(RealPortTest, TellsAnOrdinaryUserWhatIsMissing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortMethod::Driver, PortMethod::Direct),
-                         [](const auto& access) {
-                             return access.param == PortMethod::Driver ? "Driver" : "Direct";
+                         [](const auto& method) {
+                             return method.param == PortMethod::Driver ? "Driver" : "Direct";
                          });
 
 /// A claim that waited for the holder would never come back.
