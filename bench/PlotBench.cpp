@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <iostream>
 #include <random>
 
 #include "analysis/Histogram.h"
@@ -47,7 +48,7 @@ BENCHMARK(HistogramOf32767)->Unit(benchmark::kMicrosecond);
 
 struct Forms {
     SimulatedPort port;
-    QtMessageBoxes messages;
+    QtMessageBoxes messages{std::cerr};
     LinuxSystem system{0, nullptr};
     ApplicationState state;
     Services services{port, messages, system, state};
