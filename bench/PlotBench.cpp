@@ -41,7 +41,7 @@ void HistogramOf32767(benchmark::State& state) {
     constexpr std::size_t count = 32767;
     const std::vector<double> codes = NormalCodes(count);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(ComputeHistogram(codes, mostBins));
+        benchmark::DoNotOptimize(ComputeHistogram(codes, MostHistogramBins));
     }
 }
 BENCHMARK(HistogramOf32767)->Unit(benchmark::kMicrosecond);
