@@ -94,7 +94,9 @@ TEST_F(Program, BarsFillTheTerminal) {
     int shown = 0;
     int terminal = 0;
     const winsize size{24, 50, 0, 0};
-    ASSERT_EQ(openpty(&shown, &terminal, nullptr, nullptr, &size), 0);
+    if (openpty(&shown, &terminal, nullptr, nullptr, &size) != 0) {
+        GTEST_SKIP() << "no pseudo-terminals here: is /dev/pts mounted?";
+    }
     process.setChildProcessModifier([terminal] { dup2(terminal, STDOUT_FILENO); });
     Start({"histogram", "main", QString::fromStdString(folder.Make("x.dat", "1\n"))});
     EXPECT_EQ(End(), ExitCode::Success) << err;
