@@ -94,9 +94,9 @@ bool AddFault(std::string_view name, Faults& faults) {
 }
 
 FaultyPort::FaultyPort(std::unique_ptr<ParallelPort> port, const Faults& faults)
-    : port_(std::move(port)), faults_(faults) {
+    : WrappedPort(std::move(port)), faults_(faults) {
     ParallelPortInfo info;
-    if (port_->GetParallelPortInfo(1, info) != 0) {
+    if (GetParallelPortInfo(1, info) != 0) {
         base_ = static_cast<std::int16_t>(info.address);
     }
 }
@@ -109,14 +109,14 @@ void FaultyPort::OutByte(std::int16_t address, std::int16_t value) {
         clockLow_ = (value & BoardLines::Clock) == 0;
         value = static_cast<std::int16_t>((value | faults_.dataHigh) & ~faults_.dataLow);
     }
-    port_->OutByte(address, value);
+    Inner().OutByte(address, value);
 }
 
 std::int16_t FaultyPort::InByte(std::int16_t address) {
     if (BoardGone()) {
         return openLines;
     }
-    const std::int16_t value = port_->InByte(address);
+    const std::int16_t value = Inner().InByte(address);
     return address == base_ + BoardLines::StatusRegister ? StatusThroughFaults(value) : value;
 }
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "link/ParallelPort.h"
+#include "ports/WrappedPort.h"
 
 namespace vx3260 {
 
@@ -37,18 +37,10 @@ std::span<const FaultDescription> KnownFaults();
 bool AddFault(std::string_view name, Faults& faults);
 
 /// Any port, seen through faulty wires.
-class FaultyPort final : public ParallelPort {
+class FaultyPort final : public WrappedPort {
   public:
     FaultyPort(std::unique_ptr<ParallelPort> port, const Faults& faults);
 
-    std::int32_t GetParallelPortCount() override { return port_->GetParallelPortCount(); }
-    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {
-        return port_->ClaimParallelPort(portNumber, flag);
-    }
-    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
-        return port_->GetParallelPortInfo(portNumber, info);
-    }
-    std::string FailureDetail() const override { return port_->FailureDetail(); }
     void OutByte(std::int16_t address, std::int16_t value) override;
     std::int16_t InByte(std::int16_t address) override;
 
@@ -56,7 +48,6 @@ class FaultyPort final : public ParallelPort {
     bool BoardGone() { return ++accesses_ > faults_.goneAfter; }
     std::int16_t StatusThroughFaults(std::int16_t status);
 
-    std::unique_ptr<ParallelPort> port_;
     Faults faults_;
     std::int16_t base_ = 0;
     std::int64_t accesses_ = 0;

@@ -40,12 +40,12 @@ std::string LevelOf(const std::optional<std::int16_t>& lines, std::int16_t line)
 }  // namespace
 
 TracePort::TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path)
-    : port_(std::move(port)),
+    : WrappedPort(std::move(port)),
       clock_(std::move(clock)),
       vcd_(std::in_place, path, "vx3260", Variables()),
       outputs_(BoardLines::Idle & tracedOutputs) {
     ParallelPortInfo info;
-    if (port_->GetParallelPortInfo(1, info) != 0) {
+    if (GetParallelPortInfo(1, info) != 0) {
         base_ = info.address;
     }
 }
@@ -55,7 +55,7 @@ TracePort::~TracePort() {
 }
 
 void TracePort::OutByte(std::int16_t address, std::int16_t value) {
-    port_->OutByte(address, value);
+    Inner().OutByte(address, value);
     const auto outputs = static_cast<std::int16_t>(value & tracedOutputs);
     if (base_ && address == *base_ + BoardLines::DataRegister && outputs != outputs_) {
         outputs_ = outputs;
@@ -64,7 +64,7 @@ void TracePort::OutByte(std::int16_t address, std::int16_t value) {
 }
 
 std::int16_t TracePort::InByte(std::int16_t address) {
-    const std::int16_t value = port_->InByte(address);
+    const std::int16_t value = Inner().InByte(address);
     const auto inputs = static_cast<std::int16_t>(value & tracedInputs);
     if (base_ && address == *base_ + BoardLines::StatusRegister && inputs != inputs_) {
         inputs_ = inputs;

@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
-#include "link/ParallelPort.h"
 #include "ports/AccessDecoder.h"
 #include "ports/VcdWriter.h"
+#include "ports/WrappedPort.h"
 
 namespace vx3260 {
 
@@ -24,7 +24,7 @@ using TraceClock = std::function<std::chrono::nanoseconds()>;
 ///
 /// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
 /// goes on.
-class TracePort final : public ParallelPort {
+class TracePort final : public WrappedPort {
   public:
     /// Throws FileAccessError when the file cannot be written. `clock` is read after an access and
     /// may refer to `port`.
@@ -38,14 +38,6 @@ class TracePort final : public ParallelPort {
     TracePort& operator=(const TracePort&) = delete;
     TracePort& operator=(TracePort&&) = delete;
 
-    std::int32_t GetParallelPortCount() override { return port_->GetParallelPortCount(); }
-    std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {
-        return port_->ClaimParallelPort(portNumber, flag);
-    }
-    std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
-        return port_->GetParallelPortInfo(portNumber, info);
-    }
-    std::string FailureDetail() const override { return port_->FailureDetail(); }
     void OutByte(std::int16_t address, std::int16_t value) override;
     std::int16_t InByte(std::int16_t address) override;
 
@@ -53,7 +45,6 @@ class TracePort final : public ParallelPort {
     void TraceStep();
     void Trace(const std::function<void(VcdWriter&)>& write);
 
-    std::unique_ptr<ParallelPort> port_;
     TraceClock clock_;
     std::optional<std::int32_t> base_;  ///< empty where there is no port
     std::optional<VcdWriter> vcd_;      ///< empty once the trace has ended
