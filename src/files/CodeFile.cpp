@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QString>
+#include <QTemporaryFile>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -79,6 +80,39 @@ void SaveWhole(const std::string& path, std::string_view bytes) {
     WriteAll(file, bytes, path);
     if (!file.commit()) {
         ThrowCannot("write", path, file);
+    }
+}
+
+/// A new file beside one that cannot be replaced, with its name and some letters more. Empty where
+/// that cannot be written either.
+std::string SaveBeside(const std::string& path, std::string_view bytes) {
+    QTemporaryFile file(QString::fromStdString(path) + QStringLiteral(".XXXXXX"));
+    try {
+        if (!file.open()) {
+            return {};
+        }
+        WriteAll(file, bytes, path);
+    } catch (const FileAccessError&) {
+        return {};
+    }
+    if (!file.flush()) {
+        return {};
+    }
+    file.setAutoRemove(false);
+    return file.fileName().toStdString();
+}
+
+/// A block may have taken minutes to read: it is not lost where a place that could be written
+/// before cannot be any more, as when another program has opened the file.
+void SaveSomewhere(const std::string& path, std::string_view bytes) {
+    try {
+        SaveWhole(path, bytes);
+    } catch (const FileAccessError& error) {
+        const std::string kept = SaveBeside(path, bytes);
+        if (kept.empty()) {
+            throw;
+        }
+        throw FileAccessError(std::string(error.what()) + "; the codes were kept in " + kept);
     }
 }
 
@@ -191,7 +225,7 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     if (stream_ != nullptr) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
-        SaveWhole(name_, text);
+        SaveSomewhere(name_, text);
     } else {
         WriteAll(*device_, text, name_);
     }

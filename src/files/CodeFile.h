@@ -58,7 +58,8 @@ class CodeWriter {
     /// One or the other: an empty `target`, "-" and "/dev/stdout" stand for `standardOutput`.
     CodeWriter(std::string target, std::ostream& standardOutput);
 
-    /// Writes the codes, once. Throws FileAccessError.
+    /// Writes the codes, once. Throws FileAccessError; where a file could not be replaced after
+    /// all, the codes are then in a new one beside it, if possible, which the message names.
     void Write(std::span<const std::int32_t> codes, Notation notation);
 
     /// The place, as messages name it.

@@ -7,6 +7,7 @@
 
 #include "app/ApplicationInfo.h"
 #include "files/FileErrors.h"
+#include "files/FilePath.h"
 
 namespace vx3260 {
 namespace {
@@ -77,7 +78,7 @@ VcdWriter::VcdWriter(const std::string& path, std::string_view scope,
     }
     errno = 0;
     file_.rdbuf()->pubsetbuf(nullptr, 0);
-    file_.open(path, std::ios::binary | std::ios::trunc);
+    file_.open(FilePath(path), std::ios::binary | std::ios::trunc);
     if (!file_) {
         ThrowCannotWrite();
     }
@@ -118,7 +119,7 @@ void VcdWriter::Append(const std::string& text) {
     }
     const int error = errno;
     std::error_code ignored;
-    std::filesystem::resize_file(path_, size_, ignored);
+    std::filesystem::resize_file(FilePath(path_), size_, ignored);
     errno = error;
     ThrowCannotWrite();
 }

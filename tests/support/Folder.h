@@ -2,8 +2,10 @@
 
 #include <QTemporaryDir>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
+
+#include "files/FilePath.h"
 
 namespace vx3260::test {
 
@@ -15,13 +17,15 @@ class Folder {
     }
 
     std::string Make(const std::string& name, const std::string& bytes) const {
-        std::ofstream(Path(name), std::ios::binary) << bytes;
+        std::ofstream(FilePath(Path(name)), std::ios::binary) << bytes;
         return Path(name);
     }
 
     std::string Bytes(const std::string& name) const {
-        std::ifstream file(Path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ifstream file(FilePath(Path(name)), std::ios::binary);
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
     }
 
   private:

@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "files/CodeFile.h"
+#include "support/Errors.h"
+#include "support/Folder.h"
+
+/// Links, pipes, devices, users and full disks.
+namespace vx3260::test {
+namespace {
+
+using Codes = std::vector<std::int32_t>;
+
+TEST(LinuxFiles, OnlyWhatIsAFileIsReplaced) {
+    const Folder folder;
+    folder.Make("old.dat", "a longer content than the new one");
+    std::filesystem::create_symlink("old.dat", folder.Path("link.dat"));
+    CodeWriter(folder.Path("link.dat")).Write(Codes{7}, Notation::Decimal);
+    EXPECT_EQ(folder.Bytes("old.dat"), " 7\n");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.dat")));
+
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+    std::fstream pipe(folder.Path("pipe"));  // both ends, so that no opening waits for the other
+    CodeWriter(folder.Path("pipe")).Write(Codes{8}, Notation::Decimal);
+    std::string line;
+    std::getline(pipe, line);
+    EXPECT_EQ(line, " 8");
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("pipe")));
+
+    ReplaceFile(folder.Path("link.dat"), " 6\n");
+    EXPECT_EQ(folder.Bytes("old.dat"), " 6\n");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.dat")));
+
+    std::FILE* const open = std::fopen(folder.Path("old.dat").c_str(), "a");
+    CodeWriter("/dev/fd/" + std::to_string(fileno(open))).Write(Codes{9}, Notation::Decimal);
+    std::fclose(open);
+    EXPECT_EQ(folder.Bytes("old.dat"), " 6\n 9\n");
+}
+
+TEST(LinuxFiles, AFullOrEndlessDeviceIsTold) {
+    std::ofstream full("/dev/full");
+    EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter("-", full).Write(Codes{1}, {}); }),
+              "cannot write standard output: No space left on device");
+    CodeWriter device("/dev/full");
+    EXPECT_EQ(ErrorOf<FileAccessError>([&] { device.Write(Codes{1}, {}); }),
+              "cannot write /dev/full: No space left on device");
+    EXPECT_EQ(ErrorOf<FileAccessError>([] { ReplaceFile("/dev/full", "1"); }),
+              "/dev/full is a pipe, a device or an open file, no file of its own");
+    EXPECT_EQ(ErrorOf<BadDataError>([] { LoadCodes("/dev/zero", {}); }),
+              "/dev/zero: more than 4194304 bytes; a data file has at most 32767 lines of one code "
+              "each");
+}
+
+/// Prints the error of an action and ends the process, a forked one.
+[[noreturn]] void EndWithErrorOf(const std::function<void()>& action) {
+    std::fputs(ErrorOf<FileAccessError>(action).c_str(), stderr);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+[[noreturn]] void TryAsNobody(const std::function<void()>& action) {
+    constexpr uid_t nobody = 65534;
+    if (setgid(nobody) != 0 || setuid(nobody) != 0) {
+        std::_Exit(EXIT_FAILURE);
+    }
+    EndWithErrorOf(action);
+}
+
+TEST(LinuxFiles, WhatIsForbiddenIsTold) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can become somebody else";
+    }
+    const Folder folder;
+    std::filesystem::permissions(folder.Path("."), std::filesystem::perms{0755});
+    const std::string old = folder.Make("old.dat", "old");
+    std::filesystem::permissions(old, std::filesystem::perms{0600});
+    for (const std::string& path : {old, folder.Path("new.dat")}) {
+        EXPECT_EXIT(TryAsNobody([&] { CodeWriter{path}; }), testing::ExitedWithCode(EXIT_SUCCESS),
+                    "^cannot write .*dat: .*(ermission denied|not writable)");
+    }
+    EXPECT_EXIT(TryAsNobody([&] { LoadCodes(old, Notation::Decimal); }),
+                testing::ExitedWithCode(EXIT_SUCCESS), "^cannot read .*dat: Permission denied");
+    EXPECT_EQ(folder.Bytes("old.dat"), "old");
+}
+
+/// A file that may not grow fails in the middle of a write, as on a full disk.
+[[noreturn]] void TryOnFullDisk(const std::function<void()>& action) {
+    const rlimit limit{100, 100};
+    std::signal(SIGXFSZ, SIG_IGN);
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+        std::_Exit(EXIT_FAILURE);
+    }
+    EndWithErrorOf(action);
+}
+
+TEST(LinuxFiles, AFullDiskLeavesTheOldFile) {
+    const Folder folder;
+    const std::string path = folder.Make("old.dat", "old");
+    EXPECT_EXIT(TryOnFullDisk([&] { CodeWriter(path).Write(Codes(5000, 7), Notation::Decimal); }),
+                testing::ExitedWithCode(EXIT_SUCCESS), "^cannot write .*old.dat: ");
+    EXPECT_EQ(folder.Bytes("old.dat"), "old");
+    const std::filesystem::directory_iterator files(folder.Path(""));
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "a temporary file was left";
+}
+
+}  // namespace
+}  // namespace vx3260::test

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+#undef ReplaceFile  // the system's own
+
+#include <filesystem>
+
+#include "files/CodeFile.h"
+#include "files/FilePath.h"
+#include "support/Errors.h"
+#include "support/Folder.h"
+
+/// What other programs and the owner of a file can forbid.
+namespace vx3260::test {
+namespace {
+
+using Codes = std::vector<std::int32_t>;
+
+/// A file that another program has open and shares with nobody, or for reading only.
+class OpenElsewhere {
+  public:
+    OpenElsewhere(const std::string& path, DWORD shared)
+        : handle_(CreateFileW(FilePath(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    ~OpenElsewhere() { CloseHandle(handle_); }
+    OpenElsewhere(const OpenElsewhere&) = delete;
+    OpenElsewhere(OpenElsewhere&&) = delete;
+    OpenElsewhere& operator=(const OpenElsewhere&) = delete;
+    OpenElsewhere& operator=(OpenElsewhere&&) = delete;
+
+  private:
+    HANDLE handle_;
+};
+
+TEST(WindowsFiles, AFileInUseStaysAndTheCodesAreKept) {
+    const Folder folder;
+    const std::string path = folder.Make("ä 測.dat", " 1\n");
+    CodeWriter writer(path);
+    {
+        const OpenElsewhere open(path, FILE_SHARE_READ);
+        EXPECT_EQ(LoadCodes(path, Notation::Decimal), Codes{1}) << "reading is shared";
+        const std::string saving = ErrorOf<FileAccessError>([&] { ReplaceFile(path, " 2\n"); });
+        EXPECT_TRUE(saving.starts_with("cannot write " + path + ": ")) << saving;
+        const std::string error =
+            ErrorOf<FileAccessError>([&] { writer.Write(Codes{3}, Notation::Decimal); });
+        const std::size_t name = error.find("; the codes were kept in ");
+        ASSERT_NE(name, std::string::npos) << error;
+        EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal), Codes{3});
+    }
+    EXPECT_EQ(folder.Bytes("ä 測.dat"), " 1\n");
+    {
+        const OpenElsewhere open(path, 0);
+        const std::string error =
+            ErrorOf<FileAccessError>([&] { LoadCodes(path, Notation::Decimal); });
+        EXPECT_TRUE(error.starts_with("cannot read " + path + ": ")) << error;
+    }
+    writer.Write(Codes{4}, Notation::Decimal);
+    EXPECT_EQ(folder.Bytes("ä 測.dat"), " 4\n");
+}
+
+TEST(WindowsFiles, WhatIsReadOnlyStays) {
+    const Folder folder;
+    const std::string path = folder.Make("x.dat", "old");
+    SetFileAttributesW(FilePath(path).c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter{path}; }),
+              "cannot write " + path + ": Existing file " + path + " is not writable");
+    EXPECT_EQ(folder.Bytes("x.dat"), "old");
+    SetFileAttributesW(FilePath(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+}  // namespace
+}  // namespace vx3260::test
