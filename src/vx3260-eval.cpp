@@ -1,10 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <algorithm>
-#include <cstdio>
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -26,14 +26,41 @@ namespace {
 
 using namespace vx3260;
 
+/// What the program tells without a form: on the terminal, or where there is none in a box.
+class Teller {
+  public:
+    Teller(const Console& console, int& argc, char** argv)
+        : console_(console), argc_(argc), argv_(argv) {}
+
+    void Tell(const std::string& text, MessageIcon icon) const {
+        if (console_.errIsSeen) {
+            (icon == MessageIcon::Critical ? std::cerr : std::cout) << text << std::flush;
+            return;
+        }
+        std::optional<QApplication> application;
+        if (QApplication::instance() == nullptr) {
+            application.emplace(argc_, argv_);
+        }
+        std::ostringstream unseen;
+        QtMessageBoxes(unseen).Show({.text = text, .icon = icon});
+    }
+
+  private:
+    const Console& console_;
+    int& argc_;
+    char** argv_;
+};
+
 /// Fills in the port choice from the command line. An exit code where the program ends with that:
 /// after --help or --version, or because of an error, which has been told.
-std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice) {
+std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice,
+                         const Teller& teller) {
     CLI::App app{std::string(ApplicationTitle)};
     app.set_version_flag("--version", std::string(VersionText));
     app.footer("/SS anywhere in the command line shows the system and the port address.");
     AddPortOptions(app, choice);
     app.allow_extras();
+    app.allow_windows_style_options(false);  // the same words on every system
     try {
         // The parser takes its words from the end of the list.
         std::reverse(arguments.begin(), arguments.end());
@@ -44,15 +71,18 @@ std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice)
             }
         }
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
+        std::ostringstream text;
+        const bool well = app.exit(error, text, text) == 0;
+        teller.Tell(text.str(), well ? MessageIcon::Information : MessageIcon::Critical);
+        return well ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
     }
     return std::nullopt;
 }
 
-int Run(int argc, char** argv) {
+int Run(int& argc, char** argv, const Teller& teller) {
     MachineSystem system(argc, argv);
     PortChoice choice;
-    if (const std::optional<int> exitCode = Parse(system.Arguments(), choice)) {
+    if (const std::optional<int> exitCode = Parse(system.Arguments(), choice, teller)) {
         return *exitCode;
     }
     const QApplication application(argc, argv);
@@ -66,20 +96,21 @@ int Run(int argc, char** argv) {
     return 0;
 }
 
-int End(const std::exception& error, ExitCode code) {
-    std::fprintf(stderr, "vx3260-eval: %s\n", error.what());
+int End(const std::exception& error, ExitCode code, const Teller& teller) {
+    teller.Tell("vx3260-eval: " + std::string(error.what()) + "\n", MessageIcon::Critical);
     return static_cast<int>(code);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    PrepareConsole();
+    const Console console = PrepareConsole();
+    const Teller teller(console, argc, argv);
     try {
-        return Run(argc, argv);
+        return Run(argc, argv, teller);
     } catch (const FileAccessError& error) {
-        return End(error, ExitCode::FileNotAccessible);
+        return End(error, ExitCode::FileNotAccessible, teller);
     } catch (const std::exception& error) {
-        return End(error, ExitCode::UnexpectedError);
+        return End(error, ExitCode::UnexpectedError, teller);
     }
 }

@@ -19,6 +19,7 @@ namespace vx3260 {
 CommandSet::CommandSet(CLI::App& parser) {
     // Before the commands, which inherit it: options of the program may follow a command.
     parser.fallthrough();
+    parser.allow_windows_style_options(false);  // the same words on every system
     parser.allow_extras();
     parser.require_subcommand(0, 1);
     // Asked for last, so that a command that does not exist is named by then.
