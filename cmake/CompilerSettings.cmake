@@ -1,10 +1,12 @@
 # What every target of this project is compiled with, as the interface target vx3260_settings.
 add_library(vx3260_settings INTERFACE)
-target_compile_options(vx3260_settings INTERFACE
+set(warnings
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
     -Werror
-    -Wno-restrict  # GCC 12 sees overlaps in "text" + std::string that are not there
+    -Wno-restrict)  # GCC 12 sees overlaps in "text" + std::string that are not there
+target_compile_options(vx3260_settings INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:${warnings}>
     $<$<CONFIG:Debug>:-D_GLIBCXX_ASSERTIONS>)
 if(VX3260_SANITIZERS)
     target_compile_options(vx3260_settings INTERFACE
