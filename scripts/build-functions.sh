@@ -1,10 +1,12 @@
-# Sourced by run.sh, test.sh and .ci/run: what has to be installed, and quiet building.
+# Sourced by the scripts: what has to be installed, and quiet building.
 # shellcheck shell=bash disable=SC2034
 
 buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli umockdev)
 windowsPackages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 googletest)
+windowsProgramPackages=("${buildPackages[@]}" "${windowsPackages[@]}" qt6-base-dev-tools dpkg-dev
+    fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 machinePackages=(qemu-system-x86 busybox-static)
@@ -49,9 +51,26 @@ NameNeededPackages() {
     Say "differently): ${neededPackages[*]}"
 }
 
-# Build PRESET [TARGET]: configures and builds; says nothing when nothing is to do.
+# Programs for Windows run under wine, with a system folder of this project's own.
+UseWine() {
+    export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
+    mkdir -p "$WINEPREFIX"
+}
+
+# Wine has none of the fonts that Windows has for dialogs and for figures.
+GiveWineFonts() {
+    local pair
+    for pair in 'MS Shell Dlg=DejaVu Sans' 'MS Shell Dlg 2=DejaVu Sans' \
+        'Courier New=DejaVu Sans Mono'; do
+        wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${pair%=*}" /d "${pair#*=}" /f
+    done >/dev/null 2>&1
+}
+
+# Build PRESET [TARGET [OPTION...]]: configures, with these options, and builds; says nothing when
+# nothing is to do.
 Build() {
     local preset=$1 directory=build/$1 target=${2:-all}
+    local options=("${@:3}")
     local tool log
     for tool in cmake ninja c++; do
         if ! command -v "$tool" >/dev/null; then
@@ -64,7 +83,7 @@ Build() {
         Say "Configuring $directory ..."
         mkdir -p "$directory"
         log=$directory/configure.log
-        if ! cmake --preset "$preset" >"$log" 2>&1; then
+        if ! cmake --preset "$preset" "${options[@]}" >"$log" 2>&1; then
             cat "$log" >&2
             NameNeededPackages
             return 1

@@ -6,8 +6,7 @@ cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
 InstallMissing "${windowsPackages[@]}"
-export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
-mkdir -p "$WINEPREFIX"
+UseWine
 Build windows
 # All in one process: wine takes longer to start than they do to run.
 exec wine build/windows/bin/tests-core.exe "$@"

@@ -1,0 +1,171 @@
+#!/usr/bin/env bash
+# Goes through the main job with the packed programs for Windows, under wine and by keyboard, in the
+# display that it is started in: on the simulated board, on the stand-in for the port library, and
+# without either. Leaves pictures. Called by build-windows.sh.
+set -euo pipefail
+zip=$1 library=$2 pictures=$(realpath -m "$3")
+source scripts/build-functions.sh
+
+UseWine
+export LC_ALL=C.UTF-8  # wine takes the names of files from it
+place=$(realpath "$(dirname "$zip")")/tried
+rm -rf "$place" "$pictures"
+mkdir -p "$place" "$pictures"
+unzip -q "$zip" -d "$place"
+# Names that no 8-bit code page has all the letters of.
+mv "$place"/* "$place/Prüfung 測定"
+cd "$place/Prüfung 測定"
+
+Fail() {
+    import -window root "$pictures/failed.png"
+    Say "$1; see $pictures/failed.png."
+    exit 1
+}
+
+# Window TITLE: waits for the window and gives it the keyboard.
+Window() {
+    local id
+    if ! id=$(timeout 60 xdotool search --sync --onlyvisible --name "$1" | tail -n 1) ||
+        ! timeout 20 xdotool windowactivate --sync "$id"; then
+        Fail "There is no window \"$1\""
+    fi
+    Settle
+}
+
+# Waits until the screen stays as it is.
+Settle() {
+    local before='' now tries
+    for ((tries = 0; tries < 100; ++tries)); do
+        sleep 0.15
+        now=$(import -window root rgb:- | sha256sum)
+        [ "$now" != "$before" ] || return 0
+        before=$now
+    done
+    Fail 'The screen does not come to rest'
+}
+
+Press() {
+    local key
+    for key in "$@"; do
+        xdotool key --clearmodifiers "$key"
+        Settle
+    done
+}
+
+Picture() {
+    import -window root "$pictures/$1.png"
+}
+
+# EnterPath NAME: into the data file form.
+EnterPath() {
+    xdotool key --clearmodifiers alt+n ctrl+a
+    xdotool type --clearmodifiers "$1"
+    Settle
+}
+
+Start() {
+    Say "Trying vx3260-eval.exe $* ..."
+    wine ./vx3260-eval.exe "$@" &
+    program=$!
+}
+
+Quit() {
+    Press alt+q
+    Window '^VX3260 Evaluation Software$'
+    xdotool key --clearmodifiers alt+y
+    wait "$program" || Fail "vx3260-eval.exe ended with $?"
+}
+
+# ReadBlock PICTURE: from the main menu and back to it.
+ReadBlock() {
+    Press alt+m
+    Window 'Read Data From Main'
+    Press alt+r
+    Picture "$1"
+}
+
+# SaveBlock NAME PICTURE
+SaveBlock() {
+    Window 'Main Menu'
+    Press alt+w
+    Window 'Write to File'
+    EnterPath "$1"
+    Press alt+w
+    Picture "$2"
+    [ "$(wc -l <"$1")" -eq 200 ] || Fail "$1 has not 200 codes"
+    Press alt+a
+    Window 'Main Menu'
+}
+
+# What of wine still runs belongs to another display.
+wineserver -k || true
+openbox 2>"$place/openbox.log" &
+windowManager=$!
+trap 'wineserver -k || true; kill $windowManager' EXIT
+
+Start --simulated
+Window 'Main Menu'
+Picture 1-main-menu
+Press space
+Window 'Program Menu'
+Press alt+m
+Window 'Program Mode Register'
+Picture 2-mode
+Press alt+a
+Window 'Program Menu'
+Press alt+a
+Window 'Main Menu'
+ReadBlock 3-read-main
+Press alt+n
+Window 'Noise Analysis'
+Picture 4-noise
+Press alt+h
+Window 'Histogram'
+Picture 5-histogram
+Press alt+a
+Window 'Noise Analysis'
+Press alt+g
+Window 'Plot of Codes'
+Picture 6-plot
+Press alt+a
+Window 'Noise Analysis'
+Press alt+a
+Window 'Read Data From Main'
+Press alt+a
+SaveBlock block.dat 7-write
+Quit
+
+Start --simulated
+Window 'Main Menu'
+Press alt+r
+Window 'Read from File'
+EnterPath block.dat
+Press alt+r
+Picture 8-read
+Press alt+a
+Window 'Main Menu'
+Press alt+n
+Window 'Noise Analysis'
+Picture 9-noise-of-file
+Press alt+a
+SaveBlock again.dat 10-write-again
+Quit
+cmp block.dat again.dat || Fail 'The block is not the same after it was saved and loaded'
+wine ./vx3260-cli.exe noise main block.dat --range 7 --polarity bipolar >noise.txt ||
+    Fail 'vx3260-cli.exe could not analyse the saved block'
+
+Start
+Window 'Evaluation Software|GetPortAddress'
+Picture 11-no-library
+Press Return Return
+Window 'Main Menu'
+Quit
+
+cp "$OLDPWD/$library" parllio.dll
+Start --trace t.vcd
+Window 'Main Menu'
+ReadBlock 12-read-main-by-library
+Press alt+a
+SaveBlock library.dat 13-write-by-library
+Quit
+grep -q 'main-data\\040=\\040' t.vcd || Fail 'The trace has no code'
