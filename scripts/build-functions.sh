@@ -4,8 +4,9 @@
 buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli umockdev)
-windowsPackages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 googletest)
-windowsProgramPackages=("${buildPackages[@]}" "${windowsPackages[@]}" qt6-base-dev-tools dpkg-dev
+windowsTools=(g++-mingw-w64-x86-64-posix wine wine64 googletest)
+windowsPackages=(g++ cmake ninja-build "${windowsTools[@]}")
+windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-tools dpkg-dev
     fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)

@@ -169,3 +169,9 @@ Press alt+a
 SaveBlock library.dat 13-write-by-library
 Quit
 grep -q 'main-data\\040=\\040' t.vcd || Fail 'The trace has no code'
+
+# As from the desktop, without a terminal.
+wine start /unix ./vx3260-eval.exe --help >/dev/null 2>&1 <&-
+Window '^VX3260 Evaluation Software$'
+Picture 14-help-in-a-box
+Press Return

@@ -26,7 +26,10 @@ namespace {
 
 using namespace vx3260;
 
-/// What the program tells without a form: on the terminal, or where there is none in a box.
+constexpr const char* programName = "vx3260-eval";
+
+/// What the program tells before or after its forms: on the terminal, or where there is none in a
+/// box.
 class Teller {
   public:
     Teller(const Console& console, int& argc, char** argv)
@@ -37,10 +40,8 @@ class Teller {
             (icon == MessageIcon::Critical ? std::cerr : std::cout) << text << std::flush;
             return;
         }
-        std::optional<QApplication> application;
-        if (QApplication::instance() == nullptr) {
-            application.emplace(argc_, argv_);
-        }
+        const QApplication application(argc_, argv_);
+        QApplication::setWindowIcon(ApplicationIcon());
         std::ostringstream unseen;
         QtMessageBoxes(unseen).Show({.text = text, .icon = icon});
     }
@@ -55,7 +56,7 @@ class Teller {
 /// after --help or --version, or because of an error, which has been told.
 std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice,
                          const Teller& teller) {
-    CLI::App app{std::string(ApplicationTitle)};
+    CLI::App app{std::string(ApplicationTitle), programName};
     app.set_version_flag("--version", std::string(VersionText));
     app.footer("/SS anywhere in the command line shows the system and the port address.");
     AddPortOptions(app, choice);
@@ -97,7 +98,7 @@ int Run(int& argc, char** argv, const Teller& teller) {
 }
 
 int End(const std::exception& error, ExitCode code, const Teller& teller) {
-    teller.Tell("vx3260-eval: " + std::string(error.what()) + "\n", MessageIcon::Critical);
+    teller.Tell(std::string(programName) + ": " + error.what() + "\n", MessageIcon::Critical);
     return static_cast<int>(code);
 }
 

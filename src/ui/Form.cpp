@@ -57,8 +57,9 @@ void Form::showEvent(QShowEvent* event) {
     const QRect onScreen = screen()->geometry();
     const QSize frame = frameGeometry().size() - size();
     resize(size().boundedTo(screen()->availableGeometry().size() - frame));
-    move(onScreen.left() + std::max(0, (onScreen.width() - width()) / 2),
-         onScreen.top() + std::max(0, (onScreen.height() - height()) / 2));
+    const QSize whole = size() + frame;
+    move(onScreen.left() + std::max(0, (onScreen.width() - whole.width()) / 2),
+         onScreen.top() + std::max(0, (onScreen.height() - whole.height()) / 2));
 }
 
 void Form::OnSelected(QAbstractButton* option, const std::function<void()>& handler) {

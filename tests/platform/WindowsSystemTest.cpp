@@ -65,7 +65,7 @@ TEST_F(WindowsSystemTest, FindsFilesAndStartsPrograms) {
     std::filesystem::remove(file);
     EXPECT_FALSE(system.FileExists(ToUtf8(file.wstring())));
     EXPECT_FALSE(system.StartProgram({"C:\\there is no such program.exe"}));
-    EXPECT_TRUE(system.StartProgram({"C:\\windows\\system32\\cmd.exe", "/c", "exit"}));
+    EXPECT_TRUE(system.StartProgram({"C:\\windows\\system32\\regsvr32.exe", "/s"}));
 }
 
 }  // namespace

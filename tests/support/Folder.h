@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <fstream>
 #include <sstream>
@@ -12,8 +13,10 @@ namespace vx3260::test {
 /// A folder of files that goes with the test.
 class Folder {
   public:
+    /// As the system writes it.
     std::string Path(const std::string& name) const {
-        return folder_.filePath(QString::fromStdString(name)).toStdString();
+        return QDir::toNativeSeparators(folder_.filePath(QString::fromStdString(name)))
+            .toStdString();
     }
 
     std::string Make(const std::string& name, const std::string& bytes) const {
