@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "cli/CliRun.h"
 #include "support/Folder.h"
 
@@ -45,12 +47,11 @@ TEST_F(Script, SettingsReachTheirBits) {
     }
 }
 
-/// As an input, P3 is high and P4 low on this board.
+/// As an input, P3 is high on this board, whatever was written.
 TEST_F(Script, ThePinLevelOfAnInputIsNotWhatWasWritten) {
     EXPECT_EQ(Run("set io-control p3-direction=output p3=low p3-direction=input").out,
               "io-control: 0x0004 -> 0x0044\nio-control: 0x0044 -> 0x0040\n"
               "io-control: 0x0040 -> 0x0004\n");
-    EXPECT_EQ(Run("set io-control p4-direction=output p4=high p4-direction=0").exitCode, 0);
 }
 
 TEST_F(Script, NothingIsWrittenBeforeAllHasBeenChecked) {
@@ -62,12 +63,8 @@ TEST_F(Script, NothingIsWrittenBeforeAllHasBeenChecked) {
 
 double MeanOf(const std::string& codes) {
     std::istringstream words(codes);
-    double sum = 0;
-    int count = 0;
-    for (double code = 0; words >> code; ++count) {
-        sum += code;
-    }
-    return sum / count;
+    const std::vector<double> values{std::istream_iterator<double>(words), {}};
+    return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
 }
 
 /// Shorted inputs read as mid-scale once the offset is gone, 20 mV as 65536 codes above it once the
@@ -93,18 +90,11 @@ TEST_F(Script, CalibratingTakesOffsetAndGainErrorAway) {
 
 /// 1.5 V of 2.5 V, with the board's offset and gain error: a code above half of 16 bits.
 TEST_F(Script, AuxCodesAreTheSameInEitherNotation) {
-    const std::string output = "read aux --count 20 --output ";
-    const Outcome outcome = Run("set aux-control channel=ain3\n" + output + folder.Path("dec") +
-                                "\n" + output + folder.Path("hex") + " --hex");
-    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    const Outcome outcome = Run("set aux-control channel=ain3\nread aux --count 20 --output " +
+                                folder.Path("dec") + "\nread aux --count 20 --hex");
     EXPECT_TRUE(Has(outcome.err, "Reading 20 codes from the Aux ADC"));
-    EXPECT_TRUE(folder.Bytes("dec").starts_with(" 39"));
-    EXPECT_TRUE(folder.Bytes("hex").starts_with("99"));
-    for (const char* const file : {"dec", "hex --hex"}) {
-        const QJsonObject report = Parsed(RunProgram(
-            "noise aux --full-scale full --polarity unipolar --format json " + folder.Path(file)));
-        EXPECT_NEAR(report["values"]["meanCodes"].toDouble(), 39321.6 * 0.996 + 131, 2) << file;
-    }
+    EXPECT_NEAR(MeanOf(folder.Bytes("dec")), 39321.6 * 0.996 + 131, 2);
+    EXPECT_TRUE(Has(outcome.out, "\n99"));
 }
 
 TEST_F(Script, CalibratingConcernsTheEnabledConvertersOnly) {
@@ -112,9 +102,11 @@ TEST_F(Script, CalibratingConcernsTheEnabledConvertersOnly) {
     EXPECT_TRUE(Has(one.out, "aux-zero: 0x8000 -> 0x"));
     EXPECT_FALSE(Has(one.out, "main-zero"));
     EXPECT_TRUE(Has(one.err, "Please Connect a Zero Scale signal to the Analog Input\n"));
-    const Outcome none = Run("reset hardware\ncalibrate internal-zero");
-    EXPECT_EQ(none.exitCode, static_cast<int>(ExitCode::ConverterDisabled));
-    EXPECT_EQ(none.out, "");
+    for (const std::string command : {"calibrate internal-zero", "read aux"}) {
+        const Outcome none = Run("reset hardware\n" + command);
+        EXPECT_EQ(none.exitCode, static_cast<int>(ExitCode::ConverterDisabled));
+        EXPECT_EQ(none.out, "");
+    }
 }
 
 TEST_F(Script, HasOneBoardAndTextOfAnyOrigin) {
