@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
@@ -19,7 +20,7 @@
 #include "link/RegisterFields.h"
 #include "ports/OpenPort.h"
 #include "support/FakeParport.h"
-#include "support/Recorders.h"
+#include "support/SimulatedBench.h"
 
 namespace vx3260::test {
 namespace {
@@ -32,11 +33,6 @@ class PpdevPortTest : public testing::Test {
         services = std::make_unique<Services>(Services{port, messages, system, state});
         vx3260::StartUp(*services);
         parport.Forget();
-    }
-    /// A contents of the register that differs from `before` and starts nothing.
-    static std::int32_t Changed(const RegisterMap::RegisterDescription& reg, std::int32_t before) {
-        const bool mode = reg.access.readByte == RegisterMap::Mode.readByte;
-        return mode ? before ^ 0x50 : before ^ 0x11;
     }
     ReadingEnd ReadBlock(Converter converter, std::int16_t size) {
         ConverterReader reader(services->port, state.PortAddress, converter);
@@ -51,27 +47,23 @@ class PpdevPortTest : public testing::Test {
     std::unique_ptr<Services> services;
 };
 
-TEST_F(PpdevPortTest, StartsUpOnTheFirstPort) {
+TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
     PpdevPort port("", noPollTime);
     StartUp(port);
-    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(messages.Take(), "");
     EXPECT_EQ(state.PortCount, 1);
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(parport.Board().Read(2), 0x04) << "of 0C bits 0, 1, 3 and 5 are cleared";
-}
-
-TEST_F(PpdevPortTest, ReadsAndWritesEveryRegister) {
-    PpdevPort port("", noPollTime);
-    StartUp(port);
-    parport.Board().Chip().Preset(1, 0);  // power-down: all registers take writes
+    SimulatedChip& chip = parport.Board().Chip();
+    chip.Preset(1, 0);  // power-down: all registers take writes
     for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        const auto address = static_cast<unsigned>(description.access.readByte & 0x0F);
         Register reg(port, state.PortAddress, description.access);
-        const auto before = static_cast<std::int32_t>(reg.ReadReg());
-        EXPECT_EQ(before, static_cast<std::int32_t>(parport.Board().Chip().Contents(
-                              static_cast<unsigned>(description.access.readByte & 0x0F))))
-            << description.name;
+        const double before = reg.ReadReg();
+        EXPECT_EQ(before, chip.Contents(address)) << description.name;
         if (description.access.writeByte != 0) {
-            reg.RegValue = Changed(description, before);
+            // Different, and starting nothing.
+            reg.RegValue = static_cast<std::int32_t>(before) ^ (address == 1 ? 0x50 : 0x11);
             reg.WriteReg();
             EXPECT_EQ(reg.ReadReg(), reg.RegValue) << description.name;
         }
@@ -100,35 +92,21 @@ TEST_F(PpdevPortTest, ReadsBlocksOfBothConverters) {
     PpdevPort port("", noPollTime);
     StartUp(port);
     EXPECT_EQ(ReadBlock(Converter::Main, 3), ReadingEnd::Complete);
-    EXPECT_NEAR(state.MainCodes.at(2), 8388608 * (1 + 0.01 * 0.996 / 2.56 + 0.002), 99);
+    EXPECT_NEAR(state.MainCodes.at(2), mainCodeAtStart, 99);
     EXPECT_EQ(ReadBlock(Converter::Aux, 3), ReadingEnd::Complete);
-    EXPECT_NEAR(state.AuxCodes.at(2), 65536 * (0.29815 * 0.996 / 2.5 + 0.002), 99);
+    EXPECT_NEAR(state.AuxCodes.at(2), auxCodeAtStart, 99);
 }
 
 TEST_F(PpdevPortTest, SpendsOneIoctlAnAccess) {
     PpdevPort port("", noPollTime);
     StartUp(port);
-    Register mode(port, state.PortAddress, RegisterMap::Mode);
     Register io(port, state.PortAddress, RegisterMap::IOControl);
-    ReadData data(port, state.PortAddress, RegisterMap::MainData);
-    const struct {
-        std::function<void()> access;
-        int writes;
-        int reads;
-    } cases[] = {
-        {[&] { mode.ReadReg(); }, 25 + 17, 8},
-        {[&] { io.ReadReg(); }, 25 + 33, 16},
-        {[&] { io.WriteReg(); }, 25 + 49, 0},
-    };
-    for (const auto& c : cases) {
-        parport.Forget();
-        c.access();
-        EXPECT_EQ(parport.Count(PPWDATA), c.writes);
-        EXPECT_EQ(parport.Count(PPRSTATUS), c.reads);
-        EXPECT_EQ(parport.Count(), c.writes + c.reads) << "other ioctls";
-    }
+    io.ReadReg();
+    EXPECT_EQ(parport.Count(PPWDATA), 25 + 33);
+    EXPECT_EQ(parport.Count(PPRSTATUS), 16);
+    EXPECT_EQ(parport.Count(), 25 + 33 + 16) << "other ioctls";
     parport.Forget();
-    data.Read();
+    ReadData(port, state.PortAddress, RegisterMap::MainData).Read();
     EXPECT_EQ(parport.Count(PPWDATA), 25 + 1 + 48);
     EXPECT_GT(parport.Count(PPRSTATUS), 24) << "24 bits and the polls";
     EXPECT_EQ(parport.Count(), parport.Count(PPWDATA) + parport.Count(PPRSTATUS));
@@ -137,14 +115,12 @@ TEST_F(PpdevPortTest, SpendsOneIoctlAnAccess) {
 TEST_F(PpdevPortTest, TurnsTheDataLinesByAnIoctlOfItsOwn) {
     PpdevPort port("", noPollTime);
     StartUp(port);
-    const struct {
-        std::int16_t written;
-        std::int16_t read;
-    } cases[] = {{0xFF, 0x2F}, {0x04, 0x04}, {0x24, 0x24}, {0x00, 0x00}};
-    for (const auto& c : cases) {
-        port.OutByte(890, c.written);
-        EXPECT_EQ(port.InByte(890), c.read);
-        EXPECT_EQ(parport.Board().Read(2), c.read);
+    const std::pair<std::int16_t, std::int16_t> cases[] = {
+        {0xFF, 0x2F}, {0x04, 0x04}, {0x24, 0x24}, {0x00, 0x00}};
+    for (const auto& [written, read] : cases) {
+        port.OutByte(890, written);
+        EXPECT_EQ(port.InByte(890), read);
+        EXPECT_EQ(parport.Board().Read(2), read);
     }
     port.OutByte(888, 0x1B);
     EXPECT_EQ(port.InByte(888), 0x1B);
@@ -157,8 +133,7 @@ TEST_F(PpdevPortTest, ReachesOnlyItsOwnAddressesOnceItIsClaimed) {
     EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
     EXPECT_EQ(port.ClaimParallelPort(1, -1), 1);
     parport.Forget();
-    for (const int number : {632, 887, 891, -888}) {
-        const auto address = static_cast<std::int16_t>(number);
+    for (const std::int16_t address : std::array<std::int16_t, 4>{632, 887, 891, -888}) {
         port.OutByte(address, 0);
         EXPECT_EQ(port.InByte(address), 0xFF) << address;
     }
@@ -166,51 +141,40 @@ TEST_F(PpdevPortTest, ReachesOnlyItsOwnAddressesOnceItIsClaimed) {
 }
 
 TEST(PpdevPort, ReportsTheAddressesOfTheMenu) {
-    const struct {
-        const char* kernel;
-        std::int32_t reported;
-    } cases[] = {
+    const std::pair<const char*, std::int32_t> cases[] = {
         {"888\t1912", 888}, {"632\t0", 632}, {"956\t0", 956}, {"57344\t57352", 888}, {"", 888}};
-    for (const auto& c : cases) {
-        const FakeParport parport(c.kernel, 2);
+    for (const auto& [kernel, reported] : cases) {
+        const FakeParport parport(kernel, 2);
         PpdevPort port("", noPollTime);
         ParallelPortInfo info;
         EXPECT_EQ(port.GetParallelPortInfo(1, info), 1);
-        EXPECT_EQ(info.address, c.reported) << c.kernel;
+        EXPECT_EQ(info.address, reported) << kernel;
         EXPECT_EQ(port.GetParallelPortInfo(2, info), 0);
     }
 }
 
 TEST_F(PpdevPortTest, TellsWhyItCannotBeClaimed) {
-    const struct {
-        const char* path;
-        unsigned long request;
-        int error;
-        const char* detail;
-    } cases[] = {
+    const std::tuple<const char*, unsigned long, int, const char*> cases[] = {
         {"/dev/parport7", 0, 0, "There is no /dev/parport7."},
         {"", PPCLAIM, EBUSY, "/dev/parport0 cannot be claimed: Device or resource busy."},
-        {"", PPCLAIM, ENXIO, "/dev/parport0 cannot be claimed: No such device or address."},
         {"", PPEXCL, EIO, "/dev/parport0 cannot be claimed: Input/output error."},
     };
-    for (const auto& c : cases) {
-        parport.Fail(PPEXCL, 0);
+    for (const auto& [path, request, error, detail] : cases) {
         parport.Fail(PPCLAIM, 0);
-        parport.Fail(c.request, c.error);
-        messages.shown.clear();
-        PpdevPort port(c.path, noPollTime);
+        parport.Fail(request, error);
+        PpdevPort port(path, noPollTime);
         StartUp(port);
-        ASSERT_FALSE(messages.shown.empty());
-        EXPECT_EQ(messages.shown[0].text, "claim parallel port failed");
-        EXPECT_TRUE(messages.shown[0].detail.starts_with(c.detail)) << messages.shown[0].detail;
+        const std::string told = messages.shown.at(0).detail;
+        EXPECT_TRUE(told.starts_with(detail)) << told;
+        EXPECT_TRUE(messages.Take().starts_with("Plain: claim parallel port failed"));
         EXPECT_EQ(port.InByte(889), 0xFF);
     }
 }
 
 TEST_F(PpdevPortTest, NamesTheDriverThatHoldsThePort) {
-    std::filesystem::create_directories(
-        parport.Real("/proc/sys/dev/parport/parport0/devices/active"));
-    std::filesystem::create_directories(parport.Real("/proc/sys/dev/parport/parport0/devices/lp"));
+    const std::string devices = parport.Real("/proc/sys/dev/parport/parport0/devices");
+    std::filesystem::create_directories(devices + "/active");
+    std::filesystem::create_directories(devices + "/lp");
     parport.Fail(PPCLAIM, ENXIO);
     PpdevPort port("", noPollTime);
     EXPECT_EQ(port.ClaimParallelPort(1, -1), 0);
@@ -254,25 +218,16 @@ TEST_F(PpdevPortTest, IsListedWithWhatStandsInItsWay) {
 }
 
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
-    const std::pair<int, const char*> errors[] = {{ENODEV, "No such device"},
-                                                  {EIO, "Input/output error"},
-                                                  {EBUSY, "Device or resource busy"},
-                                                  {EACCES, "Permission denied"},
-                                                  {ENOENT, "No such file or directory"}};
-    for (const auto& [error, reason] : errors) {
-        PpdevPort port("", noPollTime);
-        parport.Fail(PPRSTATUS, 0);
-        StartUp(port);
-        parport.Fail(PPRSTATUS, error, 100);
-        state.MainCodeCount = 0;
-        EXPECT_EQ(ReadBlock(Converter::Main, 50), ReadingEnd::TimedOut);
-        EXPECT_GE(state.MainCodeCount, 1);
-        EXPECT_LT(parport.Count(PPRSTATUS), 200) << "tried on and on";
-        EXPECT_EQ(port.FailureDetail(), std::string("/dev/parport0 stopped working: ") + reason +
-                                            ". Check the port's card and start the program again.");
-        EXPECT_EQ(port.ClaimParallelPort(1, -1), 1) << "claimed already";
-        EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
-    }
+    PpdevPort port("", noPollTime);
+    StartUp(port);
+    parport.Fail(PPRSTATUS, ENODEV, 100);
+    EXPECT_EQ(ReadBlock(Converter::Main, 50), ReadingEnd::TimedOut);
+    EXPECT_GE(state.MainCodeCount, 1);
+    EXPECT_LT(parport.Count(PPRSTATUS), 200) << "tried on and on";
+    EXPECT_EQ(port.FailureDetail(),
+              "/dev/parport0 stopped working: No such device. Check the port's card and start the "
+              "program again.");
+    EXPECT_EQ(port.ClaimParallelPort(1, -1), 1) << "claimed already";
 }
 
 TEST_F(PpdevPortTest, LetsAReadTakeItsTime) {

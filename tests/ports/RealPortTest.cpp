@@ -14,6 +14,7 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -82,72 +83,65 @@ std::string ClaimAndTell(PortMethod method) {
     return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
 }
 
-/// What a claim tells an ordinary user of one group.
-std::string ClaimAsNobody(gid_t group, PortMethod method) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(pipe(ends.data()), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        const bool dropped =
-            setgroups(0, nullptr) == 0 && setgid(group) == 0 && setuid(nobody) == 0;
-        const std::string told = dropped ? ClaimAndTell(method) : "still the superuser";
-        const ssize_t written = write(ends[1], told.data(), told.size());
-        _exit(written == static_cast<ssize_t>(told.size()) ? 0 : 1);
-    }
-    close(ends[1]);
-    std::string told(4096, '\0');
-    const ssize_t length = read(ends[0], told.data(), told.size());
-    close(ends[0]);
-    EXPECT_EQ(waitpid(child, nullptr, 0), child);
-    told.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    return told;
-}
-
-/// Another process, "plotter", which holds the port until it is killed.
-class Holder {
+/// A process of its own, killed with this, and what it tells.
+class Process {
   public:
-    explicit Holder(bool exclusive) {
+    explicit Process(const std::function<std::string()>& tell) {
         std::array<int, 2> ends{};
         EXPECT_EQ(pipe(ends.data()), 0);
-        process_ = fork();
-        if (process_ == -1) {
+        id_ = fork();
+        if (id_ == -1) {
             throw std::runtime_error("no second process");
         }
-        if (process_ == 0) {
-            Hold(exclusive, ends[1]);
+        if (id_ == 0) {
+            const std::string told = tell();
+            if (write(ends[1], told.data(), told.size()) == -1) {
+                _exit(1);
+            }
+            for (;;) {
+                pause();
+            }
         }
         close(ends[1]);
-        char holds = 0;
-        EXPECT_EQ(read(ends[0], &holds, 1), 1) << "the other process cannot claim the port";
+        told_.resize(4096);
+        const ssize_t length = read(ends[0], told_.data(), told_.size());
         close(ends[0]);
+        told_.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     }
-    ~Holder() {
-        kill(process_, SIGKILL);
-        waitpid(process_, nullptr, 0);
+    ~Process() {
+        kill(id_, SIGKILL);
+        waitpid(id_, nullptr, 0);
     }
-    Holder(const Holder&) = delete;
-    Holder(Holder&&) = delete;
-    Holder& operator=(const Holder&) = delete;
-    Holder& operator=(Holder&&) = delete;
+    Process(const Process&) = delete;
+    Process(Process&&) = delete;
+    Process& operator=(const Process&) = delete;
+    Process& operator=(Process&&) = delete;
 
-    std::string Name() const { return "process " + std::to_string(process_) + " (plotter)"; }
+    pid_t Id() const { return id_; }
+    const std::string& Told() const { return told_; }
 
   private:
-    [[noreturn]] static void Hold(bool exclusive, int report) {
-        prctl(PR_SET_NAME, "plotter");
-        const int device = open(devicePath, O_RDWR);
-        const bool holds =
-            (!exclusive || ioctl(device, PPEXCL) == 0) && ioctl(device, PPCLAIM) == 0;
-        if (!holds || write(report, "", 1) != 1) {
-            _exit(1);
-        }
-        for (;;) {
-            pause();
-        }
-    }
-
-    pid_t process_ = -1;
+    pid_t id_ = -1;
+    std::string told_;
 };
+
+/// What a claim tells an ordinary user of one group.
+std::string ClaimAsNobody(gid_t group, PortMethod method) {
+    const Process process([=] {
+        const bool dropped =
+            setgroups(0, nullptr) == 0 && setgid(group) == 0 && setuid(nobody) == 0;
+        return dropped ? ClaimAndTell(method) : "still the superuser";
+    });
+    return process.Told();
+}
+
+/// Claims the port as "plotter" and keeps it as long as the process lives.
+std::string Hold(bool exclusive) {
+    prctl(PR_SET_NAME, "plotter");
+    const int device = open(devicePath, O_RDWR);
+    const bool holds = (!exclusive || ioctl(device, PPEXCL) == 0) && ioctl(device, PPCLAIM) == 0;
+    return holds ? "holds" : "cannot claim";
+}
 
 class RealPortTest : public testing::TestWithParam<PortMethod> {
   protected:
@@ -268,9 +262,12 @@ TEST(RealPpdevPort, NamesTheProcessThatHoldsThePort) {
     const gid_t owner = GiveDeviceToItsGroup();
     for (const bool exclusive : {false, true}) {
         {
-            const Holder holder(exclusive);
+            const Process holder([=] { return Hold(exclusive); });
+            EXPECT_EQ(holder.Told(), "holds");
             const std::string detail = ClaimAndTell(PortMethod::Driver);
-            EXPECT_TRUE(Contains(detail, "It is in use by " + holder.Name())) << detail;
+            EXPECT_TRUE(Contains(
+                detail, "It is in use by process " + std::to_string(holder.Id()) + " (plotter)"))
+                << detail;
             const std::string unseen = ClaimAsNobody(owner, PortMethod::Driver);
             EXPECT_TRUE(Contains(unseen, "Another program or driver holds the port")) << unseen;
         }
