@@ -90,7 +90,7 @@ TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
     const Folder folder;
     const std::string read = "--simulated read main --count 3";
     const Outcome decimal = RunProgram(read);
-    EXPECT_EQ(decimal.exitCode, 0);
+    EXPECT_EQ(decimal.exitCode, ExitCode::Success);
     EXPECT_EQ(decimal.err,
               "Simulated board\nReading 3 codes from the Main ADC, Ctrl+C stops\n"
               "Wrote 3 codes to standard output\n");
@@ -108,7 +108,7 @@ TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
 TEST(ReadCommand, KeepsWhatWasReadBeforeATimeout) {
     const Outcome outcome =
         RunProgram("--simulated --fault board-gone=60000 read main --count 5000");
-    EXPECT_EQ(outcome.exitCode, static_cast<int>(ExitCode::NoAnswer));
+    EXPECT_EQ(outcome.exitCode, ExitCode::NoAnswer);
     const std::ptrdiff_t kept = Lines(outcome.out);
     ASSERT_GT(kept, 1);
     EXPECT_FALSE(Has(outcome.out, "-2147483648"));
@@ -134,7 +134,7 @@ class NoiseOfFile : public testing::Test {
 
 TEST_F(NoiseOfFile, TextIsThatOfTheForm) {
     const Outcome outcome = Analyse(block);
-    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.exitCode, ExitCode::Success);
     EXPECT_EQ(outcome.err, "");
     EXPECT_TRUE(
         outcome.out.starts_with("Conditions\n"
@@ -222,7 +222,7 @@ TEST_F(NoiseOfFile, EachKindOfBadFileHasItsExitCode) {
     };
     for (const auto& [bytes, code, message] : cases) {
         const Outcome outcome = Analyse(bytes);
-        EXPECT_EQ(outcome.exitCode, static_cast<int>(code));
+        EXPECT_EQ(outcome.exitCode, code);
         EXPECT_TRUE(Has(outcome.err, message));
         EXPECT_EQ(outcome.out, "");
     }
@@ -273,7 +273,7 @@ TEST(Check, PutsTheRegisterBack) {
 
 TEST(Ports, ListsTheSimulatedOneAlone) {
     const Outcome outcome = RunProgram("--simulated ports");
-    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.exitCode, ExitCode::Success);
     EXPECT_EQ(outcome.out,
               "port       address  permissions  claim\nsimulated  0x378                 yes\n");
     const QJsonArray list =

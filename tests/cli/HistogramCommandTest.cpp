@@ -26,7 +26,7 @@ std::string Repeated(const std::string& line, int count) {
 TEST_F(HistogramOf, TextHasABarForEachBin) {
     const Outcome outcome =
         Run(Repeated("8000\n", 100) + Repeated("8001\n", 48) + "8003\n", "aux --hex", 42);
-    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.exitCode, ExitCode::Success);
     EXPECT_EQ(outcome.err, "");
     EXPECT_TRUE(outcome.out.starts_with("Aux ADC Histogram\n  File        " + folder.Path("")));
     EXPECT_TRUE(

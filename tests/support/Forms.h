@@ -30,11 +30,11 @@ Control& Find(const QWidget& form, const std::string& name) {
     return *control;
 }
 
-inline void Click(const QWidget& form, const char* button) {
+inline void Click(const QWidget& form, const std::string& button) {
     Find<QAbstractButton>(form, button).click();
 }
 
-inline bool Checked(const QWidget& form, const char* option) {
+inline bool Checked(const QWidget& form, const std::string& option) {
     return Find<QAbstractButton>(form, option).isChecked();
 }
 
@@ -110,7 +110,7 @@ inline bool WhileModal(const std::function<void()>& open,
 
 /// The form that a button opens, by its name and what it does, such as "ModeForm: Program Mode
 /// Register"; empty when it opens none.
-inline std::string OpenedBy(const QWidget& form, const char* button) {
+inline std::string OpenedBy(const QWidget& form, const std::string& button) {
     QString name;
     WhileModal([&] { Click(form, button); },
                [&](QDialog& opened) {
@@ -141,7 +141,7 @@ class FormTest : public testing::Test {
     void Expect(const char* texts) { ExpectTexts(*form, texts); }
 
     /// Gives the boxes that are shown then.
-    std::string ClickOn(const char* button) {
+    std::string ClickOn(const std::string& button) {
         Click(*form, button);
         return bench->messages.Take();
     }

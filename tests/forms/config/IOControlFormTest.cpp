@@ -48,7 +48,7 @@ TEST_F(IOControlFormTest, ShowsTheLevelOfAnInputInPlaceOfItsButtons) {
     OpenWith(0x0000);
     Expect("P3Label: High | P4Label: Low");
     for (const std::string direction : {"OptP3In", "OptP3Out", "OptP3In"}) {
-        EXPECT_EQ(ClickOn(direction.c_str()), "");
+        EXPECT_EQ(ClickOn(direction), "");
         EXPECT_EQ(Visible("P3Label"), direction == "OptP3In");
         EXPECT_EQ(Visible("OptP3High"), direction == "OptP3Out");
         EXPECT_EQ(Visible("optP3Low"), direction == "OptP3Out");

@@ -1,4 +1,5 @@
 #include <bitset>
+#include <sstream>
 
 #include "forms/config/AuxControlForm.h"
 #include "forms/config/IOControlForm.h"
@@ -12,15 +13,19 @@ namespace {
 
 struct FieldOptions {
     std::uint32_t mask;
-    std::vector<const char*> options;  ///< in the order of their codes
+    const char* options;  ///< in the order of their codes; "-" for one with tests of its own
+};
+
+struct ShownRegister {
+    unsigned address;
+    unsigned width;
+    std::uint32_t start;
+    const char* label;
 };
 
 struct FormOptions {
     std::function<std::unique_ptr<Form>(Services&)> open;
-    unsigned address;
-    unsigned width;
-    std::uint32_t start;
-    const char* valueLabel;
+    ShownRegister reg;
     const char* texts;
     std::vector<FieldOptions> fields;
 };
@@ -30,15 +35,9 @@ std::unique_ptr<Form> Open(Services& services) {
     return std::make_unique<Opened>(services);
 }
 
-/// A level is read from the pin while that is an input: those options have tests of their own.
-constexpr const char* notHere = "";
-
 const std::vector<FormOptions> allForms{
     {Open<ModeForm>,
-     modeAt,
-     8,
-     0xA0,
-     "modeLabel",
+     {modeAt, 8, 0xA0, "modeLabel"},
      "ModeForm: VX3260 Evaluation Software - Program Mode Register | Label9: Mode Register | "
      "Frame2: Mode of Operation | Frame3: In Power Down Mode | Frame4: Channel Configuartion | "
      "Frame5: Input Buffering | Frame6: Current Contents of Mode Register | "
@@ -48,15 +47,12 @@ const std::vector<FormOptions> allForms{
      "OptMD7: System Full Scale Cal. | OptOscOff: Power Down Oscillator | "
      "OptOscOn: Power Up Oscillator | OptChConClr: CHCON Cleared | OptChConSet: CHCON Set | "
      "OptBufOn: Buffered | OptBufOff: Unbuffered | Command3: B&ack",
-     {{0x40, {"OptBufOff", "OptBufOn"}},
-      {0x10, {"OptChConClr", "OptChConSet"}},
-      {0x08, {"OptOscOn", "OptOscOff"}},
-      {0x07, {"OptMD0", "OptMD1", "OptMD2", "OptMD3"}}}},
+     {{0x40, "OptBufOff OptBufOn"},
+      {0x10, "OptChConClr OptChConSet"},
+      {0x08, "OptOscOn OptOscOff"},
+      {0x07, "OptMD0 OptMD1 OptMD2 OptMD3"}}},
     {Open<MainControlForm>,
-     mainControlAt,
-     8,
-     0x00,
-     "mainControlLabel",
+     {mainControlAt, 8, 0x00, "mainControlLabel"},
      "MainControlForm: VX3260 Evaluation Software - Program Control Register | "
      "Label9: Main ADC Control Register | Frame2: Select an Input Channel | "
      "Frame3: Select an Input Range | Frame4: Bipolar / Unipolar Operation | "
@@ -64,30 +60,25 @@ const std::vector<FormOptions> allForms{
      "Frame7: Current Contents of ADC Control Register | OptUnipolar: Unipolar | "
      "OptBipolar: Bipolar | Opt16: 16 Bit Word | Opt24: 24 Bit Word | "
      "OptMainDis: Disable Main ADC | OptMainEn: Enable Main ADC | Command1: B&ack",
-     {{0x07, {"Opt20", "Opt40", "Opt80", "Opt160", "Opt320", "Opt640", "Opt128", "Opt256"}},
-      {0x30, {"OptAIN1_2", "OptAIN3_4", "OptAIN2_2", "OptAIN3_2"}},
-      {0x08, {"OptBipolar", "OptUnipolar"}},
-      {0x40, {"Opt24", "Opt16"}},
-      {0x80, {"OptMainDis", "OptMainEn"}}}},
+     {{0x07, "Opt20 Opt40 Opt80 Opt160 Opt320 Opt640 Opt128 Opt256"},
+      {0x30, "OptAIN1_2 OptAIN3_4 OptAIN2_2 OptAIN3_2"},
+      {0x08, "OptBipolar OptUnipolar"},
+      {0x40, "Opt24 Opt16"},
+      {0x80, "OptMainDis OptMainEn"}}},
     {Open<AuxControlForm>,
-     auxControlAt,
-     8,
-     0x06,
-     "AuxControlLabel",
+     {auxControlAt, 8, 0x06, "AuxControlLabel"},
      "AuxControlForm: VX3260 Evaluation Software - Program Control Register | "
      "Label9: Aux ADC Control Register | Frame2: Select an Input Channel | "
      "Frame3: Select an Input Range | Frame4: Bipolar / Unipolar Operation | "
      "Frame5: Aux ADC Enable / Disable | Frame6: Current Contents of ADC Control Register | "
      "OptAuxDis: Disable Aux ADC | OptAuxEn: Enable Aux ADC | Command1: B&ack",
-     {{0x70, {"OptAIN3_Agnd", "OptAIN4_Agnd", "OptAIN5_6", "OptTemp", "OptAGND_AGND"}},
-      {0x01, {"OptREF2", "OptREF"}},
-      {0x08, {"OptBipolar", "OptUnipolar"}},
-      {0x80, {"OptAuxDis", "OptAuxEn"}}}},
+     {{0x70, "OptAIN3_Agnd OptAIN4_Agnd OptAIN5_6 OptTemp OptAGND_AGND"},
+      {0x01, "OptREF2 OptREF"},
+      {0x08, "OptBipolar OptUnipolar"},
+      {0x80, "OptAuxDis OptAuxEn"}}},
     {Open<IOControlForm>,
-     ioControlAt,
-     16,
-     0x20C4,  // P3 high and P4 low, as they read when they are inputs; bit 13 is nobody's
-     "IOControlLabel",
+     // P3 high and P4 low, as they read when they are inputs; bit 13 is nobody's.
+     {ioControlAt, 16, 0x20C4, "IOControlLabel"},
      "IOControlForm: VX3260 Evaluation Software - Program I/O Control Register | "
      "HeadingLabel: I/O Control Register | Frame1: Current Contents of IO Control Register | "
      "Frame3: P1 Function | OptP1Out: P1 as Output | OptP1Power: P1 as Power Switch | "
@@ -107,27 +98,27 @@ const std::vector<FormOptions> allForms{
      "OptIEXC2Iout2: IEXC2 to IOUT2 | OptIEXC2Iout1: IEXC2 to IOUT1 | "
      "Frame17: Burnout Current ON / OFF | OptBurnOff: Burnout Current OFF | "
      "OptBurnOn: Burnout Current ON | Command2: &Update Display | Command1: B&ack",
-     {{0x1000, {"OptBurnOff", "OptBurnOn"}},
-      {0x0800, {"OptIEXC2Iout2", "OptIEXC2Iout1"}},
-      {0x0400, {"OptIEXC1Iout1", "OptIEXC1Iout2"}},
-      {0x0200, {"OptIEXC2Off", "OptIEXC2On"}},
-      {0x0100, {"OptIEXC1Off", "optIEXC1On"}},
-      {0x8000, {"optP2Out", "OptP2Power"}},
-      {0x4000, {"OptP1Out", "OptP1Power"}},
-      {0x0080, {notHere, "OptP4Out"}},
-      {0x0040, {notHere, "OptP3Out"}},
-      {0x0020, {"OptP2Tri", "OptP2IO"}},
-      {0x0010, {"OptP1Tri", "OptP1IO"}},
-      {0x0008, {"OptP4Low", "OptP4High"}},
-      {0x0004, {"optP3Low", "OptP3High"}},
-      {0x0002, {"OptP2Low", "optP2High"}},
-      {0x0001, {"OptP1Low", "OptP1High"}}}},
+     {{0x1000, "OptBurnOff OptBurnOn"},
+      {0x0800, "OptIEXC2Iout2 OptIEXC2Iout1"},
+      {0x0400, "OptIEXC1Iout1 OptIEXC1Iout2"},
+      {0x0200, "OptIEXC2Off OptIEXC2On"},
+      {0x0100, "OptIEXC1Off optIEXC1On"},
+      {0x8000, "optP2Out OptP2Power"},
+      {0x4000, "OptP1Out OptP1Power"},
+      {0x0080, "- OptP4Out"},
+      {0x0040, "- OptP3Out"},
+      {0x0020, "OptP2Tri OptP2IO"},
+      {0x0010, "OptP1Tri OptP1IO"},
+      {0x0008, "OptP4Low OptP4High"},
+      {0x0004, "optP3Low OptP3High"},
+      {0x0002, "OptP2Low optP2High"},
+      {0x0001, "OptP1Low OptP1High"}}},
 };
 
 /// An option, and the register before and after it is clicked.
 struct OptionCase {
     const FormOptions& form;
-    const char* name;
+    std::string name;
     std::string error;
     std::uint32_t before;
     std::uint32_t after;
@@ -138,13 +129,15 @@ std::vector<OptionCase> AllOptions() {
     for (const FormOptions& form : allForms) {
         for (const auto& [mask, options] : form.fields) {
             const bool capitalP =
-                form.address == ioControlAt || (form.address == modeAt && mask != 0x07);
+                form.reg.address == ioControlAt || (form.reg.address == modeAt && mask != 0x07);
             const std::string error = capitalP ? "Programming" : "programming";
-            const std::uint32_t others = form.start & ~mask;
+            const std::uint32_t others = form.reg.start & ~mask;
             const std::uint32_t lowestBit = mask & (~mask + 1);
-            for (std::uint32_t code = 0; code < options.size(); ++code) {
-                if (options[code] != notHere) {
-                    all.push_back({form, options[code], "Exclamation: Error " + error + " VX3260",
+            std::istringstream names(options);
+            std::string name;
+            for (std::uint32_t code = 0; names >> name; ++code) {
+                if (name != "-") {
+                    all.push_back({form, name, "Exclamation: Error " + error + " VX3260",
                                    others | ((code ^ 1) * lowestBit), others | (code * lowestBit)});
                 }
             }
@@ -157,7 +150,7 @@ std::string Hex(std::uint32_t value) {
     return QString::number(value, 16).toUpper().toStdString();
 }
 
-void ClickIn(const Form& form, const char* option) {
+void ClickIn(const Form& form, const std::string& option) {
     Find(form, option).setEnabled(true);
     Click(form, option);
 }
@@ -175,15 +168,15 @@ TEST(RegisterForms, WriteTheirFieldOnlyAndShowWhatWasReadBack) {
     for (const auto& [options, option, error, before, after] : AllOptions()) {
         SCOPED_TRACE(option);
         SimulatedBench bench;
-        bench.Chip().Preset(options.address, before);
+        bench.Chip().Preset(options.reg.address, before);
         const auto form = options.open(*bench.services);
-        EXPECT_EQ(bench.Chip().Contents(options.address), before);
+        EXPECT_EQ(bench.Chip().Contents(options.reg.address), before);
         EXPECT_FALSE(Checked(*form, option));
         ClickIn(*form, option);
-        EXPECT_EQ(bench.Chip().Contents(options.address), after);
-        EXPECT_EQ(TextOf(*form, options.valueLabel), Hex(after));
-        EXPECT_EQ(BitsOf(*form, 1, static_cast<int>(options.width)),
-                  std::bitset<16>(after).to_string().substr(16 - options.width));
+        EXPECT_EQ(bench.Chip().Contents(options.reg.address), after);
+        EXPECT_EQ(TextOf(*form, options.reg.label), Hex(after));
+        EXPECT_EQ(BitsOf(*form, 1, static_cast<int>(options.reg.width)),
+                  std::bitset<16>(after).to_string().substr(16 - options.reg.width));
         EXPECT_EQ(bench.messages.Take(), "");
         EXPECT_EQ(bench.state.FormLoading, 0);
         const std::int64_t accesses = bench.board->Now();
@@ -197,20 +190,21 @@ TEST(RegisterForms, TellWhenTheBoardIsLostBeforeTheReadBack) {
     for (const auto& [options, option, error, before, after] : AllOptions()) {
         SCOPED_TRACE(option);
         SimulatedBench whole;
-        whole.Chip().Preset(options.address, before);
+        whole.Chip().Preset(options.reg.address, before);
         options.open(*whole.services);
         const std::int64_t untilOpen = whole.board->Now() / SimulatedBoard::NanosecondsPerAccess;
-        const unsigned readAndWrite = (25 + 1 + 3 * options.width) + (25 + 3 * options.width + 1);
+        const unsigned readAndWrite =
+            (25 + 1 + 3 * options.reg.width) + (25 + 3 * options.reg.width + 1);
 
         SimulatedBench bench("board-gone=" + std::to_string(untilOpen + readAndWrite));
-        bench.Chip().Preset(options.address, before);
+        bench.Chip().Preset(options.reg.address, before);
         const auto form = options.open(*bench.services);
-        const std::string shown = TextOf(*form, options.valueLabel);
+        const std::string shown = TextOf(*form, options.reg.label);
         ClickIn(*form, option);
-        EXPECT_EQ(bench.Chip().Contents(options.address), after);
+        EXPECT_EQ(bench.Chip().Contents(options.reg.address), after);
         EXPECT_EQ(bench.messages.Take(), error);
-        const bool stays = options.address == ioControlAt || option == std::string("OptMD1");
-        EXPECT_EQ(TextOf(*form, options.valueLabel), stays ? shown : "FF");
+        const bool stays = options.reg.address == ioControlAt || option == "OptMD1";
+        EXPECT_EQ(TextOf(*form, options.reg.label), stays ? shown : "FF");
     }
 }
 
