@@ -27,18 +27,6 @@ TEST(BlockReading, OnlyTheModeFieldIsChanged) {
               "0x23\n");
 }
 
-TEST(BlockReading, AStopKeepsTheCodesReadSoFar) {
-    SimulatedBench bench;
-    std::ostringstream err;
-    int asked = 0;
-    const BlockReading reading = ReadCodes(*bench.services, {err, err}, Converter::Main, 100,
-                                           [&asked] { return ++asked == 4; });
-    EXPECT_EQ(reading.codes.size(), 4U);
-    EXPECT_EQ(ExitCodeOf(reading.end, false), ExitCode::Interrupted);
-    EXPECT_EQ(bench.messages.shown.back().text,
-              "User Interruption of Reading\nRead so far: 4 codes");
-}
-
 TEST(ProgressLine, LeavesNothingBehind) {
     std::ostringstream terminal;
     { ProgressLine(terminal, 3, true).Show(1); }

@@ -37,17 +37,6 @@ TEST(Faults, ChangeWhatTheChipAnswers) {
     EXPECT_EQ(KnownFaults().size(), std::size(cases));
 }
 
-TEST(Faults, TakeTheBoardAwayInTheMiddle) {
-    SimulatedBench bench("board-gone=200000");
-    ReadData main(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
-    int codes = 0;
-    while (main.Read() != INT32_MIN) {
-        ++codes;
-    }
-    EXPECT_GT(codes, 10);
-    EXPECT_EQ(main.Read(), INT32_MIN);
-}
-
 TEST(Faults, AreKnownByTheirWholeName) {
     for (const char* name : {"", "rdy", "board-gone", "board-gone=", "board-gone=-1",
                              "board-gone=5x", "bit-flip=0", "RDY-STUCK-LOW"}) {

@@ -23,7 +23,6 @@
 #include "link/BoardLines.h"
 #include "link/ReadData.h"
 #include "link/Register.h"
-#include "link/RegisterFields.h"
 #include "link/Serial.h"
 #include "ports/OpenPort.h"
 #include "support/Recorders.h"
@@ -179,44 +178,34 @@ TEST_P(RealPortTest, StartsUpWithFourControlBitsCleared) {
 /// Data lines that are inputs read 1 with nothing connected.
 TEST_P(RealPortTest, WritesReadsAndTurnsTheDataLines) {
     StartUp();
-    const struct {
-        std::int16_t control;
-        std::int16_t driver;   ///< what reads tell of it through the driver,
-        std::int16_t literal;  ///< what the register then holds,
-        std::int16_t direct;   ///< and what it holds and reads tell with direct access
-        std::int16_t open;     ///< data lines that are not driven
-    } cases[] = {
-        {0xFF, 0x2F, 0xFF, 0xFF, 0xFF},
-        {0x04, 0x04, 0xD4, 0xC4, 0x00},
-        {0x24, 0x24, 0xF4, 0xE4, 0xFF},
-        {0x00, 0x00, 0xD0, 0xC0, 0x00},
-    };
-    for (const auto& c : cases) {
-        port->OutByte(controlAddress, c.control);
-        EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? c.driver : c.direct);
-        EXPECT_EQ(Literal(controlAddress), ThroughTheDriver() ? c.literal : c.direct);
+    // What is written; what reads tell through the driver and what the register then holds; what
+    // it holds and reads tell with direct access; data lines that are not driven.
+    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t, std::int16_t> cases[] =
+        {
+            {0xFF, 0x2F, 0xFF, 0xFF, 0xFF},
+            {0x04, 0x04, 0xD4, 0xC4, 0x00},
+            {0x24, 0x24, 0xF4, 0xE4, 0xFF},
+            {0x00, 0x00, 0xD0, 0xC0, 0x00},
+        };
+    for (const auto& [control, told, held, direct, open] : cases) {
+        port->OutByte(controlAddress, control);
+        EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? told : direct);
+        EXPECT_EQ(Literal(controlAddress), ThroughTheDriver() ? held : direct);
         for (const std::int16_t data : std::array<std::int16_t, 3>{0x00, 0x1B, 0xE4}) {
             port->OutByte(dataAddress, data);
-            EXPECT_EQ(port->InByte(dataAddress), data | c.open) << c.control;
-            EXPECT_EQ(Literal(dataAddress), data | c.open) << c.control;
+            EXPECT_EQ(port->InByte(dataAddress), data | open) << control;
+            EXPECT_EQ(Literal(dataAddress), data | open) << control;
         }
     }
 }
 
-TEST_P(RealPortTest, ReadsStuckLinesAsSuch) {
-    StartUp();
-    ASSERT_EQ(Literal(statusAddress) & BoardLines::Dout, BoardLines::Dout);
-    EXPECT_EQ(port->InByte(statusAddress), Literal(statusAddress));
-    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
-        Register reg(*port, state.PortAddress, description.access);
-        EXPECT_EQ(reg.ReadReg(), (1 << reg.WordLength) - 1) << description.name;
-    }
-}
-
-TEST_P(RealPortTest, WaitsForDataReadyAtLeastAsLongAsTheSlowestConversion) {
+TEST_P(RealPortTest, ReadsStuckLinesAsSuchAndWaitsAsLongAsTheSlowestConversion) {
     using namespace std::chrono;
+    constexpr std::int16_t standing = BoardLines::Dout | BoardLines::NotReady;
     StartUp();
-    ASSERT_EQ(Literal(statusAddress) & BoardLines::NotReady, BoardLines::NotReady);
+    ASSERT_EQ(Literal(statusAddress) & standing, standing);
+    EXPECT_EQ(port->InByte(statusAddress), Literal(statusAddress));
+    EXPECT_EQ(Register(*port, state.PortAddress, RegisterMap::MainZeroScale).ReadReg(), 0xFFFFFF);
     ReadData data(*port, state.PortAddress, RegisterMap::MainData);
     const auto start = steady_clock::now();
     EXPECT_EQ(data.Read(), ReadTimeout);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "analysis/NoiseStatistics.h"
 #include "link/ReadData.h"
@@ -206,21 +205,6 @@ TEST_F(BoardTest, IsNoisierInWideRangesAndAtHighRates) {
     EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 4.0e-6, 0.7e-6);
     bench.Chip().Preset(filterAt, 0x11);  // 69 / 17 times the rate
     EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 8.06e-6, 1.4e-6);
-}
-
-TEST_F(BoardTest, RepeatsToTheBit) {
-    SimulatedBench again;
-    bench.Chip().Preset(auxControlAt, 0x01);
-    again.Chip().Preset(auxControlAt, 0x01);
-    ReadData first(*bench.port, base, RegisterMap::MainData);
-    ReadData second(*again.port, base, RegisterMap::MainData);
-    std::set<std::int32_t> codes;
-    for (int i = 0; i < 20; ++i) {
-        const std::int32_t code = first.Read();
-        EXPECT_EQ(code, second.Read());
-        codes.insert(code);
-    }
-    EXPECT_GT(codes.size(), 1U);
 }
 
 }  // namespace
