@@ -397,9 +397,9 @@ TEST_F(PlotFormsTest, PicturesAreDarkOnWhiteInAnyTheme) {
     EXPECT_EQ(QImage(QString::fromStdString(folder.Path("plot.png")))
                   .convertToFormat(QImage::Format_RGB32),
               copied.convertToFormat(QImage::Format_RGB32));
-    SaveAs("Command1", folder.Path("plot"), 1);
+    SaveAs("Command1", folder.Path("plot.1"), 1);
     SaveAs("Command1", folder.Path("named.pdf"));
-    for (const char* name : {"plot.pdf", "named.pdf"}) {
+    for (const char* name : {"plot.1", "named.pdf"}) {
         EXPECT_TRUE(folder.Bytes(name).starts_with("%PDF-")) << name;
         EXPECT_GT(folder.Bytes(name).size(), 10000U) << name;
     }

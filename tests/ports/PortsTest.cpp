@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "link/ReadData.h"
 #include "link/Register.h"
 #include "ports/OpenPort.h"
@@ -34,10 +36,15 @@ TEST(Faults, ChangeWhatTheChipAnswers) {
             EXPECT_EQ(main.Read(), code) << fault;
         }
     }
-    EXPECT_EQ(KnownFaults().size(), std::size(cases));
 }
 
 TEST(Faults, AreKnownByTheirWholeName) {
+    for (const FaultDescription& known : KnownFaults()) {
+        std::string name(known.name);
+        std::replace(name.begin(), name.end(), 'N', '5');
+        Faults faults;
+        EXPECT_TRUE(AddFault(name, faults)) << name;
+    }
     for (const char* name : {"", "rdy", "board-gone", "board-gone=", "board-gone=-1",
                              "board-gone=5x", "bit-flip=0", "RDY-STUCK-LOW"}) {
         Faults faults;
