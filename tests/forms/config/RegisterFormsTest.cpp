@@ -160,7 +160,7 @@ TEST(RegisterForms, HaveTheirTexts) {
         SimulatedBench bench;
         const auto form = options.open(*bench.services);
         ExpectTexts(*form, options.texts);
-        TakePicture(*form, form->objectName().toUtf8());
+        TakePicture(*form, form->objectName().toStdString());
     }
 }
 

@@ -87,7 +87,7 @@ TEST_P(ReadDataFormTest, ReadsABlockByButtonAndByEnter) {
     EXPECT_EQ(Block().codes.size(), 200U);
     EXPECT_NEAR(Block().codes[199], GetParam().code, 99);
     Expect("ReadingProgress: 200 of 200 codes | ReadingLabel:");
-    TakePicture(*form, Named("Read", "DataForm").c_str());
+    TakePicture(*form, Named("Read", "DataForm"));
 
     Box("NumCodesText").setFocus();
     EXPECT_EQ(Enter("NumCodesText", "12"), "");
@@ -237,7 +237,11 @@ TEST_P(ReadDataFormTest, GoesOnToTheNoiseOfABlockOfFittingSize) {
                   "Plain: For Data Analysis the number of Codes read must be between 9 and 5000");
     }
     ClickOn("Command1");
-    EXPECT_EQ(OpenedBy(*form, "Command3"), "NoiseForm: Noise Analysis");
+    const auto look = [this](QDialog& noise) {
+        EXPECT_EQ(TextOf(noise, "HeadingLabel"), Named("", " ADC Noise Analysis"));
+        TakePicture(noise, Named("", "NoiseForm"));
+    };
+    EXPECT_TRUE(WhileModal([this] { Click(*form, "Command3"); }, look));
 }
 
 using ReadAuxDataFormTest = ReadingFormTest;
