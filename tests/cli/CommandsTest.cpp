@@ -18,7 +18,6 @@ TEST(CommandLine, WrongOnesAreRefused) {
     ExpectRefused(ExitCode::WrongCommandLine,
                   {
                       {"", "A command is required"},
-                      {"wead", "not expected: wead"},
                       {"--simulated read mian", "mian not in {main,aux}"},
                       {"--simulated read main --count 010", "no whole decimal number"},
                       {"--fault no-data-ready read main", "--fault requires --simulated"},
@@ -30,10 +29,8 @@ TEST(CommandLine, WrongOnesAreRefused) {
                       {"noise main x.dat --full-scale half", "the Main ADC takes --range in its"},
                       {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
                       {"--simulated noise main --range 7", "--range requires FILE"},
-                      {"--simulated noise main --hex", "--hex requires FILE"},
                       {"--simulated noise main --reference 1e39", "no positive number"},
                       {"read main --simulated --port /dev/parport0", "excludes"},
-                      {"read main --simulated --poll-time 4", "excludes"},
                       {"read main --port-address 0x378", "needs --port-access=direct"},
                       {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
                       {"read main --port-access direct --port-address 0", "from 1 to 32765"},
@@ -46,7 +43,6 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
     ExpectRefused(
         ExitCode::CountRefused,
         {{"noise main --count 9", "between 9 and 5000 (9 given; accepted are 10 to 5000)"},
-         {"noise main --count 5001", "accepted are 10 to 5000"},
          {"noise main --count -99999999999999999999", "accepted are 10 to 5000"}});
     ExpectRefused(
         ExitCode::NoAnswer,

@@ -4,8 +4,8 @@
 
 #include "link/Calibration.h"
 #include "link/FilterRate.h"
-#include "link/Register.h"
 #include "link/Reset.h"
+#include "link/Serial.h"
 #include "numbers/RuntimeError.h"
 #include "support/RecordingPort.h"
 
@@ -31,8 +31,10 @@ TEST(Reset, WritesItsPattern) {
         expected.OutByte(base, 0x19);
     }
     expected.OutByte(base, 0x1A);
-    Register(expected, base, RegisterMap::Test1).WriteReg();
-    Register(expected, base, RegisterMap::Test2).WriteReg();
+    for (const std::int32_t testRegister : {0x0C, 0x0D}) {
+        SerialWrite(expected, testRegister, base, 8);
+        SerialWrite(expected, 0, base, 16);
+    }
     RecordingPort software;
     SoftwareReset(software, base);
     EXPECT_EQ(software.BytesTo(base), expected.BytesTo(base));

@@ -58,30 +58,5 @@ TEST(ReadData, ReturnsTheTimeoutValueUnchanged) {
     EXPECT_EQ(port.BytesTo(base), Word(0x45, 8) + "1A 1A");
 }
 
-TEST(RegisterMap, HasTheChipsBytesAndWidths) {
-    using namespace RegisterMap;
-    const std::tuple<RegisterAccess, int, int, int> cases[] = {
-        {Status, 0, 0x40, 8},
-        {Mode, 0x01, 0x41, 8},
-        {MainControl, 0x02, 0x42, 8},
-        {AuxControl, 0x03, 0x43, 8},
-        {Filter, 0x04, 0x44, 8},
-        {MainData, 0, 0x45, 24},
-        {AuxData, 0, 0x46, 16},
-        {IOControl, 0x07, 0x47, 16},
-        {MainZeroScale, 0x08, 0x48, 24},
-        {AuxZeroScale, 0x09, 0x49, 16},
-        {MainFullScale, 0x0A, 0x4A, 24},
-        {AuxFullScale, 0x0B, 0x4B, 16},
-        {Test1, 0x0C, 0, 16},
-        {Test2, 0x0D, 0, 16},
-    };
-    for (const auto& [access, write, read, bits] : cases) {
-        EXPECT_EQ(access.writeByte, write);
-        EXPECT_EQ(access.readByte, read);
-        EXPECT_EQ(access.wordLength, bits) << read;
-    }
-}
-
 }  // namespace
 }  // namespace vx3260::test

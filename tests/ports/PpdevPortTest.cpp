@@ -29,8 +29,8 @@ constexpr std::chrono::nanoseconds noPollTime{0};
 
 class PpdevPortTest : public testing::Test {
   protected:
-    void StartUp(ParallelPort& port) {
-        services = std::make_unique<Services>(Services{port, messages, system, state});
+    void StartUp(ParallelPort& started) {
+        services = std::make_unique<Services>(Services{started, messages, system, state});
         vx3260::StartUp(*services);
         parport.Forget();
     }
@@ -41,6 +41,7 @@ class PpdevPortTest : public testing::Test {
     }
 
     FakeParport parport;
+    PpdevPort port{"", noPollTime};
     RecordedMessages messages;
     RecordedSystem system;
     ApplicationState state;
@@ -48,7 +49,6 @@ class PpdevPortTest : public testing::Test {
 };
 
 TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
-    PpdevPort port("", noPollTime);
     StartUp(port);
     EXPECT_EQ(messages.Take(), "");
     EXPECT_EQ(state.PortCount, 1);
@@ -84,7 +84,6 @@ TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
 }
 
 TEST_F(PpdevPortTest, ReadsBlocksOfBothConverters) {
-    PpdevPort port("", noPollTime);
     StartUp(port);
     EXPECT_EQ(ReadBlock(Converter::Main, 3), ReadingEnd::Complete);
     EXPECT_NEAR(state.MainCodes.at(2), mainCodeAtStart, 99);
@@ -93,7 +92,6 @@ TEST_F(PpdevPortTest, ReadsBlocksOfBothConverters) {
 }
 
 TEST_F(PpdevPortTest, SpendsOneIoctlAnAccess) {
-    PpdevPort port("", noPollTime);
     StartUp(port);
     Register io(port, state.PortAddress, RegisterMap::IOControl);
     io.ReadReg();
@@ -108,7 +106,6 @@ TEST_F(PpdevPortTest, SpendsOneIoctlAnAccess) {
 }
 
 TEST_F(PpdevPortTest, TurnsTheDataLinesByAnIoctlOfItsOwn) {
-    PpdevPort port("", noPollTime);
     StartUp(port);
     const std::pair<std::int16_t, std::int16_t> cases[] = {
         {0xFF, 0x2F}, {0x04, 0x04}, {0x24, 0x24}, {0x00, 0x00}};
@@ -122,7 +119,6 @@ TEST_F(PpdevPortTest, TurnsTheDataLinesByAnIoctlOfItsOwn) {
 }
 
 TEST_F(PpdevPortTest, ReachesOnlyItsOwnAddressesOnceItIsClaimed) {
-    PpdevPort port("", noPollTime);
     port.OutByte(888, 0);
     EXPECT_EQ(port.InByte(889), 0xFF);
     EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
@@ -157,12 +153,12 @@ TEST_F(PpdevPortTest, TellsWhyItCannotBeClaimed) {
     for (const auto& [path, request, error, detail] : cases) {
         parport.Fail(PPCLAIM, 0);
         parport.Fail(request, error);
-        PpdevPort port(path, noPollTime);
-        StartUp(port);
+        PpdevPort refused(path, noPollTime);
+        StartUp(refused);
         const std::string told = messages.shown.at(0).detail;
         EXPECT_TRUE(told.starts_with(detail)) << told;
         EXPECT_TRUE(messages.Take().starts_with("Plain: claim parallel port failed"));
-        EXPECT_EQ(port.InByte(889), 0xFF);
+        EXPECT_EQ(refused.InByte(889), 0xFF);
     }
 }
 
@@ -171,7 +167,6 @@ TEST_F(PpdevPortTest, NamesTheDriverThatHoldsThePort) {
     std::filesystem::create_directories(devices + "/active");
     std::filesystem::create_directories(devices + "/lp");
     parport.Fail(PPCLAIM, ENXIO);
-    PpdevPort port("", noPollTime);
     EXPECT_EQ(port.ClaimParallelPort(1, -1), 0);
     EXPECT_TRUE(port.FailureDetail().ends_with(
         "The driver \"lp\" holds the port: unload it with\n    sudo modprobe -r lp"))
@@ -204,7 +199,6 @@ TEST_F(PpdevPortTest, IsListedWithWhatStandsInItsWay) {
 }
 
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
-    PpdevPort port("", noPollTime);
     StartUp(port);
     parport.Fail(PPRSTATUS, ENODEV, 100);
     EXPECT_EQ(ReadBlock(Converter::Main, 50), ReadingEnd::TimedOut);
@@ -219,11 +213,11 @@ TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
 TEST_F(PpdevPortTest, LetsAReadTakeItsTime) {
     using namespace std::chrono;
     constexpr int reads = 20;
-    PpdevPort port("", milliseconds(2));
-    StartUp(port);
+    PpdevPort slow("", milliseconds(2));
+    StartUp(slow);
     const auto start = steady_clock::now();
     for (int i = 0; i < reads; ++i) {
-        port.InByte(889);
+        slow.InByte(889);
     }
     EXPECT_GE(steady_clock::now() - start, reads * milliseconds(2));
 }

@@ -14,7 +14,7 @@ TEST_F(ControlFormsTest, NameChannelsByChconWhenTheyOpen) {
     Open<AuxControlForm>();
     Expect(
         "OptAGND_AGND: AGND - AGND | OptTemp: TEMP SENSOR | OptAIN5_6: AIN5 - AIN6 | "
-        "OptAIN4_Agnd: AIN4 - AGND | OptAIN3_Agnd: AIN3 - AGND");
+        "OptAIN4_Agnd: AIN4 - AGND | OptAIN3_Agnd: AIN3 - AGND | AuxControlLabel: 185");
     Open<MainControlForm>();
     Expect(cleared);
     Preset(modeAt, 0x13);
@@ -28,16 +28,6 @@ TEST_F(ControlFormsTest, NameChannelsByChconWhenTheyOpen) {
     Expect("OptAIN4_Agnd: AIN6 - AGND | OptAIN3_Agnd: AIN5 - AGND");
 }
 
-TEST_F(ControlFormsTest, ShowDecimalAfterLoadingAndHexadecimalAfterAClick) {
-    Preset(mainControlAt, 0x0E);
-    Open<MainControlForm>();
-    Expect("mainControlLabel: 14");
-    ClickOn("OptMainEn");
-    Expect("mainControlLabel: 8E");
-    Open<AuxControlForm>();
-    Expect("AuxControlLabel: 185");
-}
-
 TEST_F(ControlFormsTest, MainNamesRangesByPolarityAndPublishesBoth) {
     Preset(mainControlAt, 0x0E);
     Open<MainControlForm>();
@@ -45,7 +35,10 @@ TEST_F(ControlFormsTest, MainNamesRangesByPolarityAndPublishesBoth) {
     EXPECT_EQ(bench->state.Polarity, Polarity::Unipolar);
     Expect(
         "Opt20: 0 - 20 mV | Opt40: 0 - 40 mV | Opt80: 0 - 80 mV | Opt160: 0 - 160 mV | "
-        "Opt320: 0 - 320 mV | Opt640: 0 - 640 mV | Opt128: 0 - 1.28 V | Opt256: 0 - 2.56 V");
+        "Opt320: 0 - 320 mV | Opt640: 0 - 640 mV | Opt128: 0 - 1.28 V | Opt256: 0 - 2.56 V | "
+        "mainControlLabel: 14");  // decimal, until a click
+    ClickOn("OptMainEn");
+    Expect("mainControlLabel: 8E");
     ClickOn("OptBipolar");
     EXPECT_EQ(bench->state.Polarity, Polarity::Bipolar);
     Expect(
