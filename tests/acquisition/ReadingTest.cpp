@@ -5,10 +5,8 @@
 #include "numbers/RuntimeError.h"
 #include "support/SimulatedBench.h"
 
-namespace vx3260 {
+namespace vx3260::test {
 namespace {
-
-using namespace test;
 
 class ReadingTest : public testing::Test {
   protected:
@@ -27,6 +25,9 @@ TEST_F(ReadingTest, WaitsForANewResultEachTimeWhileBothConvertersRun) {
     EXPECT_EQ(bench.state.MainCodes.size(), 20U);
     EXPECT_EQ(bench.state.MainCodeCount, 20);
     EXPECT_NEAR(static_cast<double>(bench.board->Now() - start) / 1e6, 20 * 50.54, 51);
+    EXPECT_THROW(Read(0), SubscriptError);
+    EXPECT_THROW(Read(-3), SubscriptError);
+    EXPECT_EQ(bench.state.MainCodeCount, 20) << "the old block";
 }
 
 TEST_F(ReadingTest, CountsTheCodeBeingRead) {
@@ -40,26 +41,5 @@ TEST_F(ReadingTest, CountsTheCodeBeingRead) {
     EXPECT_EQ(bench.state.MainCodes.size(), 50U);
 }
 
-TEST_F(ReadingTest, KeepsTheTimeoutAsTheLastCode) {
-    const ReadingEnd end = Read(50, {.beforeEach =
-                                         [&] {
-                                             if (bench.state.MainCodeCount == 4) {
-                                                 bench.Chip().Preset(modeAt, 1);
-                                             }
-                                         },
-                                     .stopRequested = {}});
-    EXPECT_EQ(end, ReadingEnd::TimedOut);
-    EXPECT_EQ(bench.state.MainCodeCount, 4);
-    EXPECT_EQ(bench.state.MainCodes[3], -2147483648.0);
-}
-
-TEST_F(ReadingTest, LeavesTheOldBlockWhenTheSizeIsNone) {
-    Read(5);
-    EXPECT_THROW(Read(0), SubscriptError);
-    EXPECT_THROW(Read(-3), SubscriptError);
-    EXPECT_EQ(bench.state.MainCodeCount, 5);
-    EXPECT_NE(bench.state.MainCodes[4], 0);
-}
-
 }  // namespace
-}  // namespace vx3260
+}  // namespace vx3260::test

@@ -22,7 +22,7 @@ inline testing::AssertionResult Has(const std::string& text, const std::string& 
 }
 
 struct Outcome {
-    int exitCode;
+    ExitCode exitCode;
     std::string out;
     std::string err;
 };
@@ -37,7 +37,7 @@ inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth =
     system.version = {2, 5, 0};
     system.commandLine = commandLine;
     const int exitCode = RunCli(arguments, system, {out, err, false, outWidth});
-    return {exitCode, out.str(), err.str()};
+    return {static_cast<ExitCode>(exitCode), out.str(), err.str()};
 }
 
 inline std::ptrdiff_t Lines(const std::string& text) {
@@ -49,7 +49,7 @@ inline void ExpectRefused(ExitCode code,
                           const std::vector<std::pair<std::string, std::string>>& cases) {
     for (const auto& [commandLine, message] : cases) {
         const Outcome outcome = RunProgram(commandLine);
-        EXPECT_EQ(outcome.exitCode, static_cast<int>(code)) << commandLine;
+        EXPECT_EQ(outcome.exitCode, code) << commandLine;
         EXPECT_TRUE(Has(outcome.err, message)) << commandLine;
         EXPECT_EQ(outcome.out, "") << commandLine;
     }

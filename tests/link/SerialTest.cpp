@@ -5,40 +5,26 @@
 #include "numbers/RuntimeError.h"
 #include "support/RecordingPort.h"
 
-namespace vx3260 {
+namespace vx3260::test {
 namespace {
-
-using test::RecordingPort;
 
 constexpr std::int16_t base = 888;
 
 TEST(SerialWrite, SendsEachBitWithThreePortWrites) {
-    RecordingPort port;
-    SerialWrite(port, 0x41, base, 8);
-    EXPECT_EQ(port.BytesTo(base),
-              "1A 12 1A 1A 13 1B 1A 12 1A 1A 12 1A 1A 12 1A 1A 12 1A 1A 12 1A 1A 13 1B 1A");
-    EXPECT_EQ(port.written.size(), 25U);
-    EXPECT_TRUE(port.readFrom.empty());
-}
-
-TEST(SerialWrite, CarriesAnyWidth) {
-    struct {
-        std::int32_t value;
-        std::int16_t bits;
-        const char* bytes;
-    } const cases[] = {
+    const std::tuple<std::int32_t, std::int16_t, const char*> cases[] = {
+        {0x41, 8, "1A 12 1A 1A 13 1B 1A 12 1A 1A 12 1A 1A 12 1A 1A 12 1A 1A 12 1A 1A 13 1B 1A"},
         {1, 0, "1A"},
         {-1, 2, "1A 13 1B 1A 13 1B 1A"},
         {0x1FE, 1, "1A 12 1A 1A"},  // bits above are dropped
     };
-    for (const auto& c : cases) {
+    for (const auto& [value, bits, bytes] : cases) {
         RecordingPort port;
-        SerialWrite(port, c.value, base, c.bits);
-        EXPECT_EQ(port.BytesTo(base), c.bytes) << c.value;
+        SerialWrite(port, value, base, bits);
+        EXPECT_EQ(port.BytesTo(base), bytes) << value;
+        EXPECT_EQ(port.written.size(), 3U * static_cast<unsigned>(bits) + 1) << "nowhere else";
+        EXPECT_TRUE(port.readFrom.empty());
     }
     RecordingPort port;
-    SerialWrite(port, 0, base, 31);
-    EXPECT_EQ(port.written.size(), 94U);
     EXPECT_THROW(SerialWrite(port, 0, base, 32), OverflowError);
     EXPECT_THROW(SerialRead(port, 32, base), OverflowError);
 }
@@ -49,13 +35,8 @@ TEST(SerialRead, ReadsWhileTheClockIsLow) {
     EXPECT_EQ(SerialRead(port, 4, base), 0b1010);
     EXPECT_EQ(port.BytesTo(base), "1A 12 1A 12 1A 12 1A 12 1A");
     EXPECT_EQ(port.readFrom, std::vector<std::int16_t>(4, base + 1));
-}
-
-TEST(SerialRead, OfAStuckLineIsAllOnes) {
-    RecordingPort port;
     EXPECT_EQ(SerialRead(port, 0, base), 0);
-    EXPECT_EQ(SerialRead(port, 16, base), 65535);
-    EXPECT_EQ(SerialRead(port, 24, base), 16777215);
+    EXPECT_EQ(SerialRead(port, 24, base), 16777215) << "of a line that stands high";
 }
 
 TEST(SerialReadWhenReady, StopsPollingAtTheFirstReadyLevel) {
@@ -67,25 +48,20 @@ TEST(SerialReadWhenReady, StopsPollingAtTheFirstReadyLevel) {
 }
 
 TEST(SerialReadWhenReady, GivesUpAtTheHundredThousandthPoll) {
-    struct {
-        std::size_t pollsBeforeReady;
-        std::int32_t result;
-        std::size_t reads;
-        const char* bytes;
-    } const cases[] = {
-        {99998, 1, 100000, "1A 12 1A"},  // ready on poll 99999, then one bit
-        {99999, INT32_MIN, 100000, "1A"},
-        {200000, INT32_MIN, 100000, "1A"},
+    const std::tuple<std::size_t, std::int32_t, const char*> cases[] = {
+        {99998, 1, "1A 12 1A"},  // ready on poll 99999, then one bit
+        {99999, INT32_MIN, "1A"},
+        {200000, INT32_MIN, "1A"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [pollsBeforeReady, result, bytes] : cases) {
         RecordingPort port;
-        port.replies.assign(c.pollsBeforeReady, 0x40);
+        port.replies.assign(pollsBeforeReady, 0x40);
         port.standingReply = 0x10;
-        EXPECT_EQ(SerialReadWhenReady(port, 1, base), c.result) << c.pollsBeforeReady;
-        EXPECT_EQ(port.readFrom.size(), c.reads) << c.pollsBeforeReady;
-        EXPECT_EQ(port.BytesTo(base), c.bytes) << c.pollsBeforeReady;
+        EXPECT_EQ(SerialReadWhenReady(port, 1, base), result) << pollsBeforeReady;
+        EXPECT_EQ(port.readFrom.size(), 100000U) << pollsBeforeReady;
+        EXPECT_EQ(port.BytesTo(base), bytes) << pollsBeforeReady;
     }
 }
 
 }  // namespace
-}  // namespace vx3260
+}  // namespace vx3260::test

@@ -1,29 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "link/ReadData.h"
 #include "link/Register.h"
 #include "ports/OpenPort.h"
 #include "support/SimulatedBench.h"
 
-namespace vx3260 {
+namespace vx3260::test {
 namespace {
 
-using test::SimulatedBench;
-
-Faults FaultOf(std::initializer_list<const char*> names) {
-    Faults faults;
-    for (const char* name : names) {
-        EXPECT_TRUE(AddFault(name, faults)) << name;
-    }
-    return faults;
-}
-
 TEST(Faults, ChangeWhatTheChipAnswers) {
-    struct {
-        const char* fault;
-        double mode;
-        std::int32_t code;
-    } const cases[] = {
+    constexpr std::int32_t any = -1;
+    const std::tuple<const char*, double, std::int32_t> cases[] = {
         {"dout-stuck-high", 0xFF, 0xFFFFFF},
         {"dout-stuck-low", 0, 0},
         {"sclk-stuck-high", 0xFF, 0xFFFFFF},
@@ -34,41 +23,27 @@ TEST(Faults, ChangeWhatTheChipAnswers) {
         {"rdy-stuck-low", 0x03, 0},
         {"reset-stuck-low", 0xFF, INT32_MIN},
         {"board-gone=0", 0xFF, INT32_MIN},
-        {"bit-flip=4", 0x12, -1},
+        {"bit-flip=4", 0x12, any},
         {"din-stuck-high", 0xFF, 0xFFFFFF},
-        {"reset-stuck-high", 0x03, -1},
+        {"reset-stuck-high", 0x03, any},
     };
-    for (const auto& c : cases) {
-        SimulatedBench bench(FaultOf({c.fault}));
-        Register mode(*bench.port, bench.state.PortAddress, RegisterMap::Mode);
-        EXPECT_EQ(mode.ReadReg(), c.mode) << c.fault;
-        if (c.code >= 0 || c.code == INT32_MIN) {
+    for (const auto& [fault, mode, code] : cases) {
+        SimulatedBench bench(fault);
+        Register reg(*bench.port, bench.state.PortAddress, RegisterMap::Mode);
+        EXPECT_EQ(reg.ReadReg(), mode) << fault;
+        if (code != any) {
             ReadData main(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
-            EXPECT_EQ(main.Read(), c.code) << c.fault;
+            EXPECT_EQ(main.Read(), code) << fault;
         }
     }
 }
 
-TEST(Faults, TakeTheBoardAwayInTheMiddle) {
-    SimulatedBench bench(FaultOf({"board-gone=200000"}));
-    ReadData main(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
-    int codes = 0;
-    while (main.Read() != INT32_MIN) {
-        ++codes;
-    }
-    EXPECT_GT(codes, 10);
-    EXPECT_EQ(main.Read(), INT32_MIN);
-}
-
-TEST(Faults, AreKnownByName) {
+TEST(Faults, AreKnownByTheirWholeName) {
     for (const FaultDescription& known : KnownFaults()) {
         std::string name(known.name);
-        if (name.ends_with("=N")) {
-            name.back() = '5';
-        }
+        std::replace(name.begin(), name.end(), 'N', '5');
         Faults faults;
         EXPECT_TRUE(AddFault(name, faults)) << name;
-        EXPECT_NE(faults, Faults{}) << name;
     }
     for (const char* name : {"", "rdy", "board-gone", "board-gone=", "board-gone=-1",
                              "board-gone=5x", "bit-flip=0", "RDY-STUCK-LOW"}) {
@@ -94,4 +69,4 @@ TEST(OpenPort, GivesTheBoardThatWasChosen) {
 }
 
 }  // namespace
-}  // namespace vx3260
+}  // namespace vx3260::test

@@ -97,6 +97,10 @@ int FakeParport::Answer(unsigned long request, unsigned char* data) {
         return EINVAL;
     }
     const unsigned control = board_.Read(controlRegister);
+    const auto setControl = [this](unsigned value) {
+        board_.Write(controlRegister, static_cast<std::uint8_t>(value));
+        return 0;
+    };
     int direction = 0;
     switch (request) {
         case PPWDATA:
@@ -109,17 +113,13 @@ int FakeParport::Answer(unsigned long request, unsigned char* data) {
             *data = PollStatus();
             return 0;
         case PPWCONTROL:
-            board_.Write(controlRegister,
-                         static_cast<std::uint8_t>((control & 0x20U) | (*data & 0x2FU)));
-            return 0;
+            return setControl((control & 0x20U) | (*data & 0x2FU));
         case PPRCONTROL:
             *data = control & 0x0FU;
             return 0;
         case PPDATADIR:
             std::memcpy(&direction, data, sizeof direction);
-            board_.Write(controlRegister, static_cast<std::uint8_t>((control & 0x0FU) |
-                                                                    (direction != 0 ? 0x20U : 0)));
-            return 0;
+            return setControl((control & 0x0FU) | (direction != 0 ? 0x20U : 0));
         default:
             return ENOTTY;
     }

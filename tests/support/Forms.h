@@ -2,40 +2,81 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
 #include <QTimer>
 #include <functional>
-#include <initializer_list>
+#include <memory>
 #include <stdexcept>
 #include <string>
+
+#include "support/Pictures.h"
+#include "support/SimulatedBench.h"
+#include "ui/Form.h"
 
 namespace vx3260::test {
 
 /// A control of a form by its name. Fails the test where it is not there.
-template <typename Control>
-Control& Find(const QWidget& form, const char* name) {
-    auto* control = form.findChild<Control*>(QString::fromLatin1(name));
+template <typename Control = QWidget>
+Control& Find(const QWidget& form, const std::string& name) {
+    auto* control = form.findChild<Control*>(QString::fromStdString(name));
     if (control == nullptr) {
-        throw std::runtime_error(std::string("no control ") + name);
+        throw std::runtime_error("no control " + name);
     }
     return *control;
 }
 
-/// A control and the text it must show: a caption, a frame's title or a value.
-struct NamedText {
-    const char* name;
-    const char* text;
-};
+inline void Click(const QWidget& form, const std::string& button) {
+    Find<QAbstractButton>(form, button).click();
+}
 
-/// Expects every control to be there and to show its text.
-inline void ExpectTexts(const QWidget& form, std::initializer_list<NamedText> texts) {
-    for (const NamedText& expected : texts) {
-        const auto& control = Find<QWidget>(form, expected.name);
-        const char* const property = control.property("title").isValid() ? "title" : "text";
-        EXPECT_EQ(control.property(property).toString(), QString::fromUtf8(expected.text))
-            << expected.name;
+inline bool Checked(const QWidget& form, const std::string& option) {
+    return Find<QAbstractButton>(form, option).isChecked();
+}
+
+/// What a control shows: a caption, a frame's title or a value; of a form its title.
+inline std::string TextOf(const QWidget& control) {
+    for (const char* property : {"text", "title"}) {
+        if (control.property(property).isValid()) {
+            return control.property(property).toString().toStdString();
+        }
     }
+    return control.windowTitle().toStdString();
+}
+
+inline std::string TextOf(const QWidget& form, const std::string& name) {
+    return TextOf(name == form.objectName().toStdString() ? form : Find(form, name));
+}
+
+/// Expects controls to be there and to show the texts of a list: "name: text | name: text".
+inline void ExpectTexts(const QWidget& form, const char* list) {
+    QStringList shown;
+    for (const QString& entry : QString::fromUtf8(list).split(QStringLiteral(" | "))) {
+        const std::string name = entry.section(QLatin1Char(':'), 0, 0).toStdString();
+        const std::string text = TextOf(form, name);
+        shown.append(QString::fromStdString(name + (text.empty() ? ":" : ": ") + text));
+    }
+    EXPECT_EQ(shown.join(QStringLiteral(" | ")).toStdString(), list);
+}
+
+/// The texts of a row of bit labels, from the most significant down.
+inline std::string BitsOf(const QWidget& form, int first, int last) {
+    std::string bits;
+    const int step = first < last ? 1 : -1;
+    for (int n = first; n != last + step; n += step) {
+        bits += TextOf(form, "Label" + std::to_string(n));
+    }
+    return bits;
+}
+
+inline void ShowActive(QWidget& form) {
+    form.show();
+    form.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
 }
 
 /// Runs `open`, which blocks in a modal window, hands that window to `inspect` and closes it.
@@ -66,5 +107,52 @@ inline bool WhileModal(const std::function<void()>& open,
     open();
     return inspected;
 }
+
+/// The form that a button opens, by its name and what it does, such as "ModeForm: Program Mode
+/// Register"; empty when it opens none.
+inline std::string OpenedBy(const QWidget& form, const std::string& button) {
+    QString name;
+    WhileModal([&] { Click(form, button); },
+               [&](QDialog& opened) {
+                   name = opened.objectName() + QStringLiteral(": ") +
+                          opened.windowTitle().section(QStringLiteral(" - "), -1);
+               });
+    return name.toStdString();
+}
+
+/// A form on a simulated bench.
+class FormTest : public testing::Test {
+  protected:
+    void UseBoardWith(const std::string& fault) {
+        form.reset();
+        bench = std::make_unique<SimulatedBench>(fault);
+    }
+    void Preset(unsigned address, std::uint32_t value) { bench->Chip().Preset(address, value); }
+    std::uint32_t Contents(unsigned address) { return bench->Chip().Contents(address); }
+
+    template <typename Opened, typename... More>
+    Opened& Open(const More&... more) {
+        form.reset();
+        form = std::make_unique<Opened>(*bench->services, more...);
+        ShowActive(*form);
+        return static_cast<Opened&>(*form);
+    }
+    QLineEdit& Box(const char* name) { return Find<QLineEdit>(*form, name); }
+    void Expect(const char* texts) { ExpectTexts(*form, texts); }
+
+    /// Gives the boxes that are shown then.
+    std::string ClickOn(const std::string& button) {
+        Click(*form, button);
+        return bench->messages.Take();
+    }
+    std::string Enter(const char* box, const std::string& text) {
+        Box(box).setText(QString::fromStdString(text));
+        QTest::keyClick(&Box(box), Qt::Key_Return);
+        return bench->messages.Take();
+    }
+
+    std::unique_ptr<SimulatedBench> bench = std::make_unique<SimulatedBench>();
+    std::unique_ptr<Form> form;
+};
 
 }  // namespace vx3260::test

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/MessageBoxes.h"
@@ -28,12 +29,18 @@ class RecordedMessages final : public MessageBoxes {
         return answer;
     }
 
-    std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Message& message : shown) {
-            texts.push_back(message.text);
+    /// The boxes since the last call, one a line, such as "Exclamation: Overflow".
+    std::string Take() {
+        static constexpr const char* icons[] = {"Plain", "Information", "Exclamation", "Question",
+                                                "Critical"};
+        std::string told;
+        for (const Message& message : std::exchange(shown, {})) {
+            told += told.empty() ? "" : "\n";
+            told += icons[static_cast<std::size_t>(message.icon)];
+            told += message.buttons == MessageButtons::YesNo ? " yes or no: " : ": ";
+            told += message.text;
         }
-        return texts;
+        return told;
     }
 
     std::vector<Message> shown;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "link/ParallelPort.h"
@@ -15,15 +16,15 @@ class RecordingPort final : public ParallelPort {
   public:
     std::int32_t GetParallelPortCount() override { return count; }
     std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {
-        claims.push_back({portNumber, flag});
+        claims.emplace_back(portNumber, flag);
         return claimable ? 1 : 0;
     }
     std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override {
-        infoCalls.push_back({portNumber, info.size});
+        infoCalls.emplace_back(portNumber, info.size);
         info.address = address;
         return address == 0 ? 0 : 1;
     }
-    void OutByte(std::int16_t to, std::int16_t value) override { written.push_back({to, value}); }
+    void OutByte(std::int16_t to, std::int16_t value) override { written.emplace_back(to, value); }
     std::int16_t InByte(std::int16_t from) override {
         readFrom.push_back(from);
         if (replies.empty()) {
@@ -48,26 +49,15 @@ class RecordingPort final : public ParallelPort {
         return text;
     }
 
-    struct Write {
-        std::int16_t address;
-        std::int16_t value;
-        bool operator==(const Write&) const = default;
-    };
-    struct Call {
-        std::int32_t portNumber;
-        std::int32_t argument;
-        bool operator==(const Call&) const = default;
-    };
-
     std::int32_t count = 1;
     bool claimable = true;
     std::int32_t address = 888;  ///< 0: no port information
     std::deque<std::int16_t> replies;
     std::int16_t standingReply = 0xFF;
 
-    std::vector<Call> claims;
-    std::vector<Call> infoCalls;
-    std::vector<Write> written;
+    std::vector<std::pair<std::int32_t, std::int32_t>> claims;     ///< port number and flag
+    std::vector<std::pair<std::int32_t, std::int32_t>> infoCalls;  ///< port number and size
+    std::vector<std::pair<std::int16_t, std::int16_t>> written;    ///< address and value
     std::vector<std::int16_t> readFrom;
 };
 

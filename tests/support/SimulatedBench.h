@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <stdexcept>
 
 #include "app/Services.h"
 #include "app/StartUp.h"
@@ -12,7 +13,11 @@ namespace vx3260::test {
 
 /// The simulated board with everything a form is handed, after start-up.
 struct SimulatedBench {
-    explicit SimulatedBench(const Faults& faults = {}) {
+    explicit SimulatedBench(const std::string& fault = {}) {
+        Faults faults;
+        if (!fault.empty() && !AddFault(fault, faults)) {
+            throw std::invalid_argument(fault);
+        }
         auto simulated = std::make_unique<SimulatedPort>();
         board = &simulated->Board();
         port = std::make_unique<FaultyPort>(std::move(simulated), faults);
@@ -22,6 +27,11 @@ struct SimulatedBench {
     }
 
     SimulatedChip& Chip() { return board->Chip(); }
+    void Fill(Converter converter, std::vector<double> codes) {
+        const CodeBlock block = state.BlockOf(converter);
+        block.count = static_cast<std::int16_t>(codes.size());
+        block.codes = std::move(codes);
+    }
 
     RecordedMessages messages;
     RecordedSystem system;
@@ -30,6 +40,11 @@ struct SimulatedBench {
     std::unique_ptr<FaultyPort> port;
     std::unique_ptr<Services> services;
 };
+
+/// The codes of the inputs that are connected at start: 10 mV, and the sensor's 298.15 mV, both
+/// with the board's gain error and offset.
+constexpr double mainCodeAtStart = 8388608 * (1 + 0.01 * 0.996 / 2.56 + 0.002);
+constexpr double auxCodeAtStart = 65536 * (0.29815 * 0.996 / 2.5 + 0.002);
 
 /// Addresses of the registers, as the chip knows them.
 enum : unsigned {

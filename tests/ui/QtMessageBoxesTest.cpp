@@ -1,18 +1,13 @@
 #include "ui/QtMessageBoxes.h"
 
-#include <gtest/gtest.h>
-
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 #include <sstream>
 
 #include "support/Forms.h"
 
-namespace vx3260 {
+namespace vx3260::test {
 namespace {
-
-using namespace test;
 
 TEST(QtMessageBoxes, ShowsTextIconTitleAndDetail) {
     std::ostringstream log;
@@ -21,37 +16,36 @@ TEST(QtMessageBoxes, ShowsTextIconTitleAndDetail) {
                           .icon = MessageIcon::Information,
                           .title = "Show Status",
                           .detail = "more"};
-    EXPECT_TRUE(WhileModal([&] { EXPECT_EQ(boxes.Show(message), MessageAnswer::Ok); },
-                           [](QDialog& dialog) {
-                               auto& box = dynamic_cast<QMessageBox&>(dialog);
-                               EXPECT_EQ(box.text(),
-                                         QStringLiteral("Windows Version:Failed\nPort\nAddress"));
-                               EXPECT_EQ(box.windowTitle(), QStringLiteral("Show Status"));
-                               EXPECT_EQ(box.icon(), QMessageBox::Information);
-                               EXPECT_EQ(box.informativeText(), QStringLiteral("more"));
-                           }));
+    const auto inspect = [](QDialog& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.text(), QStringLiteral("Windows Version:Failed\nPort\nAddress"));
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Show Status"));
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.informativeText(), QStringLiteral("more"));
+    };
+    EXPECT_TRUE(WhileModal([&] { EXPECT_EQ(boxes.Show(message), MessageAnswer::Ok); }, inspect));
     EXPECT_EQ(log.str(), "Windows Version:Failed\rPort\r\nAddress\nmore\n");
 }
 
 TEST(QtMessageBoxes, AnswersAQuestion) {
     std::ostringstream log;
     QtMessageBoxes boxes(log);
-    const Message question{.text = "?", .buttons = MessageButtons::YesNo};
-    for (const auto button : {QMessageBox::Yes, QMessageBox::No}) {
+    const auto answerTo = [&](MessageIcon icon, const std::function<void(QDialog&)>& act) {
         MessageAnswer answer{};
-        WhileModal([&] { answer = boxes.Show(question); },
-                   [&](QDialog& box) { dynamic_cast<QMessageBox&>(box).button(button)->click(); });
-        EXPECT_EQ(answer, button == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No);
-    }
-    const Message warning{
-        .text = "?", .icon = MessageIcon::Exclamation, .buttons = MessageButtons::YesNo};
-    WhileModal([&] { EXPECT_EQ(boxes.Show(warning), MessageAnswer::No); },
-               [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    MessageAnswer closed{};
-    WhileModal([&] { closed = boxes.Show(question); }, [](QDialog&) {});
-    EXPECT_EQ(closed, MessageAnswer::No);
+        const Message question{.text = "?", .icon = icon, .buttons = MessageButtons::YesNo};
+        WhileModal([&] { answer = boxes.Show(question); }, act);
+        return answer;
+    };
+    const auto click = [](QMessageBox::StandardButton button) {
+        return [button](QDialog& box) { dynamic_cast<QMessageBox&>(box).button(button)->click(); };
+    };
+    const auto enter = [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    EXPECT_EQ(answerTo(MessageIcon::None, click(QMessageBox::Yes)), MessageAnswer::Yes);
+    EXPECT_EQ(answerTo(MessageIcon::None, click(QMessageBox::No)), MessageAnswer::No);
+    EXPECT_EQ(answerTo(MessageIcon::Exclamation, enter), MessageAnswer::No);
+    EXPECT_EQ(answerTo(MessageIcon::None, [](QDialog&) {}), MessageAnswer::No) << "closed";
     EXPECT_EQ(log.str(), "");
 }
 
 }  // namespace
-}  // namespace vx3260
+}  // namespace vx3260::test
