@@ -316,10 +316,10 @@ TEST_F(PlotFormsTest, SavesCommaSeparatedValues) {
     OpenPlot<PlotForm>(AuxBlock());
     SaveAs("Command2", folder.Path("codes.txt"));
     EXPECT_TRUE(folder.Bytes("codes.txt").starts_with("reading,code,volts\n1,32768,0\n2,32770,"));
-    SaveAs("Command2", folder.Path("no folder/codes.csv"));
-    EXPECT_EQ(bench->messages.Take(), "Exclamation: Cannot write " +
-                                          folder.Path("no folder/codes.csv") +
-                                          ": No such file or directory");
+    const std::string gone = folder.Path("no folder/codes.csv");
+    SaveAs("Command2", gone);
+    EXPECT_EQ(bench->messages.Take(),
+              "Exclamation: Cannot write " + gone + ": " + Folder::ReasonOfNoFile(gone));
     EXPECT_TRUE(form->isVisible());
 }
 

@@ -8,6 +8,7 @@
 #include "cli/CliRun.h"
 #include "cli/ExitCodes.h"
 #include "link/BoardCheck.h"
+#include "ports/OpenPort.h"
 #include "ports/SimulatedPort.h"
 #include "support/Folder.h"
 
@@ -30,11 +31,6 @@ TEST(CommandLine, WrongOnesAreRefused) {
                       {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
                       {"--simulated noise main --range 7", "--range requires FILE"},
                       {"--simulated noise main --reference 1e39", "no positive number"},
-                      {"read main --simulated --port /dev/parport0", "excludes"},
-                      {"read main --port-address 0x378", "needs --port-access=direct"},
-                      {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
-                      {"read main --port-access direct --port-address 0", "from 1 to 32765"},
-                      {"read main --port-access parallel", "--port-access"},
                       {"read main --poll-time -1", "is no number of microseconds"},
                   });
 }
@@ -46,23 +42,40 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
          {"noise main --count -99999999999999999999", "accepted are 10 to 5000"}});
     ExpectRefused(
         ExitCode::NoAnswer,
-        {{"read main --port /dev/none", "failed\n  There is no /dev/none."},
-         {"read main --port /dev/none", "GetPortAddress Error: This PC does not appear to have a"},
-         {"check --port /dev/null", "/dev/null is no printer port."},
-         {"reset hardware --port /dev/null", "the printer port could not be claimed; --simulated"},
-         {"noise main --port /dev/none", "no printer port to reach a board through; --simulated"},
-         {"read main --simulated --fault board-gone=0",
+        {{"read main --simulated --fault board-gone=0",
           "wrote 0xFB to the mode register and read back 0xFF. All bits read 1"},
          {"read main --simulated --fault=dout-stuck-low",
           "wrote 0x3 to the mode register and read back 0x0. All bits read 0"},
          {"read main --simulated --fault no-data-ready", "Error Reading Data from VX3260\n"},
          {"read main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
          {"noise main --simulated --fault no-data-ready", "Too few codes to analyse\n"}});
-    ExpectRefused(ExitCode::FileNotAccessible,
-                  {{"read main --output /none/x.dat",
-                    "vx3260-cli: cannot write /none/x.dat: No such file or directory\n"},
-                   {"registers --simulated --trace /none/x.vcd", "cannot write /none/x.vcd: No"},
-                   {"noise main /none/x.dat --range=7 --polarity=unipolar", "cannot read /none/"}});
+    ExpectRefused(
+        ExitCode::FileNotAccessible,
+        {{"read main --output /none/x.dat",
+          "vx3260-cli: cannot write /none/x.dat: " + Folder::ReasonOfNoFile("/none/x.dat") + "\n"},
+         {"registers --simulated --trace /none/x.vcd", "cannot write /none/x.vcd: No"},
+         {"noise main /none/x.dat --range=7 --polarity=unipolar", "cannot read /none/"}});
+}
+
+TEST(CommandLine, RealPortsAreChosenWhereTheyAreDevices) {
+    if (!RealPortsAreDevices) {
+        GTEST_SKIP() << "a library has the ports of this system";
+    }
+    ExpectRefused(ExitCode::WrongCommandLine,
+                  {
+                      {"read main --simulated --port /dev/parport0", "excludes"},
+                      {"read main --port-address 0x378", "needs --port-access=direct"},
+                      {"read main --port-access direct --port-address 32766", "from 1 to 32765"},
+                      {"read main --port-access direct --port-address 0", "from 1 to 32765"},
+                      {"read main --port-access parallel", "--port-access"},
+                  });
+    ExpectRefused(
+        ExitCode::NoAnswer,
+        {{"read main --port /dev/none", "failed\n  There is no /dev/none."},
+         {"read main --port /dev/none", "GetPortAddress Error: This PC does not appear to have a"},
+         {"check --port /dev/null", "/dev/null is no printer port."},
+         {"reset hardware --port /dev/null", "the printer port could not be claimed; --simulated"},
+         {"noise main --port /dev/none", "no printer port to reach a board through; --simulated"}});
 }
 
 TEST(CommandLine, HelpAndListsGoToStandardOutput) {

@@ -66,7 +66,7 @@ TEST_F(HistogramOf, WhatIsNoBlockIsRefused) {
     const std::string failed = folder.Make("failed", "1\n2\n-2147483648\n");
     ExpectRefused(ExitCode::BadDataFile,
                   {{"histogram aux " + failed, "failed: line 3: the time-out value -2147483648"}});
-    ExpectRefused(ExitCode::FileNotAccessible, {{"histogram aux /none", "cannot read /none: No"}});
+    ExpectRefused(ExitCode::FileNotAccessible, {{"histogram aux /none", "cannot read /none: "}});
     ExpectRefused(ExitCode::WrongCommandLine,
                   {{"histogram aux", "FILE is required"},
                    {"histogram aux x --bins 1", "Value 1 not in range 2 to 65536"},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <fstream>
 #include <sstream>
@@ -17,6 +18,13 @@ class Folder {
     std::string Path(const std::string& name) const {
         return QDir::toNativeSeparators(folder_.filePath(QString::fromStdString(name)))
             .toStdString();
+    }
+
+    /// What the system says of a file that is not there.
+    static std::string ReasonOfNoFile(const std::string& path) {
+        QFile file(QString::fromStdString(path));
+        file.open(QIODevice::ReadOnly);
+        return file.errorString().toStdString();
     }
 
     std::string Make(const std::string& name, const std::string& bytes) const {

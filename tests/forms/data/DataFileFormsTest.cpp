@@ -94,8 +94,10 @@ TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
     const std::string none = folder.Path("none.dat");
     const std::pair<std::string, std::string> cases[] = {
         {bad, bad + ": line 2: \"1.5\" is no decimal code"},
-        {none, "Cannot read " + none + ": No such file or directory"},
+        {none, "Cannot read " + none + ": " + Folder::ReasonOfNoFile(none)},
+#if defined(__linux__)
         {"/dev/zero", "/dev/zero is a pipe, a device or an open file, no file of its own"},
+#endif
         {"  ", "Enter the name of a file, or choose one with \"Browse...\""},
     };
     bench->messages.atBox = [this] { EXPECT_NE(bench->messages.shown.back().detail, ""); };
@@ -130,7 +132,7 @@ TEST_F(DataFileFormsTest, AskBeforeAFileIsReplacedAndTellWhyNothingCanBeWritten)
     Do(path);
     EXPECT_EQ(folder.Bytes("old.dat"), " 5\n");
     const std::string gone = folder.Path("gone/x.dat");
-    EXPECT_EQ(Do(gone), "Exclamation: Cannot write " + gone + ": No such file or directory");
+    EXPECT_EQ(Do(gone), "Exclamation: Cannot write " + gone + ": " + Folder::ReasonOfNoFile(gone));
 }
 
 TEST_F(DataFileFormsTest, TakeThePathThatIsChosenInTheDialog) {

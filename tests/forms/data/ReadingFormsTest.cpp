@@ -69,7 +69,7 @@ TEST_P(ReadDataFormTest, HasItsTextsAndSitsInTheMiddle) {
     for (const QPushButton* button : form->findChildren<QPushButton*>()) {
         EXPECT_FALSE(button->autoDefault()) << button->objectName().toStdString();
     }
-    const QPoint off = form->geometry().center() - form->screen()->geometry().center();
+    const QPoint off = form->frameGeometry().center() - form->screen()->geometry().center();
     EXPECT_LE(off.manhattanLength(), 6);  // a frame's width
     bench->services->boardBadge.clear();
     Open();
