@@ -28,38 +28,30 @@ using namespace vx3260;
 
 constexpr const char* programName = "vx3260-eval";
 
-/// What the program tells before or after its forms: on the terminal, or where there is none in a
-/// box.
-class Teller {
-  public:
-    Teller(const Console& console, int& argc, char** argv)
-        : console_(console), argc_(argc), argv_(argv) {}
-
-    void Tell(const std::string& text, MessageIcon icon) const {
-        if (console_.errIsSeen) {
-            (icon == MessageIcon::Critical ? std::cerr : std::cout) << text << std::flush;
-            return;
-        }
-        const QApplication application(argc_, argv_);
-        QApplication::setWindowIcon(ApplicationIcon());
-        std::ostringstream unseen;
-        QtMessageBoxes(unseen).Show({.text = text, .icon = icon});
+/// Tells what comes before or after the forms: on the terminal, or where there is none in a box.
+void Tell(const std::string& text, MessageIcon icon, int& argc, char** argv) {
+    const bool isError = icon == MessageIcon::Critical;
+    if (Print(isError ? StandardStream::Error : StandardStream::Output, text)) {
+        return;
     }
+    const QApplication application(argc, argv);
+    QApplication::setWindowIcon(ApplicationIcon());
+    QtMessageBoxes(std::cerr).Show({.text = text, .icon = icon});
+}
 
-  private:
-    const Console& console_;
-    int& argc_;
-    char** argv_;
+/// What the command line asks for.
+struct Request {
+    PortChoice port;
+    std::optional<int> exitCode;  ///< the program ends with it, after telling `text`
+    std::string text;
 };
 
-/// Fills in the port choice from the command line. An exit code where the program ends with that:
-/// after --help or --version, or because of an error, which has been told.
-std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice,
-                         const Teller& teller) {
+Request Parse(std::vector<std::string> arguments) {
+    Request request;
     CLI::App app{std::string(ApplicationTitle), programName};
     app.set_version_flag("--version", std::string(VersionText));
     app.footer("/SS anywhere in the command line shows the system and the port address.");
-    AddPortOptions(app, choice);
+    AddPortOptions(app, request.port);
     app.allow_extras();
     app.allow_windows_style_options(false);  // the same words on every system
     try {
@@ -74,44 +66,45 @@ std::optional<int> Parse(std::vector<std::string> arguments, PortChoice& choice,
     } catch (const CLI::ParseError& error) {
         std::ostringstream text;
         const bool well = app.exit(error, text, text) == 0;
-        teller.Tell(text.str(), well ? MessageIcon::Information : MessageIcon::Critical);
-        return well ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
+        request.exitCode = well ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
+        request.text = text.str();
     }
-    return std::nullopt;
+    return request;
 }
 
-int Run(int& argc, char** argv, const Teller& teller) {
+int Run(int& argc, char** argv) {
     MachineSystem system(argc, argv);
-    PortChoice choice;
-    if (const std::optional<int> exitCode = Parse(system.Arguments(), choice, teller)) {
-        return *exitCode;
+    const Request request = Parse(system.Arguments());
+    if (request.exitCode) {
+        Tell(request.text,
+             *request.exitCode == 0 ? MessageIcon::Information : MessageIcon::Critical, argc, argv);
+        return *request.exitCode;
     }
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(ApplicationIcon());
     QtMessageBoxes messages(std::cerr);
     ApplicationState state;
-    const OpenedPort opened = OpenPort(choice);
+    const OpenedPort opened = OpenPort(request.port);
     Services services{*opened.port, messages, system, state, opened.badge};
     StartUp(services);
     MainMenuForm(services).exec();
     return 0;
 }
 
-int End(const std::exception& error, ExitCode code, const Teller& teller) {
-    teller.Tell(std::string(programName) + ": " + error.what() + "\n", MessageIcon::Critical);
-    return static_cast<int>(code);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    const Console console = PrepareConsole();
-    const Teller teller(console, argc, argv);
+    PrepareConsole();
+    const auto end = [&](const std::exception& error, ExitCode code) {
+        Tell(std::string(programName) + ": " + error.what() + "\n", MessageIcon::Critical, argc,
+             argv);
+        return static_cast<int>(code);
+    };
     try {
-        return Run(argc, argv, teller);
+        return Run(argc, argv);
     } catch (const FileAccessError& error) {
-        return End(error, ExitCode::FileNotAccessible, teller);
+        return end(error, ExitCode::FileNotAccessible);
     } catch (const std::exception& error) {
-        return End(error, ExitCode::UnexpectedError, teller);
+        return end(error, ExitCode::UnexpectedError);
     }
 }

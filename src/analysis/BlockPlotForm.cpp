@@ -1,6 +1,7 @@
 #include "analysis/BlockPlotForm.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -224,14 +225,14 @@ void BlockPlotForm::SavePicture() {
     if (!file.path.isEmpty()) {
         const QByteArray bytes =
             IsPdf(file) ? view_->Pdf(PictureLines()) : view_->Png(PictureLines());
-        Save(file.path.toStdString(), View(bytes));
+        Save(QDir::toNativeSeparators(file.path).toStdString(), View(bytes));
     }
 }
 
 void BlockPlotForm::SaveCsv() {
     const ChosenFile file = AskForFile(this, subject_, {CsvFile()});
     if (!file.path.isEmpty()) {
-        Save(file.path.toStdString(), Csv());
+        Save(QDir::toNativeSeparators(file.path).toStdString(), Csv());
     }
 }
 

@@ -24,8 +24,8 @@ class OperatingSystem {
     /// The arguments as the user typed them, without the program's own path.
     virtual std::string CommandLine() = 0;
 
-    /// A value under HKEY_LOCAL_MACHINE in the Windows registry: a string as it is, a 32-bit number
-    /// as hexadecimal text after "&h". Nothing where there is none, nor a registry.
+    /// A value under HKEY_LOCAL_MACHINE in the Windows registry: a string as it is, in UTF-8, a
+    /// 32-bit number as hexadecimal text after "&h". Nothing where there is none, nor a registry.
     virtual std::optional<std::string> GetKeyValue(const std::string& key,
                                                    const std::string& name) = 0;
 

@@ -171,8 +171,9 @@ std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
 
 std::string LoadStandardInput(const SizeLimit& limit) {
     constexpr const char* name = "standard input";
+    constexpr int descriptor = 0;
     QFile file;
-    if (!file.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         ThrowCannot("read", name, file);
     }
     return ReadBounded(file, name, limit);

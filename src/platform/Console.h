@@ -2,19 +2,26 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 
 namespace vx3260 {
 
 /// The terminal that a command was started in.
 struct Console {
     bool errIsTerminal = false;
-    bool errIsSeen = true;     ///< false for a program with windows, started from the desktop
-    std::size_t outWidth = 0;  ///< characters of a line; 0 where the output is no terminal
+    std::size_t outWidth = 0;          ///< characters of a line; 0 where the output is no terminal
     std::shared_ptr<void> restorer{};  ///< leaves the terminal as it was, with the last copy
 };
 
 /// Makes the process ready for the command line: its texts are UTF-8, and a file that cannot grow
 /// is an error of the write. Tells about the terminal.
 Console PrepareConsole();
+
+enum class StandardStream { Output, Error };
+
+/// For a program with windows, which may have been started without a terminal: writes a text to
+/// the stream or, where that leads nowhere, to the terminal of the program that started this one.
+/// False where there is none either.
+bool Print(StandardStream stream, const std::string& text);
 
 }  // namespace vx3260

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <iostream>
 
 #include "platform/Console.h"
 
@@ -16,6 +17,11 @@ Console PrepareConsole() {
         console.outWidth = size.ws_col;
     }
     return console;
+}
+
+bool Print(StandardStream stream, const std::string& text) {
+    (stream == StandardStream::Output ? std::cout : std::cerr) << text << std::flush;
+    return true;
 }
 
 }  // namespace vx3260

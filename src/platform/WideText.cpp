@@ -4,13 +4,25 @@
 
 namespace vx3260 {
 
-std::wstring ToWide(std::string_view text) {
+namespace {
+
+std::wstring ToWideFrom(UINT codePage, std::string_view text) {
     const auto size = static_cast<int>(text.size());
     std::wstring wide(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)),
+        static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, nullptr, 0)),
         L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+    MultiByteToWideChar(codePage, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
     return wide;
+}
+
+}  // namespace
+
+std::wstring ToWide(std::string_view text) {
+    return ToWideFrom(CP_UTF8, text);
+}
+
+std::string CodePageToUtf8(std::string_view text) {
+    return ToUtf8(ToWideFrom(CP_ACP, text));
 }
 
 std::string ToUtf8(std::wstring_view text) {

@@ -10,4 +10,7 @@ namespace vx3260 {
 std::wstring ToWide(std::string_view text);
 std::string ToUtf8(std::wstring_view text);
 
+/// From the code page of the system's 8-bit functions.
+std::string CodePageToUtf8(std::string_view text);
+
 }  // namespace vx3260

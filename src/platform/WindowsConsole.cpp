@@ -5,28 +5,10 @@
 #include <cstdio>
 
 #include "platform/Console.h"
+#include "platform/WideText.h"
 
 namespace vx3260 {
-
 namespace {
-
-bool LeadsSomewhere(DWORD standardHandle) {
-    return GetFileType(GetStdHandle(standardHandle)) != FILE_TYPE_UNKNOWN;
-}
-
-/// A program with windows has no console of its own. Where its output is not redirected and it was
-/// started from a console, it writes there. Whether standard error leads somewhere then.
-bool HasPlaceForErrors() {
-    if (LeadsSomewhere(STD_ERROR_HANDLE)) {
-        return true;
-    }
-    if (AttachConsole(ATTACH_PARENT_PROCESS) == 0) {
-        return false;
-    }
-    std::freopen("CONOUT$", "w", stdout);
-    std::freopen("CONOUT$", "w", stderr);
-    return true;
-}
 
 void PassBytesUnchanged(std::FILE* stream) {
     if (_fileno(stream) >= 0) {
@@ -34,11 +16,20 @@ void PassBytesUnchanged(std::FILE* stream) {
     }
 }
 
+/// A console takes UTF-16 whatever its code page is, a file or a pipe bytes.
+void WriteText(HANDLE handle, const std::string& text) {
+    const std::wstring wide = ToWide(text);
+    DWORD written = 0;
+    if (WriteConsoleW(handle, wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr) ==
+        0) {
+        WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    }
+}
+
 }  // namespace
 
 Console PrepareConsole() {
     Console console;
-    console.errIsSeen = HasPlaceForErrors();
     console.restorer = std::shared_ptr<void>(
         nullptr, [before = GetConsoleOutputCP()](void*) { SetConsoleOutputCP(before); });
     SetConsoleOutputCP(CP_UTF8);
@@ -52,6 +43,27 @@ Console PrepareConsole() {
         console.outWidth = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
     }
     return console;
+}
+
+/// A program with windows leaves the starter's console at once: it would end with it, and with
+/// every Ctrl+C that is typed there.
+bool Print(StandardStream stream, const std::string& text) {
+    const HANDLE given =
+        GetStdHandle(stream == StandardStream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+    if (GetFileType(given) != FILE_TYPE_UNKNOWN) {
+        WriteText(given, text);
+        return true;
+    }
+    if (AttachConsole(ATTACH_PARENT_PROCESS) == 0) {
+        return false;
+    }
+    const HANDLE console =
+        CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    WriteText(console, text);
+    CloseHandle(console);
+    FreeConsole();
+    return true;
 }
 
 }  // namespace vx3260

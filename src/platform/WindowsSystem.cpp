@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <cstring>
 
 #include "numbers/NumberText.h"
@@ -14,7 +15,8 @@
 namespace vx3260 {
 namespace {
 
-/// Query, enumerate and create below a key, and notify of changes: what such look-ups ask for.
+/// Everything but to delete the key and to change who may use it. Windows refuses that to all but
+/// administrators.
 constexpr REGSAM keyAccess = 0x2003F;
 
 /// A registry key that is closed in every case.
@@ -60,6 +62,7 @@ WindowsSystem::WindowsSystem(int /*argumentCount*/, const char* const* /*argumen
 
 SystemVersion WindowsSystem::QueryVersion() {
     OSVERSIONINFOA info{};
+    static_assert(sizeof info == 148);
     info.dwOSVersionInfoSize = sizeof info;
     std::fill(std::begin(info.szCSDVersion), std::end(info.szCSDVersion), ' ');
     if (GetVersionExA(&info) == 0) {
@@ -70,12 +73,14 @@ SystemVersion WindowsSystem::QueryVersion() {
             static_cast<std::int32_t>(info.dwMinorVersion)};
 }
 
-/// The program's own path comes first, in quotation marks where it holds a blank.
 std::string WindowsSystem::CommandLine() {
-    const std::string whole = ToUtf8(GetCommandLineW());
-    const std::size_t pathEnd = whole.starts_with('"') ? whole.find('"', 1) : 0;
-    const std::size_t blank = whole.find(' ', pathEnd);
-    return blank == std::string::npos ? std::string() : whole.substr(blank + 1);
+    return WithoutProgram(ToUtf8(GetCommandLineW()));
+}
+
+std::string WindowsSystem::WithoutProgram(const std::string& commandLine) {
+    const std::size_t pathEnd = commandLine.starts_with('"') ? commandLine.find('"', 1) : 0;
+    const std::size_t blank = commandLine.find_first_of(" \t", pathEnd);
+    return blank == std::string::npos ? std::string() : commandLine.substr(blank + 1);
 }
 
 std::optional<std::string> WindowsSystem::GetKeyValue(const std::string& key,
@@ -92,7 +97,7 @@ std::optional<std::string> WindowsSystem::GetKeyValue(const std::string& key,
         return std::nullopt;
     }
     if (type == REG_SZ) {
-        return UpToZero(bytes.data(), size);
+        return CodePageToUtf8(UpToZero(bytes.data(), size));
     }
     if (type == REG_DWORD && size == sizeof(std::int32_t)) {
         std::int32_t number = 0;
@@ -103,31 +108,37 @@ std::optional<std::string> WindowsSystem::GetKeyValue(const std::string& key,
 }
 
 bool WindowsSystem::FileExists(const std::string& path) {
-    return GetFileAttributesW(ToWide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+std::vector<std::string> WindowsSystem::DesktopSystemInformation() {
+    std::array<wchar_t, MAX_PATH> folder{};
+    const UINT length = GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
+    const std::string path = ToUtf8({folder.data(), length}) + "\\msinfo32.exe";
+    return FileExists(path) ? std::vector<std::string>{path} : std::vector<std::string>{};
+}
+
+/// By the shell, which asks the user for the rights that a program may need.
 bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = SW_SHOWNORMAL;
-    PROCESS_INFORMATION process{};
-    std::string line;
-    for (const std::string& word : command) {
-        line += (line.empty() ? "\"" : " \"") + word + '"';
+    std::string arguments;
+    for (auto word = command.begin() + 1; word < command.end(); ++word) {
+        const bool quoted = word->find(' ') != std::string::npos;
+        arguments += quoted ? " \"" + *word + '"' : " " + *word;
     }
-    std::wstring wideLine = ToWide(line);
-    if (CreateProcessW(ToWide(command.at(0)).c_str(), wideLine.data(), nullptr, nullptr, FALSE, 0,
-                       nullptr, nullptr, &startup, &process) == 0) {
-        return false;
-    }
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return true;
+    const std::wstring program = ToWide(command.at(0));
+    const std::wstring parameters = ToWide(arguments);
+    SHELLEXECUTEINFOW start{};
+    start.cbSize = sizeof start;
+    start.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    start.lpFile = program.c_str();
+    start.lpParameters = parameters.c_str();
+    start.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExW(&start) != 0;
 }
 
 void WindowsSystem::EndProcess(int exitCode) {
-    ExitProcess(static_cast<UINT>(exitCode));
+    std::_Exit(exitCode);
 }
 
 }  // namespace vx3260

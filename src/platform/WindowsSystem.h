@@ -20,11 +20,16 @@ class WindowsSystem final : public OperatingSystem {
 
     SystemVersion QueryVersion() override;
     std::string CommandLine() override;
+
+    /// A whole command line without the program's path, which comes first, in quotation marks where
+    /// it holds a blank.
+    static std::string WithoutProgram(const std::string& commandLine);
+
     std::optional<std::string> GetKeyValue(const std::string& key,
                                            const std::string& name) override;
+    /// Folders are no files.
     bool FileExists(const std::string& path) override;
-    /// The registry names the program here; there is no other.
-    std::vector<std::string> DesktopSystemInformation() override { return {}; }
+    std::vector<std::string> DesktopSystemInformation() override;
     bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;
 

@@ -48,13 +48,11 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     ParllioPort library(choice.pollTime);
     std::vector<PortListing> ports;
     for (std::int32_t number = 1; number <= library.GetParallelPortCount(); ++number) {
+        const bool claimed = library.ClaimParallelPort(number, -1) != 0;
+        const std::string failure = claimed ? "" : library.FailureDetail();
         ParallelPortInfo info;
         library.GetParallelPortInfo(number, info);
-        const bool claimed = library.ClaimParallelPort(number, -1) != 0;
-        ports.push_back({"port " + std::to_string(number),
-                         info.address,
-                         {},
-                         claimed ? "" : library.FailureDetail()});
+        ports.push_back({"port " + std::to_string(number), info.address, {}, failure});
     }
     return ports;
 }

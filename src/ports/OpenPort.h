@@ -57,13 +57,14 @@ OpenedPort OpenPort(const PortChoice& choice);
 
 /// A port of this machine as `ports` lists it.
 struct PortListing {
-    std::string name;            ///< as --port takes it; "simulated"
+    std::string name;            ///< as --port takes it, where ports are devices; "simulated"
     std::int32_t address = 0;    ///< base I/O address; 0 where it is not known
     std::string permissions;     ///< "rw-rw---- root lp"; empty for a port without
     std::string claimFailure{};  ///< why it cannot be claimed; empty where it can
 };
 
-/// The ports there are, each claimed for a moment; the simulated one alone where that was chosen.
+/// The ports there are, each claimed, those that are devices for a moment; the simulated one alone
+/// where that was chosen.
 std::vector<PortListing> ListPorts(const PortChoice& choice);
 
 /// What to do where there is no port.

@@ -16,12 +16,39 @@ std::string ToUtf8(std::wstring_view text) {
     return {bytes.begin(), bytes.end()};
 }
 
-/// Where Windows finds the library; empty where it finds none.
+/// The path that one of the system's functions fills in.
+template <typename Fill>
+std::wstring Filled(const Fill& fill) {
+    constexpr std::size_t longestPath = 32767;
+    std::wstring path(longestPath, L'\0');
+    path.resize(fill(path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+/// Where the library would be loaded from; empty where it is in none of these folders.
 std::wstring LibraryPath() {
-    std::array<wchar_t, MAX_PATH> path{};
-    const DWORD length = SearchPathW(nullptr, libraryName, nullptr, static_cast<DWORD>(path.size()),
-                                     path.data(), nullptr);
-    return length < path.size() ? std::wstring(path.data(), length) : std::wstring();
+    const std::filesystem::path program =
+        Filled([](wchar_t* path, DWORD size) { return GetModuleFileNameW(nullptr, path, size); });
+    const std::wstring chosen =
+        Filled([](wchar_t* path, DWORD size) { return GetDllDirectoryW(size, path); });
+    const std::wstring system =
+        Filled([](wchar_t* path, DWORD size) { return GetSystemDirectoryW(path, size); });
+    const std::wstring folders = program.parent_path().wstring() + L';' + chosen + L';' + system;
+    return Filled([&folders](wchar_t* path, DWORD size) {
+        return SearchPathW(folders.c_str(), libraryName, nullptr, size, path, nullptr);
+    });
+}
+
+/// Not from the current folder, where data files are, nor from those of PATH. Without a box of the
+/// system's own where the file is none of a library.
+HMODULE LoadPortLibrary() {
+    DWORD before = 0;
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before);
+    const HMODULE library = LoadLibraryExW(libraryName, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+    const DWORD error = GetLastError();
+    SetThreadErrorMode(before, nullptr);
+    SetLastError(error);
+    return library;
 }
 
 std::uint32_t NumberAt(const std::string& bytes, std::size_t offset, std::size_t size) {
@@ -64,6 +91,12 @@ std::string WhyNotLoaded(DWORD error) {
                " is a 32-bit library. This program is a 64-bit one and needs the 64-bit "
                "parllio.dll.";
     }
+    if (error == ERROR_BAD_EXE_FORMAT) {
+        return ToUtf8(path) + " is no library of 64-bit Windows. Is the file whole?";
+    }
+    if (error == ERROR_MOD_NOT_FOUND) {
+        return ToUtf8(path) + " cannot be loaded: a library that it needs is missing.";
+    }
     return ToUtf8(path) + " cannot be loaded: " + SystemReason(error);
 }
 
@@ -80,7 +113,7 @@ ParllioPort::~ParllioPort() {
 }
 
 void ParllioPort::Load() {
-    library_ = LoadLibraryW(libraryName);
+    library_ = LoadPortLibrary();
     if (library_ == nullptr) {
         failure_ = WhyNotLoaded(GetLastError());
         return;
@@ -129,7 +162,15 @@ std::int32_t ParllioPort::ClaimParallelPort(std::int32_t portNumber, std::int32_
 }
 
 std::int32_t ParllioPort::GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) {
-    return library_ != nullptr ? getInfo_(portNumber, &info) : 0;
+    static_assert(sizeof info == 12, "the library's own record");
+    if (library_ == nullptr) {
+        return 0;
+    }
+    const std::int32_t known = getInfo_(portNumber, &info);
+    if (known == 0) {
+        failure_ = "The port library knows no port " + std::to_string(portNumber) + ".";
+    }
+    return known;
 }
 
 void ParllioPort::OutByte(std::int16_t address, std::int16_t value) {

@@ -11,7 +11,7 @@
 namespace vx3260 {
 
 /// The printer ports through the port library parllio.dll, which is loaded by name: from the
-/// program's folder, or where Windows looks for libraries. Without it, or with one that lacks an
+/// program's folder, from one chosen with SetDllDirectory, or from the system's. Without it, or with one that lacks an
 /// operation, nothing can be claimed, reads give 255 and writes go nowhere.
 class ParllioPort final : public ParallelPort {
   public:

@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <io.h>
 #include <windows.h>
 #undef ReplaceFile  // the system's own
 
@@ -55,6 +57,18 @@ TEST(WindowsFiles, AFileInUseStaysAndTheCodesAreKept) {
     }
     writer.Write(Codes{4}, Notation::Decimal);
     EXPECT_EQ(folder.Bytes("ä 測.dat"), " 4\n");
+}
+
+TEST(WindowsFiles, StandardInputMayBeAPipe) {
+    const std::string text = "registers\r\n\x1A" + std::string(70000, 'x');
+    int ends[2];
+    ASSERT_EQ(_pipe(ends, 1 << 17, _O_BINARY), 0);
+    ASSERT_EQ(_write(ends[1], text.data(), static_cast<unsigned>(text.size())),
+              static_cast<int>(text.size()));
+    _close(ends[1]);
+    ASSERT_EQ(_dup2(ends[0], 0), 0);
+    _close(ends[0]);
+    EXPECT_EQ(LoadStandardInput({100000, ""}), text);
 }
 
 TEST(WindowsFiles, WhatIsReadOnlyStays) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "acquisition/Reading.h"
 #include "app/StartUp.h"
@@ -17,28 +18,27 @@ namespace fs = std::filesystem;
 
 constexpr std::chrono::nanoseconds noPollTime{0};
 
-/// The library is found in the current folder, which each test chooses.
+/// The library is found in a folder that each test chooses.
 class ParllioPortTest : public testing::Test {
   protected:
-    ~ParllioPortTest() override { fs::current_path(before_); }
+    ~ParllioPortTest() override {
+        SetDllDirectoryW(nullptr);
+        fs::remove_all(made_);
+    }
 
-    /// One with the stand-in of that name.
-    void Enter(const std::string& kind) { fs::current_path(fs::path(PARLLIO_FOLDER) / kind); }
+    /// The one with the stand-in of that name.
+    static void Choose(const std::string& kind) {
+        SetDllDirectoryW((fs::path(PARLLIO_FOLDER) / kind).c_str());
+    }
 
-    /// One with a copy of the stand-in whose header tells of 32-bit code.
-    void Enter32Bit() {
-        const fs::path folder = fs::temp_directory_path() / L"vx3260 32-bit ä";
-        fs::create_directories(folder);
-        fs::copy_file(fs::path(PARLLIO_FOLDER) / "whole" / "parllio.dll", folder / "parllio.dll",
+    /// One with a copy of the stand-in, changed.
+    void ChooseChanged(const std::function<void(std::fstream&)>& change) {
+        fs::create_directories(made_);
+        fs::copy_file(fs::path(PARLLIO_FOLDER) / "whole" / "parllio.dll", made_ / "parllio.dll",
                       fs::copy_options::overwrite_existing);
-        std::fstream file(folder / "parllio.dll", std::ios::binary | std::ios::in | std::ios::out);
-        std::uint32_t header = 0;
-        file.seekg(0x3C);
-        file.read(reinterpret_cast<char*>(&header), sizeof header);
-        file.seekp(header + 4);
-        file.write("\x4C\x01", 2);
-        file.close();
-        fs::current_path(folder);
+        std::fstream file(made_ / "parllio.dll", std::ios::binary | std::ios::in | std::ios::out);
+        change(file);
+        SetDllDirectoryW(made_.c_str());
     }
 
     RecordedMessages messages;
@@ -46,11 +46,24 @@ class ParllioPortTest : public testing::Test {
     ApplicationState state;
 
   private:
-    fs::path before_ = fs::current_path();
+    fs::path made_ = fs::temp_directory_path() / L"vx3260 ä 測";
 };
 
+/// Its header then tells of 32-bit code.
+void Make32Bit(std::fstream& file) {
+    std::uint32_t header = 0;
+    file.seekg(0x3C);
+    file.read(reinterpret_cast<char*>(&header), sizeof header);
+    file.seekp(header + 4);
+    file.write("\x4C\x01", 2);
+}
+
+void Spoil(std::fstream& file) {
+    file.write("no library", 10);
+}
+
 TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
-    Enter("whole");
+    Choose("whole");
     ParllioPort port(noPollTime);
     Services services{port, messages, system, state};
     system.version = {2, 5, 0};
@@ -70,19 +83,23 @@ TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
     EXPECT_EQ(ports[0].claimFailure, "");
     EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
     EXPECT_TRUE(port.FailureDetail().starts_with("The port library could not claim port 2."));
+    ParallelPortInfo info;
+    EXPECT_EQ(port.GetParallelPortInfo(2, info), 0);
+    EXPECT_EQ(port.FailureDetail(), "The port library knows no port 2.");
 }
 
 TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
     const struct {
-        std::function<void()> enter;
+        std::function<void()> choose;
         const char* detail;
     } cases[] = {
-        {[] { fs::current_path(fs::temp_directory_path()); }, "parllio.dll was not found."},
-        {[this] { Enter("incomplete"); }, "parllio.dll lacks GetParallelPortInfo, InByte"},
-        {[this] { Enter32Bit(); }, "ä\\parllio.dll is a 32-bit library."},
+        {[] { SetDllDirectoryW(nullptr); }, "parllio.dll was not found."},
+        {[] { Choose("incomplete"); }, "parllio.dll lacks GetParallelPortInfo, InByte"},
+        {[this] { ChooseChanged(Make32Bit); }, "ä 測\\parllio.dll is a 32-bit library."},
+        {[this] { ChooseChanged(Spoil); }, "ä 測\\parllio.dll is no library of 64-bit Windows."},
     };
     for (const auto& c : cases) {
-        c.enter();
+        c.choose();
         ParllioPort port(noPollTime);
         messages.shown.clear();
         Services services{port, messages, system, state};
@@ -99,7 +116,7 @@ TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
 TEST_F(ParllioPortTest, LetsAReadTakeItsTime) {
     using namespace std::chrono;
     constexpr int reads = 20;
-    Enter("whole");
+    Choose("whole");
     ParllioPort port(milliseconds(2));
     const auto start = steady_clock::now();
     for (int i = 0; i < reads; ++i) {
