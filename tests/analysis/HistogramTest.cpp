@@ -31,17 +31,5 @@ TEST(Histogram, BinsCodesByWholeNumbers) {
     EXPECT_THROW(ComputeHistogram(std::vector<double>{3e9}, 10), OverflowError);
 }
 
-TEST(Histogram, ExpectsNormallyDistributedCodes) {
-    const ExactStatistics statistics{100, 2};
-    EXPECT_NEAR(NormalCount(100, statistics, 1000, 1), 197.413, 1e-3);  // within 0.25 sigma
-    EXPECT_NEAR(NormalCount(104, statistics, 1000, 5), 226.050, 1e-3);  // from 0.75 to 3.25 sigma
-    double all = 0;
-    for (int code = 60; code <= 140; code += 20) {
-        all += NormalCount(code, statistics, 1000, 20);
-    }
-    EXPECT_NEAR(all, 1000, 1e-3) << "wide bins too";
-    EXPECT_EQ(NormalCount(100, {100, 0}, 1000, 1), 0);
-}
-
 }  // namespace
 }  // namespace vx3260

@@ -1,85 +1,73 @@
-#include <gtest/gtest.h>
-
 #include "analysis/AuxNoiseForm.h"
 #include "analysis/MainNoiseForm.h"
-#include "numbers/RuntimeError.h"
 #include "support/Forms.h"
-#include "support/SimulatedBench.h"
 
 namespace vx3260::test {
 namespace {
 
-TEST(NoiseForms, ShowTheFiguresUnderTheirCaptions) {
-    SimulatedBench bench;
-    bench.Fill(Converter::Main, {8388608, 8388612, 8388616});
-    bench.Chip().Preset(mainControlAt, 0x80);
-    MainNoiseForm form(*bench.services);
+using NoiseFormsTest = FormTest;
+
+TEST_F(NoiseFormsTest, ShowTheFiguresUnderTheirCaptions) {
+    bench->Fill(Converter::Main, {8388608, 8388612, 8388616});
+    Preset(mainControlAt, 0x80);
+    Open<MainNoiseForm>();
     const NoiseTexts texts =
-        AnalyseNoise(bench.state.MainCodes, ConditionsOf(Converter::Main, 2.5F, 0x80)).texts;
+        AnalyseNoise(bench->state.MainCodes, ConditionsOf(Converter::Main, 2.5F, 0x80)).texts;
     for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
         const NoiseFigure& figure = NoiseFigures[i];
-        const auto& value = Find<QLabel>(form, std::string(figure.label));
+        const auto& value = Find<QLabel>(*form, std::string(figure.label));
         EXPECT_EQ(TextOf(value), texts[i]) << figure.label;
         EXPECT_EQ(TextOf(*value.parentWidget()), figure.frame);
         std::string captions;
-        for (const QLabel* caption : form.findChildren<QLabel*>()) {
+        for (const QLabel* caption : form->findChildren<QLabel*>()) {
             captions += caption->buddy() == &value ? TextOf(*caption) : "";
         }
         EXPECT_EQ(captions, figure.caption);
     }
-    ExpectTexts(form,
-                "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
-                "HeadingLabel: Main ADC Noise Analysis | RangeLabel: ± 20 mV | SpanLabel: 8 | "
-                "BadgeLabel: Simulated board | Command1: Plot &Graph | Command2: Plot &Histogram | "
-                "Command3: B&ack");
+    Expect(
+        "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
+        "HeadingLabel: Main ADC Noise Analysis | RangeLabel: ± 20 mV | SpanLabel: 8 | "
+        "BadgeLabel: Simulated board | Command1: Plot &Graph | Command2: Plot &Histogram | "
+        "Command3: B&ack");
     for (const char* label : {"AvValueLabel", "AverageLabel", "RMSLabel", "RMSLabelLSB"}) {
-        EXPECT_TRUE(Find(form, label).toolTip().contains(QStringLiteral("single")));
+        EXPECT_TRUE(Find(*form, label).toolTip().contains(QStringLiteral("single")));
     }
-    form.show();
-    EXPECT_EQ(OpenedBy(form, "Command1"), "PlotForm: Plot of Codes");
-    EXPECT_EQ(OpenedBy(form, "Command2"), "HistogramForm: Histogram");
-    Click(form, "Command3");
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(OpenedBy(*form, "Command1"), "PlotForm: Plot of Codes");
+    EXPECT_EQ(OpenedBy(*form, "Command2"), "HistogramForm: Histogram");
+    ClickOn("Command3");
+    EXPECT_FALSE(form->isVisible());
 }
 
-TEST(NoiseForms, LeaveTheirFindingsInTheState) {
-    SimulatedBench bench;
-    bench.Fill(Converter::Main, {1000, 1004, 1008});
-    bench.state.MainCodes.resize(50, 9e6);  // a block that was interrupted after three codes
-    bench.Chip().Preset(mainControlAt, 0x8F);
-    const MainNoiseForm form(*bench.services);
-    EXPECT_EQ(bench.state.InputRange, 2.56F);
-    EXPECT_EQ(bench.state.Polarity, Polarity::Unipolar);
-    EXPECT_EQ(bench.state.MaxCode, 1008);
-    EXPECT_EQ(bench.state.MinCode, 1000);
-    EXPECT_EQ(bench.state.AverageCode, 1004.0F);
-    EXPECT_EQ(bench.state.RmsNoiseLsb, 4);
-    EXPECT_NEAR(bench.state.LsbSize, 152.587890625, 1e-9);  // nanovolts
+TEST_F(NoiseFormsTest, LeaveTheirFindingsInTheState) {
+    bench->Fill(Converter::Main, {1000, 1004, 1008});
+    bench->state.MainCodes.resize(50, 9e6);  // a block that was interrupted after three codes
+    Preset(mainControlAt, 0x8F);
+    Open<MainNoiseForm>();
+    EXPECT_EQ(bench->state.InputRange, 2.56F);
+    EXPECT_EQ(bench->state.Polarity, Polarity::Unipolar);
+    EXPECT_EQ(bench->state.MaxCode, 1008);
+    EXPECT_EQ(bench->state.MinCode, 1000);
+    EXPECT_EQ(bench->state.AverageCode, 1004.0F);
+    EXPECT_EQ(bench->state.RmsNoiseLsb, 4);
+    EXPECT_NEAR(bench->state.LsbSize, 152.587890625, 1e-9);  // nanovolts
 }
 
-TEST(NoiseForms, AnalyseTheAuxBlockUnderItsOwnConditions) {
-    SimulatedBench bench;
-    bench.Fill(Converter::Main, {1, 2, 3});
-    bench.Fill(Converter::Aux, {32768, 32770, 32772});
-    bench.Chip().Preset(auxControlAt, 0x80);
-    const AuxNoiseForm form(*bench.services);
-    ExpectTexts(form,
-                "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
-                "HeadingLabel: Aux ADC Noise Analysis | RangeLabel: ± REFIN2 / 2 | "
-                "LSBLabel: 38.147 uV | AverageLabel: 8002 | AvValueLabel: 76.294 uV | "
-                "Frame4: Resolution | ReadingsLabel: 3 | ExactRMSLabelLSB: 2.00000 LSB | "
-                "ExactRMSLabel: 76.2939 uV | StdErrorLabelLSB: 1.15470 LSB | "
-                "EstPkPkLabel: 503.540 uV | EffectiveLabel: 15.00 bits | "
-                "NoiseFreeLabel: 14.00 bits");
-    EXPECT_EQ(bench.state.MaxCode, 32772);
-    EXPECT_NEAR(bench.state.LsbSize, 38146.97265625, 1e-6);  // nanovolts
-    EXPECT_EQ(bench.state.InputRange, 0.0F) << "the main ADC's";
-}
-
-TEST(NoiseForms, DoNotOpenOnATimeout) {
-    SimulatedBench bench;
-    bench.Fill(Converter::Main, {8388608, -2147483648.0});
-    EXPECT_THROW(MainNoiseForm(*bench.services, nullptr), OverflowError);
+TEST_F(NoiseFormsTest, AnalyseTheAuxBlockUnderItsOwnConditions) {
+    bench->Fill(Converter::Main, {1, 2, 3});
+    bench->Fill(Converter::Aux, {32768, 32770, 32772});
+    Preset(auxControlAt, 0x80);
+    Open<AuxNoiseForm>();
+    Expect(
+        "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
+        "HeadingLabel: Aux ADC Noise Analysis | RangeLabel: ± REFIN2 / 2 | "
+        "LSBLabel: 38.147 uV | AverageLabel: 8002 | AvValueLabel: 76.294 uV | "
+        "Frame4: Resolution | ReadingsLabel: 3 | ExactRMSLabelLSB: 2.00000 LSB | "
+        "ExactRMSLabel: 76.2939 uV | StdErrorLabelLSB: 1.15470 LSB | "
+        "EstPkPkLabel: 503.540 uV | EffectiveLabel: 15.00 bits | "
+        "NoiseFreeLabel: 14.00 bits");
+    EXPECT_EQ(bench->state.MaxCode, 32772);
+    EXPECT_NEAR(bench->state.LsbSize, 38146.97265625, 1e-6);  // nanovolts
+    EXPECT_EQ(bench->state.InputRange, 0.0F) << "the main ADC's";
 }
 
 }  // namespace

@@ -93,7 +93,7 @@ TEST_F(StartUpTest, ShowsTheStatusWhenAsked) {
     for (const char* commandLine : {"--simulated x/Ss", "/ssd"}) {
         system.commandLine = commandLine;
         StartUp(services);
-        EXPECT_EQ(messages.shown.back().title, "Show Status");
+        EXPECT_EQ(messages.shown.at(0).title, "Show Status");
         EXPECT_EQ(messages.Take(), "Information: Windows Version:Windows 2000\rPort Address:0x378");
     }
     system.commandLine = "-ss / ss";

@@ -14,6 +14,12 @@ namespace {
 
 constexpr std::int16_t base = 888;
 
+TEST(Field, ChangesItsOwnBitsOnly) {
+    EXPECT_EQ(RegisterMap::MainChannel.Insert(0x87, 3), 0xB7);
+    EXPECT_EQ(RegisterMap::MainChannel.CodeIn(0xB7), 3);
+    EXPECT_EQ(RegisterMap::P2Function.Insert(0x7FFF, 1), 0xFFFF);
+}
+
 TEST(FilterRate, ConvertsBothWays) {
     EXPECT_NEAR(UpdateRateOf(0x0D), 105.0256, 5e-5);
     EXPECT_THROW(UpdateRateOf(0), OverflowError);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "link/ReadData.h"
 #include "link/RegisterMap.h"
 #include "numbers/RuntimeError.h"
 #include "support/RecordingPort.h"
@@ -50,12 +49,6 @@ TEST(Register, FollowsThePortAddress) {
     EXPECT_EQ(port.BytesTo(base), "");
     EXPECT_EQ(port.written.size(), 25U + 17U);
     EXPECT_EQ(port.readFrom, std::vector<std::int16_t>(8, 633));
-}
-
-TEST(ReadData, ReturnsTheTimeoutValueUnchanged) {
-    RecordingPort port;
-    EXPECT_EQ(ReadData(port, base, RegisterMap::MainData).Read(), INT32_MIN);
-    EXPECT_EQ(port.BytesTo(base), Word(0x45, 8) + "1A 1A");
 }
 
 }  // namespace

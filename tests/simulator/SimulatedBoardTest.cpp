@@ -6,7 +6,6 @@
 
 #include "analysis/NoiseStatistics.h"
 #include "link/ReadData.h"
-#include "link/Register.h"
 #include "link/Serial.h"
 #include "support/SimulatedBench.h"
 
