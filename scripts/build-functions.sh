@@ -52,19 +52,32 @@ NameNeededPackages() {
     Say "differently): ${neededPackages[*]}"
 }
 
-# Programs for Windows run under wine, with a system folder of this project's own.
+# Programs for Windows run under wine, with a system folder of this project's own. The names of
+# files have all letters, whatever the machine's language.
 UseWine() {
     export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
+    export LC_ALL=C.UTF-8
+    [ ! -f "$WINEPREFIX/system.reg" ] || return 0
+    Say "Making a system folder for wine ..."
     mkdir -p "$WINEPREFIX"
+    wineboot -u >"$WINEPREFIX/wineboot.log" 2>&1 || ShowEnd "$WINEPREFIX/wineboot.log"
 }
 
 # Wine has none of the fonts that Windows has for dialogs and for figures.
 GiveWineFonts() {
-    local pair
+    local pair key='HKCU\Software\Wine\Fonts\Replacements'
     for pair in 'MS Shell Dlg=DejaVu Sans' 'MS Shell Dlg 2=DejaVu Sans' \
         'Courier New=DejaVu Sans Mono'; do
-        wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${pair%=*}" /d "${pair#*=}" /f
-    done >/dev/null 2>&1
+        wine reg add "$key" /v "${pair%=*}" /d "${pair#*=}" /f >"$WINEPREFIX/fonts.log" 2>&1 ||
+            ShowEnd "$WINEPREFIX/fonts.log"
+    done
+}
+
+# ShowEnd LOG: of something that failed.
+ShowEnd() {
+    tail -n 30 "$1" >&2
+    Say "The whole of it is in $1."
+    return 1
 }
 
 # Build PRESET [TARGET [OPTION...]]: configures, with these options, and builds; says nothing when

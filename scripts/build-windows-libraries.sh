@@ -2,7 +2,7 @@
 # Builds what the programs for 64-bit Windows are linked with, which Debian has for Linux only: Qt
 # and QCustomPlot as static libraries, from Debian's source packages and of the versions that are
 # installed here. Prints the folder, below ${VX3260_CACHE:-~/.cache/vx3260}. What is there and whole
-# is taken as it is; a build that was broken off goes on.
+# is taken as it is; a build that was broken off goes on. Their licences and sources are there too.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -24,13 +24,15 @@ Sources() {
     done
 }
 
-# What another result would come of.
+# What another result would come of. The number is raised when one comes of what is done below.
 Ingredients() {
+    echo 1
     Sources
     # shellcheck disable=SC2016
     dpkg-query -W -f='${Package}=${Version}\n' g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev \
         libcli11-dev
     printf '%s\n' "${qtOptions[@]}"
+    cat cmake/WindowsToolchain.cmake
 }
 
 IsWhole() {
@@ -53,7 +55,10 @@ DownloadSources() {
         -o Dir::State::lists="$work/lists" -o Dir::Cache="$work/cache"
         -o APT::Sandbox::User="$(id -un)")
     "${apt[@]}" update
-    (cd "$work/sources" && "${apt[@]}" source --download-only "${sources[@]}")
+    if ! (cd "$work/sources" && "${apt[@]}" source --download-only "${sources[@]}"); then
+        Say "Are the installed packages the newest? \"apt-get update\" and \"apt-get upgrade\" see to it."
+        return 1
+    fi
 }
 
 # Unpack NAME: with Debian's patches, among them those for security.
@@ -61,7 +66,8 @@ Unpack() {
     [ ! -d "$work/$1" ] || return 0
     rm -rf "$work/$1.new"
     # The signature has been checked by apt-get, which has the keys.
-    dpkg-source --no-check -x "$work/sources/$1"_*.dsc "$work/$1.new" >"$work/$1.log" 2>&1
+    dpkg-source --no-check -x "$work/sources/$1"_*.dsc "$work/$1.new" >"$work/$1.log" 2>&1 ||
+        ShowEnd "$work/$1.log"
     mv "$work/$1.new" "$work/$1"
 }
 
@@ -72,9 +78,7 @@ Compile() {
     if [ ! -f "$build/build.ninja" ]; then
         cmake -G Ninja -S "$work/$name" -B "$build" --toolchain "$PWD/cmake/WindowsToolchain.cmake" \
             -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$folder" \
-            -DCMAKE_FIND_ROOT_PATH="$folder" -DQT_HOST_PATH=/usr \
-            -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/cmake" \
-            "$@" >"$log" 2>&1 || ShowEnd "$log"
+            -DCMAKE_FIND_ROOT_PATH="$folder" "$@" >"$log" 2>&1 || ShowEnd "$log"
     fi
     if [ -t 2 ]; then
         cmake --build "$build" >&2
@@ -82,12 +86,6 @@ Compile() {
         cmake --build "$build" >"$log" 2>&1 || ShowEnd "$log"
     fi
     cmake --install "$build" >"$log" 2>&1 || ShowEnd "$log"
-}
-
-ShowEnd() {
-    tail -n 30 "$1" >&2
-    Say "The whole of it is in $1."
-    return 1
 }
 
 BuildQt() {
@@ -116,7 +114,7 @@ CopyCli11() {
 CopyLicences() {
     local to=$folder/licences package
     rm -rf "$to"
-    mkdir -p "$to"/{qt,qcustomplot,cli11,gcc,mingw-w64}
+    mkdir -p "$to"/{qt,qcustomplot,cli11,gcc,mingw-w64,common-licenses}
     cp "$work/qt6-base/debian/copyright" "$work/qt6-base/LICENSES"/*.txt "$to/qt"
     rm "$to/qt/LicenseRef-Qt-Commercial.txt"
     # What Qt has inside, but for what it has for other systems.
@@ -126,15 +124,18 @@ CopyLicences() {
             -exec cp --parents -t "$to/qt" {} +)
     cp "$work/qcustomplot/debian/copyright" "$work/qcustomplot/GPL.txt" "$to/qcustomplot"
     cp /usr/share/doc/libcli11-dev/copyright "$to/cli11"
-    cp /usr/share/doc/gcc-mingw-w64-x86-64-posix/copyright /usr/share/common-licenses/GPL-3 "$to/gcc"
+    cp /usr/share/doc/gcc-mingw-w64-x86-64-posix/copyright "$to/gcc"
     cp /usr/share/doc/mingw-w64-x86-64-dev/copyright "$to/mingw-w64"
-    Sources >"$to/sources"
+    cp -L /usr/share/common-licenses/* "$to/common-licenses"
 }
 
 InstallMissing "${windowsProgramPackages[@]}"
 cache=${VX3260_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vx3260}
 folder=$cache/windows-$(Ingredients | sha256sum | head -c 12)
 work=$folder.build
+mkdir -p "$cache"
+exec {lock}>"$cache/lock"
+flock "$lock"
 if ! IsWhole; then
     rm -rf "$folder"
     mkdir -p "$work"
@@ -147,9 +148,10 @@ if ! IsWhole; then
     BuildQCustomPlot
     CopyCli11
     CopyLicences
+    mv "$work/sources" "$folder/sources"
     (cd "$folder" && find . -type f -print0 | xargs -0 sha256sum) >"$work/checksums"
     mv "$work/checksums" "$folder"
-    rm -rf "$work"
+    rm -rf "$cache"/windows-*.build
     Say "Built, and kept in $folder."
 fi
 printf '%s\n' "$folder"

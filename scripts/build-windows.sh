@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Makes the zip with the programs for 64-bit Windows: builds them, and once the libraries that they
-# are linked with, runs their tests under wine and goes through the main job with what is in the zip.
+# Makes a zip with the programs for 64-bit Windows, and one with their sources: builds them, and once
+# the libraries that they are linked with, runs their tests under wine and goes through the main job
+# with what is in the zip.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -9,7 +10,6 @@ preset=windows-programs
 build=build/$preset
 
 BuildPrograms() {
-    local libraries=$1
     if [ -f "$build/CMakeCache.txt" ] && ! grep -qF "$libraries" "$build/CMakeCache.txt"; then
         Say "Other libraries than the last time: building everything anew ..."
         rm -rf "$build"
@@ -17,17 +17,31 @@ BuildPrograms() {
     Build $preset all -DCMAKE_FIND_ROOT_PATH="$libraries"
 }
 
+# InDisplay COMMAND...: in a display made for it.
+InDisplay() {
+    xvfb-run -a -s '-screen 0 1280x1024x24' scripts/with-window-manager.sh "$@"
+}
+
+# The programs' last words count, not what wine ends with when it is ended.
 RunTests() {
-    local tests
+    local tests log
     for tests in core files cli forms; do
         Say "Running tests-$tests under wine ..."
-        timeout 900 wine "$build/bin/tests-$tests.exe" --gtest_brief=1 >&2
+        log=$build/tests-$tests.log
+        InDisplay timeout 600 wine "$build/bin/tests-$tests.exe" --gtest_brief=1 >"$log" 2>&1 ||
+            ShowEnd "$log"
+        grep -q '^\[  PASSED  \]' "$log" || ShowEnd "$log"
     done
 }
 
-# The folder that is packed, and its name.
-Stage() {
-    local libraries=$1 folder=$2 program
+# Pack FOLDER: as a zip beside it.
+Pack() {
+    (cd "$(dirname "$1")" && rm -f "$1.zip" && zip -qr "$1.zip" "$(basename "$1")")
+}
+
+# The folder with the programs.
+StagePrograms() {
+    local folder=$1 program
     rm -rf "$folder"
     mkdir -p "$folder"
     for program in vx3260-eval vx3260-cli; do
@@ -36,21 +50,36 @@ Stage() {
     cp LICENSE "$folder/LICENSE"
     cp -r "$libraries/licences" "$folder/licences"
     sed 's/$/\r/' docs/windows-readme.txt >"$folder/README.txt"
-    printf 'start "" "%%~dp0vx3260-eval.exe" --simulated\r\n' >"$folder/Simulated board.cmd"
+    printf '@start "" "%%~dp0vx3260-eval.exe" --simulated\r\n' >"$folder/Simulated board.cmd"
+}
+
+# The folder with what they were built from, which goes with them.
+StageSources() {
+    local folder=$1
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    tar --exclude=./build --exclude=./.git -czf "$folder/$name.tar.gz" .
+    cp "$libraries"/sources/* "$folder"
+    tar -C "$libraries/include" -czf "$folder/cli11.tar.gz" CLI
 }
 
 InstallMissing "${windowsProgramPackages[@]}"
 UseWine
 GiveWineFonts
+rm -f build/vx3260-eval-*-windows*.zip
 libraries=$(scripts/build-windows-libraries.sh)
-BuildPrograms "$libraries"
+BuildPrograms
 RunTests
 
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:.*=//p' "$build/CMakeCache.txt")
-name=vx3260-eval-$version-windows-x64
-Stage "$libraries" "$build/$name"
-(cd "$build" && rm -f "$name.zip" && zip -qr "$name.zip" "$name")
-xvfb-run -a -s '-screen 0 1280x1024x24' \
-    scripts/try-windows-programs.sh "$build/$name.zip" "$build/tests/parllio/whole/parllio.dll" "$build/pictures"
-mv "$build/$name.zip" "build/$name.zip"
-Say "The programs are in build/$name.zip, pictures of them in $build/pictures."
+name=vx3260-eval-$version-windows
+programs=$PWD/$build/$name sources=$PWD/$build/$name-sources
+StagePrograms "$programs"
+Pack "$programs"
+InDisplay scripts/try-windows-programs.sh "$programs.zip" \
+    "$build/tests/parllio/whole/parllio.dll" "$build/pictures"
+StageSources "$sources"
+Pack "$sources"
+mv "$programs.zip" "$sources.zip" build
+Say "The programs are in build/$name.zip, their sources in build/$name-sources.zip, pictures of"
+Say "them in $build/pictures."

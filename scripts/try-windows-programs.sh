@@ -7,7 +7,6 @@ zip=$1 library=$2 pictures=$(realpath -m "$3")
 source scripts/build-functions.sh
 
 UseWine
-export LC_ALL=C.UTF-8  # wine takes the names of files from it
 place=$(realpath "$(dirname "$zip")")/tried
 rm -rf "$place" "$pictures"
 mkdir -p "$place" "$pictures"
@@ -32,16 +31,35 @@ Window() {
     Settle
 }
 
-# Waits until the screen stays as it is.
+# Waits until the screen stays as it is for a while: a block has been read, a form is drawn.
 Settle() {
-    local before='' now tries
-    for ((tries = 0; tries < 100; ++tries)); do
-        sleep 0.15
+    local before='' now tries same=0
+    for ((tries = 0; tries < 200 && same < 3; ++tries)); do
+        sleep 0.1
         now=$(import -window root rgb:- | sha256sum)
-        [ "$now" != "$before" ] || return 0
+        if [ "$now" = "$before" ]; then
+            same=$((same + 1))
+        else
+            same=0
+        fi
         before=$now
     done
-    Fail 'The screen does not come to rest'
+    [ "$same" -eq 3 ] || Fail 'The screen does not come to rest'
+}
+
+# Await WHAT COMMAND...: until the command succeeds.
+Await() {
+    local what=$1 tries
+    shift
+    for ((tries = 0; tries < 200; ++tries)); do
+        ! "$@" || return 0
+        sleep 0.1
+    done
+    Fail "$what"
+}
+
+HasCodes() {
+    [ -f "$1" ] && [ "$(wc -l <"$1")" -eq 200 ]
 }
 
 Press() {
@@ -91,17 +109,11 @@ SaveBlock() {
     Window 'Write to File'
     EnterPath "$1"
     Press alt+w
+    Await "$1 has not 200 codes" HasCodes "$1"
     Picture "$2"
-    [ "$(wc -l <"$1")" -eq 200 ] || Fail "$1 has not 200 codes"
     Press alt+a
     Window 'Main Menu'
 }
-
-# What of wine still runs belongs to another display.
-wineserver -k || true
-openbox 2>"$place/openbox.log" &
-windowManager=$!
-trap 'wineserver -k || true; kill $windowManager' EXIT
 
 Start --simulated
 Window 'Main Menu'
@@ -155,9 +167,11 @@ wine ./vx3260-cli.exe noise main block.dat --range 7 --polarity bipolar >noise.t
     Fail 'vx3260-cli.exe could not analyse the saved block'
 
 Start
-Window 'Evaluation Software|GetPortAddress'
+Window '^VX3260 Evaluation Software$'
 Picture 11-no-library
-Press Return Return
+Press Return
+Window 'GetPortAddress Error'
+Press Return
 Window 'Main Menu'
 Quit
 
@@ -175,3 +189,4 @@ wine start /unix ./vx3260-eval.exe --help >/dev/null 2>&1 <&-
 Window '^VX3260 Evaluation Software$'
 Picture 14-help-in-a-box
 Press Return
+timeout 60 wineserver -w || Fail 'The help does not end'

@@ -29,6 +29,12 @@ class Program : public testing::Test {
         return static_cast<ExitCode>(process.exitCode());
     }
 
+    /// While it runs: 0 would stand for this process and all its relations.
+    void PressCtrlC() {
+        ASSERT_GT(process.processId(), 0) << err;
+        kill(static_cast<pid_t>(process.processId()), SIGINT);
+    }
+
     bool Told(const std::string& text) const { return err.find(text) != std::string::npos; }
 
     Folder folder;
@@ -43,7 +49,7 @@ TEST_F(Program, CtrlCKeepsWhatWasRead) {
     while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
         err += process.readAllStandardError().toStdString();
     }
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    PressCtrlC();
     EXPECT_EQ(End(), ExitCode::Interrupted) << err;
     const std::string saved = folder.Bytes("x.dat");
     const std::ptrdiff_t kept = std::count(saved.begin(), saved.end(), '\n');
@@ -59,7 +65,7 @@ TEST_F(Program, CtrlCDuringAReadingEndsTheScript) {
     while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
         err += process.readAllStandardError().toStdString();
     }
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    PressCtrlC();
     EXPECT_EQ(End(), ExitCode::Interrupted);
     EXPECT_TRUE(Told("vx3260-cli: standard input:2: the script ends here\n")) << err;
     EXPECT_EQ(process.readAllStandardOutput(), "mode: 0x03 -> 0x13\n");
@@ -100,17 +106,19 @@ TEST_F(Program, BarsFillTheTerminal) {
     process.setChildProcessModifier([terminal] { dup2(terminal, STDOUT_FILENO); });
     Start({"histogram", "main", QString::fromStdString(folder.Make("x.dat", "1\n"))});
     EXPECT_EQ(End(), ExitCode::Success) << err;
-    std::array<char, 4096> text{};
-    ASSERT_GT(read(shown, text.data(), text.size()), 0);
+    close(terminal);
+    std::array<char, 4096> part{};
+    std::string lines;
+    for (ssize_t got = 0; (got = read(shown, part.data(), part.size())) > 0;) {
+        lines.append(part.data(), static_cast<std::size_t>(got));
+    }
     const std::string beforeBar = "\n>          1  0x000001      1  ";
-    const std::string lines = text.data();
     std::string bar;
     for (std::size_t i = beforeBar.size(); i <= size.ws_col; ++i) {
         bar += "█";
     }
     EXPECT_TRUE(lines.ends_with(beforeBar + bar + "\r\n")) << lines;
     close(shown);
-    close(terminal);
 }
 
 }  // namespace

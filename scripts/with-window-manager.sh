@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# with-window-manager.sh COMMAND...: runs a command in the display that it is started in, with a
+# window manager and for programs under wine. Called by build-windows.sh.
+set -euo pipefail
+
+# What of wine still runs belongs to another display, or will.
+wineserver -k || true
+openbox >"$WINEPREFIX/openbox.log" 2>&1 &
+windowManager=$!
+trap 'wineserver -k || true; kill $windowManager' EXIT
+"$@"
