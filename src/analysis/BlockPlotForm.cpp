@@ -18,10 +18,6 @@ namespace {
 
 constexpr int digitsShown = 6;
 
-QString FromView(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QVector<double> ToVector(const std::vector<double>& values) {
     return {values.begin(), values.end()};
 }
@@ -193,7 +189,8 @@ BlockPlotForm::BlockPlotForm(Services& services, const AnalysedBlock& block, QWi
 void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
     view_ = controls.view;
     subject_ =
-        tr("%1 ADC %2").arg(FromView(TraitsOf(block_.analysis.conditions.converter).name), subject);
+        tr("%1 ADC %2")
+            .arg(QString::fromUtf8(TraitsOf(block_.analysis.conditions.converter).name), subject);
     controls.heading->setText(subject_);
     UseHeadingFont(controls.heading);
     ShowBadge(controls.badge);
@@ -217,7 +214,7 @@ QSharedPointer<QCPAxisTicker> BlockPlotForm::VoltsTicker(const QCPAxis* axis) co
 QString BlockPlotForm::VoltsUnitOf(const QCPAxis* axis) const {
     const VoltsAxis volts =
         VoltsAxisOver(axis->range(), block_.analysis.conditions, MostSteps(*axis));
-    return FromView(volts.scale.unitName);
+    return QString::fromUtf8(volts.scale.unitName);
 }
 
 void BlockPlotForm::SavePicture() {

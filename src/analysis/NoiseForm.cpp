@@ -12,12 +12,8 @@ namespace {
 
 constexpr double nanovoltsPerVolt = 1e9;
 
-QString ToQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 void ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
-    auto* const label = form.findChild<QLabel*>(ToQString(name));
+    auto* const label = form.findChild<QLabel*>(QString::fromUtf8(name));
     UseFixedFont(label);
     label->setText(QString::fromStdString(text));
 }
@@ -37,7 +33,7 @@ NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
       block_(Analyse(services.state.BlockOf(converter), ReadConditions())) {
     ui_->setupUi(this);
     ui_->HeadingLabel->setText(
-        tr("%1 ADC Noise Analysis").arg(ToQString(TraitsOf(converter).name)));
+        tr("%1 ADC Noise Analysis").arg(QString::fromUtf8(TraitsOf(converter).name)));
     UseHeadingFont(ui_->HeadingLabel);
     ShowBadge(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &NoiseForm::PlotGraph);

@@ -4,12 +4,8 @@
 
 namespace vx3260 {
 
-QString ToQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QJsonValue BoardValue(std::string_view badge) {
-    return badge.empty() ? QJsonValue() : QJsonValue(ToQString(badge));
+    return badge.empty() ? QJsonValue() : QJsonValue(QString::fromUtf8(badge));
 }
 
 std::string JsonText(const QJsonObject& object) {

@@ -8,8 +8,6 @@
 
 namespace vx3260 {
 
-QString ToQString(std::string_view text);
-
 /// The badge of a board; null when it is empty, which a real board's is.
 QJsonValue BoardValue(std::string_view badge);
 

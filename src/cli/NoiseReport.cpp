@@ -47,13 +47,14 @@ double AsEntered(float value) {
 QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
     QJsonObject texts;
     for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
-        texts[ToQString(NoiseFigures[i].label)] = ToQString(analysis.texts[i]);
+        texts[QString::fromUtf8(NoiseFigures[i].label)] = QString::fromUtf8(analysis.texts[i]);
     }
     const ResolutionTexts resolution = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
     for (std::size_t i = 0; i < ResolutionRows.size(); ++i) {
-        texts[ToQString(ResolutionRows[i].label)] = ToQString(resolution[i].figure);
+        texts[QString::fromUtf8(ResolutionRows[i].label)] = QString::fromUtf8(resolution[i].figure);
         if (!ResolutionRows[i].voltsLabel.empty()) {
-            texts[ToQString(ResolutionRows[i].voltsLabel)] = ToQString(resolution[i].volts);
+            texts[QString::fromUtf8(ResolutionRows[i].voltsLabel)] =
+                QString::fromUtf8(resolution[i].volts);
         }
     }
     return texts;
@@ -111,7 +112,7 @@ std::string NoiseText(const NoiseAnalysis& analysis) {
 std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board) {
     return JsonText({
         {"board", BoardValue(board)},
-        {"converter", ToQString(CommandLineName(converter))},
+        {"converter", QString::fromUtf8(CommandLineName(converter))},
         {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
     });

@@ -42,12 +42,13 @@ std::string Json(const std::vector<PortListing>& ports) {
     QJsonArray list;
     for (const PortListing& port : ports) {
         list.append(QJsonObject{
-            {"port", ToQString(port.name)},
+            {"port", QString::fromUtf8(port.name)},
             {"address", port.address == 0 ? QJsonValue() : QJsonValue(port.address)},
-            {"permissions", ToQString(port.permissions)},
+            {"permissions", QString::fromUtf8(port.permissions)},
             {"canBeClaimed", port.claimFailure.empty()},
-            {"claimFailure",
-             port.claimFailure.empty() ? QJsonValue() : QJsonValue(ToQString(port.claimFailure))},
+            {"claimFailure", port.claimFailure.empty()
+                                 ? QJsonValue()
+                                 : QJsonValue(QString::fromUtf8(port.claimFailure))},
         });
     }
     return JsonText({{"ports", list}});

@@ -49,7 +49,8 @@ QJsonObject FieldsOf(const RegisterReading& reading) {
     for (const RegisterMap::Field& field : reading.description.fields) {
         const std::int32_t code = field.CodeIn(reading.value);
         const std::optional<std::string_view> name = NameOfCode(field, code);
-        fields[ToQString(field.name)] = name ? QJsonValue(ToQString(*name)) : QJsonValue(code);
+        fields[QString::fromUtf8(field.name)] =
+            name ? QJsonValue(QString::fromUtf8(*name)) : QJsonValue(code);
     }
     return fields;
 }
@@ -57,7 +58,7 @@ QJsonObject FieldsOf(const RegisterReading& reading) {
 QJsonObject JsonOf(const RegisterReading& reading) {
     QJsonObject object{
         {"value", reading.value},
-        {"hex", ToQString(HexOf(reading))},
+        {"hex", QString::fromUtf8(HexOf(reading))},
         {"fields", FieldsOf(reading)},
     };
     if (const std::optional<double> rate = UpdateRate(reading)) {
@@ -86,7 +87,7 @@ std::string RegistersText(std::span<const RegisterReading> readings) {
 std::string RegistersJson(std::span<const RegisterReading> readings, std::string_view board) {
     QJsonObject report{{"board", BoardValue(board)}};
     for (const RegisterReading& reading : readings) {
-        report[ToQString(reading.description.name)] = JsonOf(reading);
+        report[QString::fromUtf8(reading.description.name)] = JsonOf(reading);
     }
     return JsonText(report);
 }

@@ -22,10 +22,7 @@ std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bi
     for (int bit = bits - 1; bit >= 0; --bit) {
         const auto field = std::find_if(fields.begin(), fields.end(),
                                         [bit](const auto& f) { return (f.mask >> bit & 1) != 0; });
-        names.push_back(field == fields.end()
-                            ? QString()
-                            : QString::fromUtf8(field->title.data(),
-                                                static_cast<qsizetype>(field->title.size())));
+        names.push_back(field == fields.end() ? QString() : QString::fromUtf8(field->title));
     }
     return names;
 }

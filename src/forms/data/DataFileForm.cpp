@@ -45,8 +45,7 @@ Converter DataFileForm::ChosenConverter() const {
 }
 
 QString DataFileForm::ChosenName() const {
-    const std::string_view name = TraitsOf(ChosenConverter()).name;
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    return QString::fromUtf8(TraitsOf(ChosenConverter()).name);
 }
 
 QString DataFileForm::ChosenCount() {

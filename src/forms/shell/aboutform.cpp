@@ -16,8 +16,7 @@ constexpr int iconSize = 64;
 aboutform::aboutform(Services& services, QWidget* parent)
     : Form(services, parent), ui_(std::make_unique<Ui::aboutform>()) {
     ui_->setupUi(this);
-    const QString title =
-        QString::fromUtf8(ApplicationTitle.data(), static_cast<qsizetype>(ApplicationTitle.size()));
+    const QString title = QString::fromUtf8(ApplicationTitle);
     setWindowTitle(QStringLiteral("About ") + title);
     ui_->lblVersion->setText(QStringLiteral("Version %1.%2.%3")
                                  .arg(VersionMajor)
