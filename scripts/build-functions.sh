@@ -52,11 +52,24 @@ NameNeededPackages() {
     Say "differently): ${neededPackages[*]}"
 }
 
+# RequireTools TOOL...: where the packages could not be installed by InstallMissing.
+RequireTools() {
+    local tool
+    for tool in "$@"; do
+        if ! command -v "$tool" >/dev/null; then
+            Say "There is no $tool."
+            NameNeededPackages
+            return 1
+        fi
+    done
+}
+
 # Programs for Windows run under wine, with a system folder of this project's own. The names of
 # files have all letters, whatever the machine's language.
 UseWine() {
     export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
     export LC_ALL=C.UTF-8
+    RequireTools wine wineboot || return 1
     [ ! -f "$WINEPREFIX/system.reg" ] || return 0
     Say "Making a system folder for wine ..."
     mkdir -p "$WINEPREFIX"
@@ -85,14 +98,8 @@ ShowEnd() {
 Build() {
     local preset=$1 directory=build/$1 target=${2:-all}
     local options=("${@:3}")
-    local tool log
-    for tool in cmake ninja c++; do
-        if ! command -v "$tool" >/dev/null; then
-            Say "There is no $tool."
-            NameNeededPackages
-            return 1
-        fi
-    done
+    local log
+    RequireTools cmake ninja c++ || return 1
     if [ ! -f "$directory/build.ninja" ]; then
         Say "Configuring $directory ..."
         mkdir -p "$directory"

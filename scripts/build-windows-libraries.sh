@@ -112,7 +112,7 @@ CopyCli11() {
 
 # Licences of all that ends up inside the programs, a folder for each.
 CopyLicences() {
-    local to=$folder/licences package
+    local to=$folder/licences
     rm -rf "$to"
     mkdir -p "$to"/{qt,qcustomplot,cli11,gcc,mingw-w64,common-licenses}
     cp "$work/qt6-base/debian/copyright" "$work/qt6-base/LICENSES"/*.txt "$to/qt"
@@ -130,6 +130,7 @@ CopyLicences() {
 }
 
 InstallMissing "${windowsProgramPackages[@]}"
+RequireTools apt-get dpkg-query dpkg-source x86_64-w64-mingw32-g++-posix
 cache=${VX3260_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vx3260}
 folder=$cache/windows-$(Ingredients | sha256sum | head -c 12)
 work=$folder.build
@@ -148,7 +149,7 @@ if ! IsWhole; then
     BuildQCustomPlot
     CopyCli11
     CopyLicences
-    mv "$work/sources" "$folder/sources"
+    cp -r "$work/sources" "$folder"
     (cd "$folder" && find . -type f -print0 | xargs -0 sha256sum) >"$work/checksums"
     mv "$work/checksums" "$folder"
     rm -rf "$cache"/windows-*.build
