@@ -90,7 +90,7 @@ Compile() {
 
 BuildQt() {
     Unpack qt6-base
-    Say "Building Qt for Windows, once: some 40 minutes on two cores ..."
+    Say "Building Qt for Windows, once: 15 to 40 minutes on two cores ..."
     Compile qt6-base "${qtOptions[@]}"
 }
 
