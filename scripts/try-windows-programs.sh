@@ -31,18 +31,25 @@ Window() {
     Settle
 }
 
-# Waits until the screen stays as it is for a while: a block has been read, a form is drawn.
+# Pixels by which two pictures of the screen differ.
+Difference() {
+    printf '%.0f' "$(compare -metric AE "$1" "$2" null: 2>&1)"
+}
+
+# Waits until the screen stays as it is for a while, but for a caret that blinks: a block has been
+# read, a form is drawn.
 Settle() {
-    local before='' now tries same=0
-    for ((tries = 0; tries < 200 && same < 3; ++tries)); do
+    local caret=40 tries same=0
+    import -window root "$place/before.png"
+    for ((tries = 0; tries < 100 && same < 3; ++tries)); do
         sleep 0.1
-        now=$(import -window root rgb:- | sha256sum)
-        if [ "$now" = "$before" ]; then
+        import -window root "$place/now.png"
+        if [ "$(Difference "$place/before.png" "$place/now.png")" -le "$caret" ]; then
             same=$((same + 1))
         else
             same=0
         fi
-        before=$now
+        mv "$place/now.png" "$place/before.png"
     done
     [ "$same" -eq 3 ] || Fail 'The screen does not come to rest'
 }

@@ -1,6 +1,8 @@
 #include "files/CodeFile.h"
 
 #include <QFileInfo>
+#include <QOperatingSystemVersion>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QString>
 #include <QTemporaryFile>
@@ -142,6 +144,16 @@ bool IsWrittenDirectly(const std::string& path) {
            (info.exists() && !info.isFile() && !info.isDir());
 }
 
+/// On Windows a file of such a name would be the device, in any folder and with any ending.
+void CheckNameIsFree(const std::string& path) {
+    static const QRegularExpression keptNames(QStringLiteral("^(con|prn|aux|nul|(com|lpt)[1-9])$"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    if (QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows &&
+        keptNames.match(QFileInfo(QString::fromStdString(path)).baseName()).hasMatch()) {
+        throw FileAccessError(path + ": Windows keeps this name for a device; choose another");
+    }
+}
+
 /// Where the device turns out to be a file, nothing of it is cut off.
 std::unique_ptr<QFile> OpenDevice(const std::string& path) {
     auto device = std::make_unique<QFile>(QString::fromStdString(path));
@@ -180,6 +192,7 @@ std::string LoadStandardInput(const SizeLimit& limit) {
 }
 
 void CheckIsNoDevice(const std::string& path) {
+    CheckNameIsFree(path);
     if (IsWrittenDirectly(path)) {
         throw FileAccessError(path + " is a pipe, a device or an open file, no file of its own");
     }
@@ -206,6 +219,7 @@ void WriteToStream(std::ostream& stream, std::string_view text, std::string_view
 }
 
 CodeWriter::CodeWriter(std::string path) : name_(std::move(path)) {
+    CheckNameIsFree(name_);
     if (IsWrittenDirectly(name_)) {
         device_ = OpenDevice(name_);
         return;

@@ -27,7 +27,8 @@ std::string LoadBytes(const std::string& path, const SizeLimit& limit);
 std::string LoadStandardInput(const SizeLimit& limit);
 
 /// For a user who chose the name of a file: throws FileAccessError for a pipe or a device, which
-/// may hold up the program for good, and for a name of an open file (/dev/fd/3).
+/// may hold up the program for good, for a name of an open file (/dev/fd/3), and on Windows for a
+/// name that it keeps for a device (aux.dat).
 void CheckIsNoDevice(const std::string& path);
 
 /// Replaces a file as a whole by these bytes, or leaves it as it was; a link to it stays a link.

@@ -71,6 +71,17 @@ TEST(WindowsFiles, StandardInputMayBeAPipe) {
     EXPECT_EQ(LoadStandardInput({100000, ""}), text);
 }
 
+TEST(WindowsFiles, NamesOfDevicesAreNoFiles) {
+    for (const std::string name : {"aux.hex", "C:\\LPT1", "nul", "Con.tar.gz"}) {
+        const std::string message = name + ": Windows keeps this name for a device; choose another";
+        EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter{name}; }), message);
+        EXPECT_EQ(ErrorOf<FileAccessError>([&] { ReplaceFile(name, "1"); }), message);
+    }
+    const Folder folder;
+    CodeWriter(folder.Path("aux codes.dat")).Write(Codes{1}, Notation::Decimal);
+    EXPECT_EQ(folder.Bytes("aux codes.dat"), " 1\n");
+}
+
 TEST(WindowsFiles, WhatIsReadOnlyStays) {
     const Folder folder;
     const std::string path = folder.Make("x.dat", "old");
