@@ -70,11 +70,14 @@ HasCodes() {
 }
 
 Press() {
-    local key
-    for key in "$@"; do
-        xdotool key --clearmodifiers "$key"
-        Settle
-    done
+    xdotool key --clearmodifiers "$1"
+    Settle
+}
+
+# Go KEY TITLE: by a key to another window.
+Go() {
+    Press "$1"
+    Window "$2"
 }
 
 Picture() {
@@ -95,78 +98,60 @@ Start() {
 }
 
 Quit() {
-    Press alt+q
-    Window '^VX3260 Evaluation Software$'
+    Go alt+q '^VX3260 Evaluation Software$'
     xdotool key --clearmodifiers alt+y
     wait "$program" || Fail "vx3260-eval.exe ended with $?"
 }
 
-# ReadBlock PICTURE: from the main menu and back to it.
+# ReadBlock PICTURE: from the main menu; stays in the form.
 ReadBlock() {
-    Press alt+m
-    Window 'Read Data From Main'
+    Go alt+m 'Read Data From Main'
     Press alt+r
     Picture "$1"
 }
 
-# SaveBlock NAME PICTURE
+# SaveBlock NAME PICTURE: from the main menu and back to it.
 SaveBlock() {
-    Window 'Main Menu'
-    Press alt+w
-    Window 'Write to File'
+    Go alt+w 'Write to File'
     EnterPath "$1"
     Press alt+w
     Await "$1 has not 200 codes" HasCodes "$1"
     Picture "$2"
-    Press alt+a
-    Window 'Main Menu'
+    Go alt+a 'Main Menu'
 }
 
 Start --simulated
 Window 'Main Menu'
 Picture 1-main-menu
-Press space
-Window 'Program Menu'
-Press alt+m
-Window 'Program Mode Register'
+Go space 'Program Menu'
+Go alt+m 'Program Mode Register'
 Picture 2-mode
-Press alt+a
-Window 'Program Menu'
-Press alt+a
-Window 'Main Menu'
+Go alt+a 'Program Menu'
+Go alt+a 'Main Menu'
 ReadBlock 3-read-main
-Press alt+n
-Window 'Noise Analysis'
+Go alt+n 'Noise Analysis'
 Picture 4-noise
-Press alt+h
-Window 'Histogram'
+Go alt+h 'Histogram'
 Picture 5-histogram
-Press alt+a
-Window 'Noise Analysis'
-Press alt+g
-Window 'Plot of Codes'
+Go alt+a 'Noise Analysis'
+Go alt+g 'Plot of Codes'
 Picture 6-plot
-Press alt+a
-Window 'Noise Analysis'
-Press alt+a
-Window 'Read Data From Main'
-Press alt+a
+Go alt+a 'Noise Analysis'
+Go alt+a 'Read Data From Main'
+Go alt+a 'Main Menu'
 SaveBlock block.dat 7-write
 Quit
 
 Start --simulated
 Window 'Main Menu'
-Press alt+r
-Window 'Read from File'
+Go alt+r 'Read from File'
 EnterPath block.dat
 Press alt+r
 Picture 8-read
-Press alt+a
-Window 'Main Menu'
-Press alt+n
-Window 'Noise Analysis'
+Go alt+a 'Main Menu'
+Go alt+n 'Noise Analysis'
 Picture 9-noise-of-file
-Press alt+a
+Go alt+a 'Main Menu'
 SaveBlock again.dat 10-write-again
 Quit
 cmp block.dat again.dat || Fail 'The block is not the same after it was saved and loaded'
@@ -176,17 +161,15 @@ wine ./vx3260-cli.exe noise main block.dat --range 7 --polarity bipolar >noise.t
 Start
 Window '^VX3260 Evaluation Software$'
 Picture 11-no-library
-Press Return
-Window 'GetPortAddress Error'
-Press Return
-Window 'Main Menu'
+Go Return 'GetPortAddress Error'
+Go Return 'Main Menu'
 Quit
 
 cp "$OLDPWD/$library" parllio.dll
 Start --trace t.vcd
 Window 'Main Menu'
 ReadBlock 12-read-main-by-library
-Press alt+a
+Go alt+a 'Main Menu'
 SaveBlock library.dat 13-write-by-library
 Quit
 grep -q 'main-data\\040=\\040' t.vcd || Fail 'The trace has no code'

@@ -112,13 +112,6 @@ bool WindowsSystem::FileExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::vector<std::string> WindowsSystem::DesktopSystemInformation() {
-    std::array<wchar_t, MAX_PATH> folder{};
-    const UINT length = GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
-    const std::string path = ToUtf8({folder.data(), length}) + "\\msinfo32.exe";
-    return FileExists(path) ? std::vector<std::string>{path} : std::vector<std::string>{};
-}
-
 /// By the shell, which asks the user for the rights that a program may need.
 bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
     std::string arguments;

@@ -29,7 +29,8 @@ class WindowsSystem final : public OperatingSystem {
                                            const std::string& name) override;
     /// Folders are no files.
     bool FileExists(const std::string& path) override;
-    std::vector<std::string> DesktopSystemInformation() override;
+    /// The registry names the program, or there is none.
+    std::vector<std::string> DesktopSystemInformation() override { return {}; }
     bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;
 

@@ -95,7 +95,6 @@ TEST_F(WindowsSystemTest, FindsFilesAndStartsPrograms) {
         Sleep(50);
     }
     EXPECT_TRUE(system.FileExists(copied));
-    EXPECT_FALSE(system.DesktopSystemInformation().empty());
     fs::remove_all(folder);
 }
 
