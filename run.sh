@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds, and starts the evaluation software: the forms where there is a
 # display, otherwise the command line. Without arguments it works on the simulated board and, in
 # the terminal, reads a block of codes and analyses its noise. Arguments are passed on instead.

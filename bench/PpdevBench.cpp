@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include <benchmark/benchmark.h>
 #include <sys/ioctl.h>
 // The ioctls' numbers are made by the header above.

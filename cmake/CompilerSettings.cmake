@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What every target of this project is compiled with, as the interface target vx3260_settings.
 add_library(vx3260_settings INTERFACE)
 set(warnings

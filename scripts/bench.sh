@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds the speed measurements and runs them. Arguments are passed on.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by the scripts: what has to be installed, and quiet building.
 # shellcheck shell=bash disable=SC2034
 

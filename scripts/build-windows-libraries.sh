@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds what the programs for 64-bit Windows are linked with, which Debian has for Linux only: Qt
 # and QCustomPlot as static libraries, from Debian's source packages and of the versions that are
 # installed here. Prints the folder, below ${VX3260_CACHE:-~/.cache/vx3260}. What is there and whole

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Makes a zip with the programs for 64-bit Windows, and one with their sources: builds them, and once
 # the libraries that they are linked with, runs their tests under wine and goes through the main job
 # with what is in the zip.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails when a file under src/ includes one from a higher floor, from another folder of its own
 # floor, or, in a layer without Qt, one of Qt's headers.
 set -euo pipefail

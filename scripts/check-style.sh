@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Checks the sources' format, their layers and the scripts, then runs clang-tidy over what the
-# debug build compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Checks the sources' format, licence lines and layers, and the scripts, then runs clang-tidy over
+# what the debug build compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -10,6 +11,12 @@ InstallMissing "${buildPackages[@]}" "${testPackages[@]}" "${stylePackages[@]}"
 failed=0
 mapfile -t sources < <(find src tests bench -name '*.h' -o -name '*.cpp')
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
+mapfile -t unlicensed < <(git ls-files '*.cpp' '*.h' '*.h.in' '*.rc.in' '*.sh' '*.cmake' \
+    '*CMakeLists.txt' .ci/run | xargs grep -L 'SPDX-License-Identifier: GPL-3.0-or-later')
+if [ ${#unlicensed[@]} -gt 0 ]; then
+    Say "No licence line at the beginning of: ${unlicensed[*]}"
+    failed=1
+fi
 scripts/check-layers.sh || failed=1
 shellcheck -x run.sh test.sh .ci/run scripts/*.sh || failed=1
 

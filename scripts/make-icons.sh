@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Makes the icons in src/icons/ from vx3260.svg there: a PNG for the forms, an ICO for Windows. To be
 # run after a change of the SVG; the results are kept beside it.
 set -euo pipefail

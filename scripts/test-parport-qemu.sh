@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Tests the printer port through Linux's own drivers, and directly: boots Debian's kernel in a
 # virtual PC with a printer port and runs tests-real-port there. Installs what is missing; fetches
 # the kernel at the first run and keeps it in build/qemu. Fails when a test does, or when the virtual

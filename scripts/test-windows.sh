@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds what needs no Qt for 64-bit Windows and runs its tests under wine, without a display.
 # Arguments are passed on to the tests.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Goes through the main job with the packed programs for Windows, under wine and by keyboard, in the
 # display that it is started in: on the simulated board, on the stand-in for the port library, and
 # without either. Leaves pictures. Called by build-windows.sh.

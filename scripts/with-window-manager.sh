@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # with-window-manager.sh COMMAND...: runs a command in the display that it is started in, with a
 # window manager and for programs under wine. Called by build-windows.sh.
 set -euo pipefail

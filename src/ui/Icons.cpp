@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Icons.h"
 
 /// The linker drops a static library's resources unless they are asked for, outside any namespace.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/AuxNoiseForm.h"
 #include "analysis/MainNoiseForm.h"
 #include "support/Forms.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/BlockReadingForm.h"
 
 #include "acquisition/Reading.h"
