@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "analysis/SuspiciousCodes.h"
+#include "cli/BoardAnswer.h"
 #include "cli/ProgressLine.h"
 #include "cli/ReadyLine.h"
 #include "cli/RegisterText.h"
@@ -20,15 +21,13 @@ std::string HexByte(std::int16_t value) {
     return "0x" + HexText(value);
 }
 
-/// All ones or all zeros are what a cable without a board gives.
-[[noreturn]] void RefuseReadBack(std::int16_t written, std::int16_t read) {
-    const std::string hint = StuckLineHint(read, RegisterMap::Mode);
-    const std::string what =
-        hint.empty() ? "wrong answer from the board" : "no answer from the board";
-    throw CommandError(hint.empty() ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
-                       what + ": wrote " + HexByte(written) +
-                           " to the mode register and read back " + HexByte(read) + ". " + hint +
-                           std::string(CheckBoardAdvice));
+[[noreturn]] void RefuseReadBack(Services& services, std::int16_t written, std::int16_t read) {
+    RequireAnswer(services, {DescriptionOf(RegisterMap::Mode), read},
+                  HexByte(written) + " was written. ");
+    throw CommandError(ExitCode::ReadBackMismatch,
+                       "wrong answer from the board: wrote " + HexByte(written) +
+                           " to the mode register and read back " + HexByte(read) +
+                           ". Check the cable and the board's power.");
 }
 
 /// What is told of a reading that did not get to its end.
@@ -65,7 +64,7 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
     mode.WriteReg();
     const std::int16_t after = ToInt16(mode.ReadReg());
     if (after != wanted) {
-        RefuseReadBack(wanted, after);
+        RefuseReadBack(services, wanted, after);
     }
     err << "The chip was not in Continuous Conversion Mode: mode register changed from "
         << HexByte(before) << " to " << HexByte(wanted) << std::endl;
@@ -77,6 +76,9 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     ConverterReader reader(services.port, services.state.PortAddress, converter);
     reader.ReadControls();
     if (!reader.Enabled()) {
+        RequireAnswer(services,
+                      {DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
+                      NothingWritten);
         throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
     }
     CheckReadyLine(services);

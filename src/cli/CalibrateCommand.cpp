@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/Assignment.h"
+#include "cli/BoardAnswer.h"
 #include "cli/ReadyLine.h"
 #include "cli/RegisterText.h"
 #include "link/Calibration.h"
@@ -55,12 +56,13 @@ std::int32_t ModeOf(std::string_view kind) {
 std::vector<RegisterReading> ReadCalibration(Services& services) {
     std::vector<RegisterReading> readings;
     for (const CalibratedConverter& converter : converters) {
-        const std::int32_t control = ReadRegister(services, converter.control);
-        if ((control & RegisterMap::EnableMask) == 0) {
+        const RegisterReading control =
+            ReadAnswered(services, DescriptionOf(converter.control), NothingWritten);
+        if ((control.value & RegisterMap::EnableMask) == 0) {
             continue;
         }
         for (const std::string_view name : {converter.zero, converter.full}) {
-            readings.push_back(ReadRegister(services, RegisterNamed(name)));
+            readings.push_back(ReadAnswered(services, RegisterNamed(name), NothingWritten));
         }
     }
     return readings;
@@ -111,7 +113,8 @@ ExitCode CalibrateCommand::Run(const CommandContext& context) {
     }
     CheckCalibrationEnded(services);
     for (const RegisterReading& reading : before) {
-        const RegisterReading after = ReadRegister(services, reading.description);
+        const RegisterReading after =
+            ReadAnswered(services, reading.description, "The calibration was started. ");
         context.streams.out << ChangeText(reading.description, reading.value, after.value) << '\n';
     }
     return ExitCode::Success;

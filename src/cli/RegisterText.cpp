@@ -15,6 +15,14 @@ const RegisterMap::RegisterDescription& RegisterNamed(std::string_view name) {
         [name](const RegisterMap::RegisterDescription& d) { return d.name == name; });
 }
 
+const RegisterMap::RegisterDescription& DescriptionOf(const RegisterMap::RegisterAccess& access) {
+    return *std::find_if(std::begin(RegisterMap::ReadableRegisters),
+                         std::end(RegisterMap::ReadableRegisters),
+                         [&access](const RegisterMap::RegisterDescription& d) {
+                             return d.access.readByte == access.readByte;
+                         });
+}
+
 const RegisterMap::Field& FieldNamed(const RegisterMap::RegisterDescription& description,
                                      std::string_view name) {
     return *std::find_if(description.fields.begin(), description.fields.end(),
@@ -48,17 +56,6 @@ std::optional<std::string_view> NameOfCode(const RegisterMap::Field& field, std:
         std::find_if(field.values.begin(), field.values.end(),
                      [code](const RegisterMap::FieldValue& v) { return v.code == code; });
     return named == field.values.end() ? std::nullopt : std::optional(named->name);
-}
-
-std::string StuckLineHint(std::int32_t value, const RegisterMap::RegisterAccess& access) {
-    const std::int32_t allOnes = (std::int32_t{1} << access.wordLength) - 1;
-    if (value == 0) {
-        return "All bits read 0, as from a line that is stuck low. ";
-    }
-    if (value == allOnes) {
-        return "All bits read 1, as from a line that is open or stuck high. ";
-    }
-    return "";
 }
 
 }  // namespace vx3260

@@ -21,6 +21,9 @@ struct RegisterReading {
 /// The register with this name of the command line, which must be one of them.
 const RegisterMap::RegisterDescription& RegisterNamed(std::string_view name);
 
+/// The register with this read byte, which must be one of them.
+const RegisterMap::RegisterDescription& DescriptionOf(const RegisterMap::RegisterAccess& access);
+
 /// The field with this name, which the register must have.
 const RegisterMap::Field& FieldNamed(const RegisterMap::RegisterDescription& description,
                                      std::string_view name);
@@ -39,13 +42,5 @@ std::string ChangeText(const RegisterMap::RegisterDescription& description, std:
 
 /// The name of a field's code; nothing where the field is a plain number or the code has no name.
 std::optional<std::string_view> NameOfCode(const RegisterMap::Field& field, std::int32_t code);
-
-/// A sentence about a register of which all bits read the same, as they do through a line that is
-/// stuck or open; empty for any other.
-std::string StuckLineHint(std::int32_t value, const RegisterMap::RegisterAccess& access);
-
-/// What to look at when no board answers.
-inline constexpr std::string_view CheckBoardAdvice =
-    "Check the cable, the board's power and which printer port it is on.";
 
 }  // namespace vx3260

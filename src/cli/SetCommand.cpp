@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "cli/Assignment.h"
+#include "cli/BoardAnswer.h"
 #include "cli/RegisterText.h"
 #include "link/FieldWrite.h"
 #include "link/Register.h"
@@ -49,7 +50,8 @@ void RequirePowerDown(Services& services, const RegisterDescription& description
     if (!description.writesNeedPowerDown) {
         return;
     }
-    const std::int32_t mode = ReadRegister(services, RegisterMap::Mode);
+    const std::int32_t mode =
+        ReadAnswered(services, DescriptionOf(RegisterMap::Mode), NothingWritten).value;
     if (RegisterMap::OperatingMode.CodeIn(mode) != 0) {
         throw CommandError(ExitCode::NotInPowerDown,
                            "the VX3260 must be in Power-Down Mode to program the register " +
@@ -83,19 +85,31 @@ std::int32_t ComparedBits(const RegisterDescription& description, const Assignme
     return bits;
 }
 
-void CheckReadBack(const RegisterDescription& description, const FieldWrite& write,
-                   std::int32_t comparedBits) {
+void CheckReadBack(Services& services, const RegisterDescription& description,
+                   const FieldWrite& write, std::int32_t comparedBits) {
+    const std::string written = RegisterHex(write.wanted, description.access);
+    RequireAnswer(services, {description, write.readBack},
+                  written + " was written, and may not have arrived. ");
     if (((write.wanted ^ write.readBack) & comparedBits) == 0) {
         return;
     }
     throw CommandError(ExitCode::ReadBackMismatch,
-                       "Error Programming VX3260: wrote " +
-                           RegisterHex(write.wanted, description.access) + " to the register " +
+                       "Error Programming VX3260: wrote " + written + " to the register " +
                            std::string(description.name) + " (it was " +
                            RegisterHex(write.before, description.access) + ") and read back " +
-                           RegisterHex(write.readBack, description.access) + ". " +
-                           StuckLineHint(write.readBack, description.access) +
-                           "What was written has been left as it is.");
+                           RegisterHex(write.readBack, description.access) +
+                           ". What was written has been left as it is.");
+}
+
+/// Changes one field and returns what was there and what was read back.
+FieldWrite Assign(Services& services, const RegisterDescription& description,
+                  const Assignment& assignment) {
+    Register reg(services.port, services.state.PortAddress, description.access);
+    const std::int32_t before = ReadAnswered(services, description, NothingWritten).value;
+    const FieldWrite write = WriteField(reg, before, assignment.field, assignment.code);
+    CheckReadBack(services, description, write,
+                  ComparedBits(description, assignment, write.wanted));
+    return write;
 }
 
 }  // namespace
@@ -121,10 +135,8 @@ ExitCode SetCommand::Run(const CommandContext& context) {
     }
     Services& services = context.board.Services();
     RequirePowerDown(services, description);
-    Register reg(services.port, services.state.PortAddress, description.access);
     for (const Assignment& assignment : assignments) {
-        const FieldWrite write = WriteField(reg, assignment.field, assignment.code);
-        CheckReadBack(description, write, ComparedBits(description, assignment, write.wanted));
+        const FieldWrite write = Assign(services, description, assignment);
         context.streams.out << ChangeText(description, write.before, write.readBack) << std::endl;
     }
     return ExitCode::Success;

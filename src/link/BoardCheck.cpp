@@ -17,7 +17,7 @@ namespace {
 /// Some settings make one of these all 0 or all 1, but none does that to all of them.
 constexpr RegisterMap::RegisterAccess checkedRegisters[] = {
     RegisterMap::Mode, RegisterMap::MainControl, RegisterMap::AuxControl, RegisterMap::Filter};
-constexpr std::int32_t allOnes = 0xFF;
+constexpr double allOnes = 0xFF;
 
 /// Each bit of the channel, polarity and reference fields once 0 and once 1; the converter is off
 /// and the channel one that connects nothing, or an input.
@@ -34,24 +34,16 @@ class Checker {
           auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
     BoardCheck Check() {
-        if (AllRead(allOnes)) {
+        if (AllBitsRead(parallelPort_, portAddress_, 1)) {
             return {ReadyComes() ? BoardVerdict::StuckHigh : BoardVerdict::NoAnswer};
         }
-        if (AllRead(0)) {
+        if (AllBitsRead(parallelPort_, portAddress_, 0)) {
             return {BoardVerdict::StuckLow};
         }
         return TryPatterns();
     }
 
   private:
-    bool AllRead(std::int32_t value) {
-        return std::all_of(std::begin(checkedRegisters), std::end(checkedRegisters),
-                           [&](const RegisterMap::RegisterAccess& access) {
-                               return Register(parallelPort_, portAddress_, access).ReadReg() ==
-                                      value;
-                           });
-    }
-
     bool ReadyComes() {
         const auto status = static_cast<std::int16_t>(portAddress_ + BoardLines::StatusRegister);
         for (std::int32_t poll = 0; poll < PollLimit; ++poll) {
@@ -96,6 +88,14 @@ class Checker {
 };
 
 }  // namespace
+
+bool AllBitsRead(ParallelPort& parallelPort, const std::int16_t& portAddress, int bit) {
+    const double value = bit * allOnes;
+    return std::all_of(std::begin(checkedRegisters), std::end(checkedRegisters),
+                       [&](const RegisterMap::RegisterAccess& access) {
+                           return Register(parallelPort, portAddress, access).ReadReg() == value;
+                       });
+}
 
 BoardCheck CheckBoard(ParallelPort& parallelPort, const std::int16_t& portAddress) {
     return Checker(parallelPort, portAddress).Check();

@@ -23,6 +23,10 @@ struct BoardCheck {
     bool putBack = true;        ///< whether that register holds again what it held before
 };
 
+/// Whether the mode, control and filter registers all read as `bit` repeated, as they do through a
+/// dead line. No settings of a chip do that to all four. Ends at the first that reads otherwise.
+bool AllBitsRead(ParallelPort& parallelPort, const std::int16_t& portAddress, int bit);
+
 /// Finds out whether a board answers. Reads registers; only where these look alive writes the aux
 /// ADC control register, with the converter disabled, and puts it back: a result that waits is
 /// lost. Where all bits read 1, waits for data-ready as a reading does.

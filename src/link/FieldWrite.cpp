@@ -6,7 +6,11 @@
 namespace vx3260 {
 
 FieldWrite WriteField(Register& reg, const RegisterMap::Field& field, std::int32_t code) {
-    const std::int32_t before = ToInt32(reg.ReadReg());
+    return WriteField(reg, ToInt32(reg.ReadReg()), field, code);
+}
+
+FieldWrite WriteField(Register& reg, std::int32_t before, const RegisterMap::Field& field,
+                      std::int32_t code) {
     const std::int32_t wanted = field.Insert(before, code);
     reg.RegValue = wanted;
     reg.WriteReg();

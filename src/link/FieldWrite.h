@@ -22,4 +22,8 @@ struct FieldWrite {
 /// stays in place either way.
 FieldWrite WriteField(Register& reg, const RegisterMap::Field& field, std::int32_t code);
 
+/// The same for a register that has just been read as `before`.
+FieldWrite WriteField(Register& reg, std::int32_t before, const RegisterMap::Field& field,
+                      std::int32_t code);
+
 }  // namespace vx3260

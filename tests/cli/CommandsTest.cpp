@@ -44,9 +44,9 @@ TEST(CommandLine, WhatCannotBeDoneHasItsExitCode) {
     ExpectRefused(
         ExitCode::NoAnswer,
         {{"read main --simulated --fault board-gone=0",
-          "wrote 0xFB to the mode register and read back 0xFF. All bits read 1"},
+          "the register mode reads 0xFF, and every other one alike. All bits read 1"},
          {"read main --simulated --fault=dout-stuck-low",
-          "wrote 0x3 to the mode register and read back 0x0. All bits read 0"},
+          "All bits read 0, as from a line that is stuck low. 0x3 was written. "},
          {"read main --simulated --fault no-data-ready", "Error Reading Data from VX3260\n"},
          {"read main --simulated --fault rdy-stuck-low", "data-ready line is stuck low: it"},
          {"noise main --simulated --fault no-data-ready", "Too few codes to analyse\n"}});

@@ -39,7 +39,7 @@ TEST(RegistersCommand, ABoardThatDoesNotAnswerIsToldFromOneThatDoes) {
     for (const char* const fault : {"board-gone=0", "dout-stuck-low"}) {
         const Outcome outcome = RunProgram(std::string("registers --simulated --fault ") + fault);
         EXPECT_EQ(outcome.exitCode, ExitCode::NoAnswer);
-        EXPECT_TRUE(Has(outcome.err, "every register reads the same. All bits read "));
+        EXPECT_TRUE(Has(outcome.err, ", and every other one alike. All bits read "));
         EXPECT_TRUE(Has(outcome.out, "filter "));
     }
     ExpectRefused(ExitCode::NoAnswer, {{"registers", "no printer port"}});
@@ -67,10 +67,13 @@ TEST(SetCommand, RefusesWhatMustNotBeWritten) {
                   {{s + "filter word=13", "The remedy: set mode mode=power-down\n"},
                    {s + "main-zero value=0", "(mode register: 0x03). Nothing was written"}});
     ExpectRefused(ExitCode::ReadBackMismatch,
-                  {{s + "mode mode=idle --fault board-gone=0",
-                    "wrote 0xF9 to the register mode (it was 0xFF) and read back 0xFF. All bits"},
-                   {s + "io-control p3=low",
+                  {{s + "io-control p3=low",
                     "wrote 0x0000 to the register io-control (it was 0x0004) and read back"}});
+    ExpectRefused(
+        ExitCode::NoAnswer,
+        {{s + "filter word=69 --fault board-gone=0",
+          "the register mode reads 0xFF, and every other one alike. All bits read 1"},
+         {s + "io-control p1-status=driven --fault board-gone=0", "Nothing was written"}});
 }
 
 TEST(CalibrateCommand, TellsWhyItDidNotCalibrate) {
@@ -79,6 +82,8 @@ TEST(CalibrateCommand, TellsWhyItDidNotCalibrate) {
                     "Error Calibrating VX3260\n  The data-ready line"},
                    {"--simulated --fault rdy-stuck-low calibrate internal-full",
                     "stuck low: it announces the end of a calibration that goes on"},
+                   {"--simulated --fault dout-stuck-low calibrate internal-zero",
+                    "the register main-control reads 0x00"},
                    {"calibrate internal-zero", "no printer port"}});
 }
 
