@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     const vx3260::Console console = vx3260::PrepareConsole();
     vx3260::MachineSystem system(argc, argv);
     vx3260::CliStreams streams{std::cout, std::cerr};
+    streams.readerHasGone = vx3260::OutputReaderHasGone;
     streams.errIsTerminal = console.errIsTerminal;
     if (console.outWidth > 0) {
         streams.outWidth = console.outWidth;

@@ -18,8 +18,10 @@
 #include "files/FileErrors.h"
 #include "forms/shell/MainMenuForm.h"
 #include "platform/Console.h"
+#include "platform/EndSignals.h"
 #include "platform/MachineSystem.h"
 #include "ports/OpenPort.h"
+#include "ui/CloseOnSignal.h"
 #include "ui/Icons.h"
 #include "ui/QtMessageBoxes.h"
 
@@ -81,8 +83,11 @@ int Run(int& argc, char** argv) {
              *request.exitCode == 0 ? MessageIcon::Information : MessageIcon::Critical, argc, argv);
         return *request.exitCode;
     }
+    EndSignals endSignals;
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(ApplicationIcon());
+    const CloseOnSignal closeOnSignal(endSignals.Descriptor(),
+                                      [&endSignals] { endSignals.Release(); });
     QtMessageBoxes messages(std::cerr);
     ApplicationState state;
     const OpenedPort opened = OpenPort(request.port);

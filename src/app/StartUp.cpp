@@ -17,6 +17,7 @@ namespace vx3260 {
 namespace {
 
 constexpr std::int32_t firstPort = 1;
+constexpr std::string_view statusSwitch = "/SS";
 constexpr float startReferenceVoltage = 2.5F;
 
 struct VersionName {
@@ -39,6 +40,13 @@ std::string NameOf(const VersionName (&names)[size], std::int32_t number) {
 
 bool Contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return upper;
 }
 
 void ClaimPort(Services& services) {
@@ -91,10 +99,7 @@ void InitialiseControlRegister(ParallelPort& port, std::int16_t portAddress) {
             static_cast<std::int16_t>(PortIn(port, control) & BoardLines::ControlKept));
 }
 
-void ShowStatusIfRequested(Services& services) {
-    if (!StatusRequested(services.system)) {
-        return;
-    }
+void ShowStatus(Services& services) {
     services.messages.Show({.text = "Windows Version:" + services.state.WindowsVersionText +
                                     "\rPort Address:0x" + HexText(services.state.PortAddress),
                             .icon = MessageIcon::Information,
@@ -116,17 +121,18 @@ std::string GetWindowsVersion(OperatingSystem& system) {
 }
 
 bool HoldsStatusSwitch(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return Contains(upper, "/SS");
+    return Contains(UpperCase(text), statusSwitch);
+}
+
+bool IsStatusSwitch(std::string_view word) {
+    return UpperCase(word) == statusSwitch;
 }
 
 bool StatusRequested(OperatingSystem& system) {
     return HoldsStatusSwitch(system.CommandLine());
 }
 
-void SetUpPort(Services& services) {
+void SetUpPort(Services& services, bool statusRequested) {
     ApplicationState& state = services.state;
     state.WindowsVersionText = GetWindowsVersion(services.system);
     const bool fixedAddress =
@@ -143,12 +149,18 @@ void SetUpPort(Services& services) {
     } catch (const RuntimeError& error) {
         services.messages.Show({.text = error.what(), .icon = MessageIcon::Critical});
     }
-    ShowStatusIfRequested(services);
+    if (statusRequested) {
+        ShowStatus(services);
+    }
+}
+
+void StartUp(Services& services, bool statusRequested) {
+    SetUpPort(services, statusRequested);
+    services.state.ReferenceVoltage = startReferenceVoltage;
 }
 
 void StartUp(Services& services) {
-    SetUpPort(services);
-    services.state.ReferenceVoltage = startReferenceVoltage;
+    StartUp(services, StatusRequested(services.system));
 }
 
 }  // namespace vx3260

@@ -13,19 +13,24 @@ namespace vx3260 {
 /// "Windows 2000"; empty for another version of the two families, "Failed" for another system.
 std::string GetWindowsVersion(OperatingSystem& system);
 
-/// Whether the command line holds "/SS" in any case.
+/// Whether the command line holds "/SS" in any case, be it inside a word.
 bool StatusRequested(OperatingSystem& system);
 
-/// Whether a text holds "/SS" in any case: the command line's way to ask for the status box.
+/// Whether a text holds "/SS" in any case.
 bool HoldsStatusSwitch(std::string_view text);
 
+/// Whether a word is "/SS" in any case.
+bool IsStatusSwitch(std::string_view word);
+
 /// Detects the system, finds the printer port's address (and claims the port, but for Windows 95
-/// and 98), clears bits 0, 1, 3 and 5 of its control register and, where the command line holds
-/// "/SS" in any case, tells system and address. What fails is told in a message box; start-up
-/// goes on.
-void SetUpPort(Services& services);
+/// and 98), clears bits 0, 1, 3 and 5 of its control register and, where the status was requested,
+/// shows system and address. What fails is shown in a message box; start-up goes on.
+void SetUpPort(Services& services, bool statusRequested);
 
 /// All that comes before the first window: SetUpPort, then a reference voltage of 2.5 V.
+void StartUp(Services& services, bool statusRequested);
+
+/// The same with the status where StatusRequested.
 void StartUp(Services& services);
 
 }  // namespace vx3260

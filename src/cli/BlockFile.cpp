@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "app/StartUp.h"
 #include "files/CodeFile.h"
 #include "link/Serial.h"
 
@@ -21,7 +20,7 @@ std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation) 
 }
 
 void OpenForStatus(const CommandContext& context) {
-    if (StatusRequested(context.system)) {
+    if (context.board.StatusRequested()) {
         context.board.Open();
     }
 }

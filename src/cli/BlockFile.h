@@ -14,8 +14,7 @@ namespace vx3260 {
 /// a code that is the value of a time-out.
 std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation);
 
-/// For commands that work on a file and need no board: it is opened only for those who ask
-/// start-up for its status.
+/// For commands that work on a file and need no board: opens it only where its status is requested.
 void OpenForStatus(const CommandContext& context);
 
 }  // namespace vx3260

@@ -17,16 +17,23 @@ struct CliStreams {
     std::ostream& out;
     std::ostream& err;
     bool errIsTerminal = false;
-    std::size_t outWidth = 80;  ///< characters in a line of the terminal that shows `out`
+    std::size_t outWidth = 80;          ///< characters in a line of the terminal that shows `out`
+    bool (*readerHasGone)() = nullptr;  ///< whether nobody reads `out` any more; may be null
 };
 
 /// The one board of a run. Commands that need none leave the port alone; the first that needs it
 /// opens it, for all that follow.
 class BoardSession {
   public:
-    /// References outlive the session. Nothing is opened yet.
-    BoardSession(const PortChoice& portChoice, OperatingSystem& system, std::ostream& err)
-        : portChoice_(portChoice), system_(system), err_(err), messages_(err) {}
+    /// References outlive the session. Nothing is opened yet. With `statusRequested` start-up shows
+    /// the system and the port's address.
+    BoardSession(const PortChoice& portChoice, bool statusRequested, OperatingSystem& system,
+                 std::ostream& err)
+        : portChoice_(portChoice),
+          statusRequested_(statusRequested),
+          system_(system),
+          err_(err),
+          messages_(err) {}
     ~BoardSession() = default;
     BoardSession(const BoardSession&) = delete;
     BoardSession(BoardSession&&) = delete;
@@ -40,6 +47,8 @@ class BoardSession {
     /// Which port the user asked for.
     const PortChoice& Choice() const { return portChoice_; }
 
+    bool StatusRequested() const { return statusRequested_; }
+
     /// The board, opened. Throws CommandError where start-up found no printer port to reach one
     /// through.
     vx3260::Services& Services();
@@ -49,6 +58,7 @@ class BoardSession {
 
   private:
     const PortChoice& portChoice_;
+    bool statusRequested_;
     OperatingSystem& system_;
     std::ostream& err_;
     ConsoleMessages messages_;

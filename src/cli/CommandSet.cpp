@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
-#include "app/StartUp.h"
 #include "cli/CalibrateCommand.h"
 #include "cli/CheckCommand.h"
 #include "cli/HistogramCommand.h"
@@ -25,11 +25,9 @@ CommandSet::CommandSet(CLI::App& parser) {
     parser.require_subcommand(0, 1);
     // Asked for last, so that a command that does not exist is named by then.
     parser.final_callback([&parser] {
-        for (const std::string& word : parser.remaining(true)) {
-            // What only asks start-up for the status box is no command and no option.
-            if (!HoldsStatusSwitch(word)) {
-                throw CLI::ExtrasError({word});
-            }
+        const std::vector<std::string> unknown = parser.remaining(true);
+        if (!unknown.empty()) {
+            throw CLI::ExtrasError({unknown.front()});
         }
         if (parser.get_subcommands().empty()) {
             throw CLI::RequiredError("A command");

@@ -19,7 +19,8 @@ enum class ExitCode : int {
     FileNotAccessible = 7,
     ReadBackMismatch = 8,
     NotInPowerDown = 9,
-    Interrupted = 130,  ///< what shells give a process that SIGINT ended
+    Interrupted = 130,   ///< what shells give a process that SIGINT ended
+    OutputClosed = 141,  ///< what shells give a process that SIGPIPE ended
 };
 
 struct ExitCodeText {
@@ -39,6 +40,7 @@ inline constexpr std::array ExitCodeTexts{
     ExitCodeText{ExitCode::ReadBackMismatch, "a register did not read back as it was written"},
     ExitCodeText{ExitCode::NotInPowerDown, "the register can be written in power-down mode only"},
     ExitCodeText{ExitCode::Interrupted, "interrupted; what was read by then is kept"},
+    ExitCodeText{ExitCode::OutputClosed, "nobody reads standard output any more"},
 };
 
 /// Ends a command; the message goes to stderr.

@@ -146,10 +146,4 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
         ->check([](const std::string& path) { return path.empty() ? "the name is empty" : ""; });
 }
 
-std::vector<std::string> WithoutStatusSwitch(std::vector<std::string> arguments) {
-    std::erase_if(arguments,
-                  [](const std::string& word) { return CLI::detail::to_lower(word) == "/ss"; });
-    return arguments;
-}
-
 }  // namespace vx3260

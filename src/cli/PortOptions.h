@@ -13,8 +13,4 @@ namespace vx3260 {
 /// `--fault list` ends the parsing as --version does: CLI::App::exit prints the list.
 void AddPortOptions(CLI::App& app, PortChoice& choice);
 
-/// The arguments without the word /SS in any case: start-up looks for it in the whole command
-/// line, to the parser it is no option.
-std::vector<std::string> WithoutStatusSwitch(std::vector<std::string> arguments);
-
 }  // namespace vx3260

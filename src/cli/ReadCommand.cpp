@@ -4,9 +4,20 @@
 #include "cli/BlockReading.h"
 #include "cli/StopSignal.h"
 #include "files/CodeFile.h"
+#include "files/FilePath.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
+namespace {
+
+void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
+    if (!trace.empty() && !output.empty() && SameFile(trace, output)) {
+        throw CommandError(ExitCode::WrongCommandLine,
+                           "--output and --trace name the same file: " + output);
+    }
+}
+
+}  // namespace
 
 ReadCommand::ReadCommand(CLI::App& program)
     : Command(program, "read", "Read a block of codes into a data file, one code a line") {
@@ -19,10 +30,11 @@ ReadCommand::ReadCommand(CLI::App& program)
 }
 
 ExitCode ReadCommand::Run(const CommandContext& context) {
+    RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     CodeWriter writer(output_, context.streams.out);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    // Until the codes are safe, the first Ctrl+C must not end the process.
+    // Until the codes are safe, no signal that asks for an end may end the process.
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),

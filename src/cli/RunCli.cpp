@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/ApplicationInfo.h"
+#include "app/StartUp.h"
 #include "cli/CommandSet.h"
 #include "cli/ExitCodes.h"
 #include "cli/PortOptions.h"
@@ -37,13 +38,15 @@ class Program {
 
     ExitCode Run(std::span<const std::string> arguments, OperatingSystem& system,
                  CliStreams& streams) {
+        const bool statusRequested =
+            std::any_of(arguments.begin(), arguments.end(), IsStatusSwitch);
         try {
             Parse(arguments);
         } catch (const CLI::ParseError& error) {
             const bool well = parser_.exit(error, streams.out, streams.err) == 0;
             return well ? ExitCode::Success : ExitCode::WrongCommandLine;
         }
-        BoardSession board(portChoice_, system, streams.err);
+        BoardSession board(portChoice_, statusRequested, system, streams.err);
         try {
             const ExitCode code = commands_.Chosen().Run({board, system, streams});
             return board.TellFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
@@ -54,10 +57,11 @@ class Program {
     }
 
   private:
-    /// The parser takes its words from the end of the list.
+    /// The parser takes its words from the end of the list. The status switch is not an option of
+    /// its.
     void Parse(std::span<const std::string> arguments) {
-        std::vector<std::string> words = WithoutStatusSwitch({arguments.begin(), arguments.end()});
-        std::reverse(words.begin(), words.end());
+        std::vector<std::string> words(arguments.rbegin(), arguments.rend());
+        std::erase_if(words, IsStatusSwitch);
         parser_.parse(std::move(words));
     }
 
@@ -78,7 +82,7 @@ ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& sy
 
 int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
     return static_cast<int>(
-        TellErrors(streams.err, "", [&] { return RunAndFlush(arguments, system, streams); }));
+        TellErrors(streams, "", [&] { return RunAndFlush(arguments, system, streams); }));
 }
 
 }  // namespace vx3260

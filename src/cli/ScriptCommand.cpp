@@ -87,7 +87,7 @@ ExitCode ScriptCommand::Run(const CommandContext& context) {
     const std::string name = file_ == standardInput ? "standard input" : file_;
     for (const ScriptLine& line : ScriptLines(LoadScript(file_), name)) {
         const std::string place = name + ":" + std::to_string(line.number);
-        const ExitCode code = TellErrors(context.streams.err, place, [&] {
+        const ExitCode code = TellErrors(context.streams, place, [&] {
             const ExitCode ofLine = RunLine(line, context);
             if (ofLine != ExitCode::Success) {
                 Tell(context.streams.err, place, "the script ends here");

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 namespace vx3260 {
 
-/// While one exists, Ctrl+C (SIGINT) does not end the process but asks it to stop; a second one
-/// ends it. A process started with SIGINT ignored goes on ignoring it. One at a time.
+/// While one exists, SIGINT (Ctrl+C), SIGTERM and SIGHUP do not end the process but ask it to stop;
+/// a second Ctrl+C ends it. A signal that the process was started to ignore, as by nohup, stays
+/// ignored. One at a time.
 class StopSignal {
   public:
     StopSignal();
@@ -16,8 +20,15 @@ class StopSignal {
 
     bool Requested() const;
 
+    /// How many signals there are; Windows has no SIGHUP.
+#if defined(_WIN32)
+    static constexpr std::size_t Count = 2;
+#else
+    static constexpr std::size_t Count = 3;
+#endif
+
   private:
-    void (*previous_)(int);
+    std::array<void (*)(int), Count> previous_{};
 };
 
 }  // namespace vx3260

@@ -11,10 +11,10 @@ void Tell(std::ostream& err, const std::string& place, const std::string& text) 
     err << ProgramName << ": " << place << (place.empty() ? "" : ": ") << text << std::endl;
 }
 
-ExitCode TellErrors(std::ostream& err, const std::string& place,
+ExitCode TellErrors(const CliStreams& streams, const std::string& place,
                     const std::function<ExitCode()>& work) {
     const auto tell = [&](const std::exception& error, ExitCode code) {
-        Tell(err, place, error.what());
+        Tell(streams.err, place, error.what());
         return code;
     };
     try {
@@ -24,6 +24,9 @@ ExitCode TellErrors(std::ostream& err, const std::string& place,
     } catch (const BadDataError& error) {
         return tell(error, ExitCode::BadDataFile);
     } catch (const FileAccessError& error) {
+        if (!streams.out && streams.readerHasGone != nullptr && streams.readerHasGone()) {
+            return ExitCode::OutputClosed;
+        }
         return tell(error, ExitCode::FileNotAccessible);
     } catch (const std::exception& error) {
         return tell(error, ExitCode::UnexpectedError);

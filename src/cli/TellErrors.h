@@ -5,15 +5,17 @@
 #include <ostream>
 #include <string>
 
+#include "cli/BoardSession.h"
 #include "cli/ExitCodes.h"
 
 namespace vx3260 {
 
 inline constexpr const char* ProgramName = "vx3260-cli";
 
-/// Does `work`. An exception that leaves it is told on `err`, after `place` where there is one, and
-/// becomes the exit code that it stands for.
-ExitCode TellErrors(std::ostream& err, const std::string& place,
+/// Does `work`. An exception that leaves it is reported on `streams.err`, after `place` where there
+/// is one, and becomes the exit code that it stands for. A reader of `streams.out` that has gone
+/// has seen enough: nothing is reported then.
+ExitCode TellErrors(const CliStreams& streams, const std::string& place,
                     const std::function<ExitCode()>& work);
 
 /// Prints "vx3260-cli: PLACE: TEXT", or without a place "vx3260-cli: TEXT".

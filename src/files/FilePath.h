@@ -3,12 +3,26 @@
 
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 namespace vx3260 {
 
 /// A path as the program has them, UTF-8 on every system, for the standard library.
 inline std::filesystem::path FilePath(std::string_view utf8) {
     return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+/// Whether two names lead to one file, be it there already or not.
+inline bool SameFile(std::string_view one, std::string_view other) {
+    std::error_code error;
+    if (std::filesystem::equivalent(FilePath(one), FilePath(other), error)) {
+        return true;
+    }
+    const auto whole = [&error](std::string_view path) {
+        return std::filesystem::weakly_canonical(std::filesystem::absolute(FilePath(path), error),
+                                                 error);
+    };
+    return whole(one) == whole(other);
 }
 
 }  // namespace vx3260

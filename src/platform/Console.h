@@ -15,8 +15,12 @@ struct Console {
 };
 
 /// Makes the process ready for the command line: its texts are UTF-8, and a file that cannot grow
-/// is an error of the write. Tells about the terminal.
+/// or a pipe that nobody reads is an error of the write. Describes the terminal.
 Console PrepareConsole();
+
+/// Whether standard output is a pipe whose reader has closed it, as `head` does. Never on Windows,
+/// which does not tell this from other failed writes.
+bool OutputReaderHasGone();
 
 enum class StandardStream { Output, Error };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -10,14 +11,21 @@
 namespace vx3260 {
 
 Console PrepareConsole() {
-    // A file that grows beyond the limit would end the process.
+    // Each would end the process at a write: to a file that is at the size limit, and to a pipe
+    // that nobody reads any more.
     std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
     Console console{.errIsTerminal = isatty(STDERR_FILENO) == 1};
     winsize size{};
     if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
         console.outWidth = size.ws_col;
     }
     return console;
+}
+
+bool OutputReaderHasGone() {
+    pollfd output{STDOUT_FILENO, 0, 0};
+    return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
 }
 
 bool Print(StandardStream stream, const std::string& text) {

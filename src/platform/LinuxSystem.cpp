@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <sstream>
 #include <vector>
@@ -58,6 +59,12 @@ std::string FindInPath(const std::string& program) {
     }
     words.push_back(nullptr);
     setsid();
+    // What this process ignores (PrepareConsole) or blocks (EndSignals), the program would too.
+    std::signal(SIGPIPE, SIG_DFL);
+    std::signal(SIGXFSZ, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
     execv(words[0], words.data());
     const char failed = 1;
     _exit(write(failure, &failed, 1) == 1 ? 1 : 2);

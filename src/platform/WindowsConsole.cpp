@@ -46,6 +46,10 @@ Console PrepareConsole() {
     return console;
 }
 
+bool OutputReaderHasGone() {
+    return false;
+}
+
 /// A program with windows leaves the starter's console at once: it would end with it, and with
 /// every Ctrl+C that is typed there.
 bool Print(StandardStream stream, const std::string& text) {

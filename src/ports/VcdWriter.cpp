@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iomanip>
 #include <system_error>
 
 #include "app/ApplicationInfo.h"
@@ -53,6 +54,27 @@ std::string DeclarationOf(const VcdVariable& variable, std::size_t number) {
            " $end\n";
 }
 
+/// The sections that a dump can begin with.
+constexpr std::string_view firstSections[] = {"$version", "$date", "$timescale", "$comment",
+                                              "$scope"};
+
+/// A pipe or a device holds nothing that could be lost.
+void RefuseOtherThanDump(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(FilePath(path), error) ||
+        std::filesystem::file_size(FilePath(path), error) == 0) {
+        return;
+    }
+    std::string start;
+    std::ifstream(FilePath(path), std::ios::binary) >> std::setw(16) >> start;
+    if (std::find(std::begin(firstSections), std::end(firstSections), start) ==
+        std::end(firstSections)) {
+        throw FileAccessError("cannot write the trace to " + path +
+                              ": there is a file of that name that is not a trace; choose another "
+                              "name");
+    }
+}
+
 std::string Header(std::string_view scope, std::span<const VcdVariable> variables) {
     std::string text = "$version " + std::string(ApplicationTitle) + " " +
                        std::string(VersionText) + " $end\n$timescale 1 us $end\n$scope module " +
@@ -79,6 +101,7 @@ VcdWriter::VcdWriter(const std::string& path, std::string_view scope,
     }
     errno = 0;
     file_.rdbuf()->pubsetbuf(nullptr, 0);
+    RefuseOtherThanDump(path);
     file_.open(FilePath(path), std::ios::binary | std::ios::trunc);
     if (!file_) {
         ThrowCannotWrite();

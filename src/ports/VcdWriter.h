@@ -29,7 +29,8 @@ struct VcdVariable {
 /// the last change, without which viewers do not show that change.
 class VcdWriter {
   public:
-    /// Writes the header and the values at time 0, over what the file held. Throws FileAccessError.
+    /// Writes the header and the values at time 0, over what a file of such a dump held. Throws
+    /// FileAccessError, also for a file that holds anything else: it is left as it is.
     VcdWriter(const std::string& path, std::string_view scope,
               std::span<const VcdVariable> variables);
 

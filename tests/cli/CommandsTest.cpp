@@ -94,6 +94,21 @@ TEST(CommandLine, StatusSwitchIsAWordInAnyCase) {
     EXPECT_EQ(Lines(outcome.out), 200);
     EXPECT_TRUE(
         Has(outcome.err, "Show Status: Windows Version:Windows 2000\n  Port Address:0x378\n"));
+    EXPECT_EQ(RunProgram("histogram main /none/ss/x.dat").err.find("Port"), std::string::npos);
+}
+
+TEST(CommandLine, ATraceReplacesNothingButATrace) {
+    const Folder folder;
+    const std::string data = folder.Make("x.dat", "1\n");
+    const std::string trace = folder.Path("x.vcd");
+    ExpectRefused(ExitCode::FileNotAccessible, {{"registers --simulated --trace " + data,
+                                                 "that is not a trace; choose another"}});
+    ExpectRefused(ExitCode::WrongCommandLine,
+                  {{"read main --simulated --trace " + trace + " -o " + trace, "the same file"}});
+    EXPECT_EQ(folder.Bytes("x.dat"), "1\n");
+    for (int times = 0; times < 2; ++times) {
+        EXPECT_EQ(RunProgram("registers --simulated --trace " + trace).exitCode, ExitCode::Success);
+    }
 }
 
 TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QProcess>
@@ -31,9 +33,17 @@ class Program : public testing::Test {
     }
 
     /// While it runs: 0 would stand for this process and all its relations.
-    void PressCtrlC() {
+    void Send(int signal) {
         ASSERT_GT(process.processId(), 0) << err;
-        kill(static_cast<pid_t>(process.processId()), SIGINT);
+        kill(static_cast<pid_t>(process.processId()), signal);
+    }
+
+    /// Returns when the program has begun to read a block.
+    void WaitForReading() {
+        process.setReadChannel(QProcess::StandardError);
+        while (!Told("Reading ") && process.waitForReadyRead(-1)) {
+            err += process.readAllStandardError().toStdString();
+        }
     }
 
     bool Told(const std::string& text) const { return err.find(text) != std::string::npos; }
@@ -43,30 +53,64 @@ class Program : public testing::Test {
     std::string err;
 };
 
-TEST_F(Program, CtrlCKeepsWhatWasRead) {
-    process.setReadChannel(QProcess::StandardError);
-    Start({"--simulated", "read", "main", "--count", "32767", "--output",
-           QString::fromStdString(folder.Path("x.dat"))});
-    while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
-        err += process.readAllStandardError().toStdString();
+TEST_F(Program, ASignalThatStopsKeepsWhatWasRead) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        err.clear();
+        const std::string file = std::to_string(signal) + ".dat";
+        Start({"--simulated", "read", "main", "--count", "32767", "--output",
+               QString::fromStdString(folder.Path(file))});
+        WaitForReading();
+        Send(signal);
+        EXPECT_EQ(End(), ExitCode::Interrupted) << err;
+        const std::string saved = folder.Bytes(file);
+        const std::ptrdiff_t kept = std::count(saved.begin(), saved.end(), '\n');
+        EXPECT_GT(kept, 0);
+        EXPECT_TRUE(Told("Wrote " + std::to_string(kept) + " code")) << err;
     }
-    PressCtrlC();
-    EXPECT_EQ(End(), ExitCode::Interrupted) << err;
-    const std::string saved = folder.Bytes("x.dat");
-    const std::ptrdiff_t kept = std::count(saved.begin(), saved.end(), '\n');
-    EXPECT_GT(kept, 0);
-    EXPECT_TRUE(Told("Wrote " + std::to_string(kept) + " code")) << err;
+}
+
+/// A pipe whose reader has gone, in the place of a standard stream.
+void CloseReaderOf(int stream) {
+    int ends[2];
+    if (pipe(ends) == 0) {
+        close(ends[0]);
+        dup2(ends[1], stream);
+    }
+}
+
+TEST_F(Program, AClosedOutputEndsItQuietlyAndAClosedErrorStreamNotAtAll) {
+    process.setChildProcessModifier([] { CloseReaderOf(STDOUT_FILENO); });
+    const QStringList commands[] = {{"--simulated", "read", "main"}, {"--help"}};
+    for (const QStringList& command : commands) {
+        err.clear();
+        Start(command);
+        EXPECT_EQ(End(), ExitCode::OutputClosed);
+        EXPECT_FALSE(Told("cannot write")) << err;
+    }
+    process.setChildProcessModifier([] { CloseReaderOf(STDERR_FILENO); });
+    Start({"--simulated", "read", "main"});
+    EXPECT_EQ(End(), ExitCode::Success);
+    EXPECT_EQ(process.readAllStandardOutput().count('\n'), 200);
+}
+
+TEST_F(Program, ATraceThatNobodyReadsEndsAndTheReadingGoesOn) {
+    const std::string trace = folder.Path("trace");
+    ASSERT_EQ(mkfifo(trace.c_str(), 0600), 0);
+    const int reader = open(trace.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    Start({"--simulated", "--trace", QString::fromStdString(trace), "read", "main"});
+    WaitForReading();
+    close(reader);
+    EXPECT_EQ(End(), ExitCode::Success);
+    EXPECT_TRUE(Told("The trace ends here: cannot write " + trace + ": Broken pipe")) << err;
+    EXPECT_EQ(process.readAllStandardOutput().count('\n'), 200);
 }
 
 TEST_F(Program, CtrlCDuringAReadingEndsTheScript) {
-    process.setReadChannel(QProcess::StandardError);
     Start({"--simulated", "script", "-"});
     process.write("set mode chcon=set\nread main --count 32767 --output /dev/null\nregisters\n");
     process.closeWriteChannel();
-    while (!Told("Reading 32767 codes") && process.waitForReadyRead(-1)) {
-        err += process.readAllStandardError().toStdString();
-    }
-    PressCtrlC();
+    WaitForReading();
+    Send(SIGINT);
     EXPECT_EQ(End(), ExitCode::Interrupted);
     EXPECT_TRUE(Told("vx3260-cli: standard input:2: the script ends here\n")) << err;
     EXPECT_EQ(process.readAllStandardOutput(), "mode: 0x03 -> 0x13\n");
