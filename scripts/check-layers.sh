@@ -1,60 +1,130 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Fails when a file under src/ includes one from a higher floor, from another folder of its own
-# floor, or, in a layer without Qt, one of Qt's headers.
+# The layers are what add_layer() and add_form_layer() name in the folders' CMakeLists.txt. Fails when
+# a file under src/ includes one of a layer that its own layer does not link, directly or through
+# others, or one of Qt's headers in a layer that does not link Qt; when layers link in a circle; and
+# when the table of floors in docs/ARCHITECTURE.md says otherwise.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# Folder, floor, and whether it may use Qt.
-layers='
-numbers 1 plain
-link 2 plain
-files 2 qt
-simulator 3 plain
-app 3 plain
-ports 4 plain
-platform 4 plain
-acquisition 4 plain
-ui 4 qt
-analysis 5 qt
-forms/config 6 qt
-forms/data 6 qt
-cli 6 qt
-forms/shell 7 qt
-'
-# The half of analysis/ that may use Qt.
-formFiles='^analysis/[A-Za-z]*Form\\.'
-
-grep -rnE '^#include' src --include='*.h' --include='*.cpp' --include='*.h.in' |
-    awk -v layers="$layers" -v formFiles="$formFiles" '
-    BEGIN {
-        count = split(layers, words, /[ \n]+/)
-        for (i = 1; i <= count; i++) {
-            if (words[i] ~ /^[a-z]/ && words[i + 1] ~ /^[0-9]$/) {
-                floor[words[i]] = words[i + 1]
-                qt[words[i]] = words[i + 2]
+mapfile -t lists < <(find src -mindepth 2 -name CMakeLists.txt | sort)
+awk '
+    function Fault(text) { print text; bad = 1 }
+    function LayerOf(path,    stem, folder) {
+        stem = folder = path
+        sub(/\.[a-z.]+$/, "", stem)
+        if (stem in owner) return owner[stem]
+        sub(/\/?[^\/]*$/, "", folder)
+        return folder in firstLayer ? firstLayer[folder] : ""
+    }
+    # All that a layer links, directly or not: reached[layer, library].
+    function Follow(layer, from,    names, i) {
+        for (i = split(links[from], names); i > 0; i--) {
+            if ((layer, names[i]) in reached) continue
+            reached[layer, names[i]] = 1
+            if (names[i] !~ /^(Qt6|QCustomPlot)/) Follow(layer, names[i])
+            else if (names[i] != "Qt6::Core") qt[layer] = "yes"
+            else if (qt[layer] != "yes") qt[layer] = "Core"
+        }
+    }
+    function CheckLayer(layer,    names, i) {
+        if ((layer, layer) in reached) Fault(layer " links itself through others")
+        for (i = split(links[layer], names); i > 0; i--) {
+            if (names[i] ~ /^vx_/ && !(names[i] in home))
+                Fault(layer " links " names[i] ", which no folder makes")
+        }
+    }
+    function CheckInclude(line,    file, from, to, target) {
+        match(line, /^src\/[^:]+/)
+        file = substr(line, 5, RLENGTH - 4)
+        if (file !~ /\//) return   # the programs may include everything
+        from = LayerOf(file)
+        if (from == "") { Fault(file ": its folder has no layer"); return }
+        if (line ~ /#include <Q/ && qt[from] == "no") Fault(line ": " from " does not link Qt")
+        if (match(line, /"[^"]+\/[^"]+"/) == 0) return
+        target = substr(line, RSTART + 1, RLENGTH - 2)
+        to = LayerOf(target)
+        if (to == "") Fault(line ": no layer has " target)
+        else if (to != from && !((from, to) in reached)) Fault(line ": " from " does not link " to)
+    }
+    # A row of the table: floor, folder, what it holds, the folders that it links, Qt.
+    function CheckRow(row,    cell, folder, i) {
+        gsub(/ *\| */, "|", row)
+        gsub(/`/, "", row)
+        split(row, cell, "|")
+        folder = cell[3]
+        sub(/\/$/, "", folder)
+        if (!(folder in firstLayer)) { Fault(table folder "/ has no layer"); return }
+        floor[folder] = cell[2]
+        if (Sorted(cell[5], ", ") != Sorted(linkedFolders[folder], " "))
+            Fault(table folder "/ links:" linkedFolders[folder] ", and not: " cell[5])
+        if (cell[6] != folderQt[folder])
+            Fault(table folder "/, Qt: " folderQt[folder] ", and not: " cell[6])
+    }
+    function Sorted(text, separator,    names, count, i, j, swap, result) {
+        count = text == "-" ? 0 : split(text, names, separator)
+        for (i = 1; i <= count; i++)
+            for (j = i; j > 1 && names[j] < names[j - 1]; j--) {
+                swap = names[j]; names[j] = names[j - 1]; names[j - 1] = swap
+            }
+        for (i = 1; i <= count; i++) result = result " " names[i]
+        return result
+    }
+    function GatherFolders(    layer, folder, names, i, seen) {
+        for (layer in home) {
+            folder = home[layer]
+            if (!(folder in folderQt)) folderQt[folder] = qt[layer]
+            else if (folderQt[folder] != qt[layer]) folderQt[folder] = "both"
+            for (i = split(links[layer], names); i > 0; i--) {
+                if (!(names[i] in home) || home[names[i]] == folder) continue
+                if ((folder, home[names[i]]) in seen) continue
+                seen[folder, home[names[i]]] = 1
+                linkedFolders[folder] = linkedFolders[folder] " " home[names[i]]
             }
         }
     }
-    function FolderOf(path,    parts, n, two) {
-        n = split(path, parts, "/")
-        two = parts[1] "/" parts[2]
-        return n > 2 && two in floor ? two : (n > 1 ? parts[1] : "")
-    }
-    {
-        match($0, /^src\/[^:]+/)
-        file = substr($0, 5, RLENGTH - 4)
-        from = FolderOf(file)
-        if (from == "") next   # the programs may include everything
-        if (!(from in floor)) { print file ": its folder has no floor"; bad = 1; next }
-        plain = qt[from] == "plain" || (from == "analysis" && file !~ formFiles)
-        if (plain && $0 ~ /#include <Q/) { print $0 ": no Qt here"; bad = 1 }
-        if (match($0, /"[^"]+"/) == 0) next
-        to = FolderOf(substr($0, RSTART + 1, RLENGTH - 2))
-        if (to == "" || to == from) next
-        if (!(to in floor) || floor[to] >= floor[from]) {
-            print $0 ": " from " must not include " to
-            bad = 1
+    function CheckFloors(    folder, names, i) {
+        for (folder in firstLayer) {
+            if (!(folder in floor)) { Fault(table "no row for " folder "/"); continue }
+            for (i = split(linkedFolders[folder], names); i > 0; i--)
+                if (names[i] in floor && floor[names[i]] + 0 >= floor[folder] + 0)
+                    Fault(table folder "/ must stand above " names[i] "/, which it links")
         }
     }
-    END { exit bad }'
+
+    FILENAME ~ /CMakeLists\.txt$/ {
+        folder = FILENAME
+        gsub(/^src\/|\/CMakeLists\.txt$/, "", folder)
+        sub(/#.*/, "")
+        gsub(/[()]/, " & ")
+        for (i = 1; i <= NF; i++) {
+            if ($i == "target_link_libraries") Fault(FILENAME ": name libraries after LINK only")
+            if ($i == "(") continue
+            else if ($i == ")") list = ""
+            else if ($i ~ /^add_(form_)?layer$/) list = "name"
+            else if (list == "name") {
+                layer = $i
+                list = "SOURCES"
+                home[layer] = folder
+                qt[layer] = "no"
+                if (!(folder in firstLayer)) firstLayer[folder] = layer
+            }
+            else if (list != "" && $i ~ /^(SOURCES|LINK)$/) list = $i
+            else if (list == "LINK") links[layer] = links[layer] " " $i
+            else if (list == "SOURCES") { sub(/\.[a-z]+$/, "", $i); owner[folder "/" $i] = layer }
+        }
+        next
+    }
+    /^src\// { includes[++includeCount] = $0 }
+    /^\| [0-9]+ \| `[a-z\/]+\/` \|/ { rows[++rowCount] = $0 }
+    END {
+        table = "docs/ARCHITECTURE.md, table of floors: "
+        for (layer in home) Follow(layer, layer)
+        for (layer in home) CheckLayer(layer)
+        GatherFolders()
+        for (i = 1; i <= includeCount; i++) CheckInclude(includes[i])
+        for (i = 1; i <= rowCount; i++) CheckRow(rows[i])
+        CheckFloors()
+        exit bad
+    }' "${lists[@]}" docs/ARCHITECTURE.md \
+    <(grep -rnE '^#include' src --include='*.h' --include='*.cpp' --include='*.h.in')

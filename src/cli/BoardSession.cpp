@@ -6,7 +6,7 @@
 
 #include "app/StartUp.h"
 #include "cli/ExitCodes.h"
-#include "files/FilePath.h"
+#include "numbers/FilePath.h"
 
 namespace vx3260 {
 namespace {

@@ -4,7 +4,7 @@
 #include "cli/BlockReading.h"
 #include "cli/StopSignal.h"
 #include "files/CodeFile.h"
-#include "files/FilePath.h"
+#include "numbers/FilePath.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {

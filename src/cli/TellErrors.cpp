@@ -3,7 +3,7 @@
 
 #include <exception>
 
-#include "files/FileErrors.h"
+#include "numbers/FileErrors.h"
 
 namespace vx3260 {
 

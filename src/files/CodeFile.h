@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "files/CodeText.h"
-#include "files/FileErrors.h"
+#include "numbers/FileErrors.h"
 
 namespace vx3260 {
 

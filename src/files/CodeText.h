@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "files/FileErrors.h"
+#include "numbers/FileErrors.h"
 
 namespace vx3260 {
 

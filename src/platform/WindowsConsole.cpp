@@ -5,8 +5,8 @@
 
 #include <cstdio>
 
+#include "numbers/WideText.h"
 #include "platform/Console.h"
-#include "platform/WideText.h"
 
 namespace vx3260 {
 namespace {

@@ -11,7 +11,7 @@
 #include <cstring>
 
 #include "numbers/NumberText.h"
-#include "platform/WideText.h"
+#include "numbers/WideText.h"
 
 namespace vx3260 {
 namespace {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <utility>
 
-#include "files/FileErrors.h"
 #include "link/BoardLines.h"
+#include "numbers/FileErrors.h"
 
 namespace vx3260 {
 namespace {

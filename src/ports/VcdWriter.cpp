@@ -8,8 +8,8 @@
 #include <system_error>
 
 #include "app/ApplicationInfo.h"
-#include "files/FileErrors.h"
-#include "files/FilePath.h"
+#include "numbers/FileErrors.h"
+#include "numbers/FilePath.h"
 
 namespace vx3260 {
 namespace {

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <sstream>
 
-#include "files/FilePath.h"
+#include "numbers/FilePath.h"
 #include "support/Errors.h"
 #include "support/Folder.h"
 

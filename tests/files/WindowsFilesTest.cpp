@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "files/CodeFile.h"
-#include "files/FilePath.h"
+#include "numbers/FilePath.h"
 #include "support/Errors.h"
 #include "support/Folder.h"
 

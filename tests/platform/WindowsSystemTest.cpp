@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/WideText.h"
+#include "numbers/WideText.h"
 
 namespace vx3260 {
 namespace {

@@ -18,10 +18,10 @@
 #include <cstdlib>
 #endif
 
-#include "files/FileErrors.h"
-#include "files/FilePath.h"
 #include "link/Reset.h"
 #include "link/Serial.h"
+#include "numbers/FileErrors.h"
+#include "numbers/FilePath.h"
 #include "ports/OpenPort.h"
 #include "support/Errors.h"
 #include "support/RecordingPort.h"

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <string>
 
-#include "files/FilePath.h"
+#include "numbers/FilePath.h"
 
 namespace vx3260::test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/WideText.h"
+#include "numbers/WideText.h"
 
 #include <windows.h>
 
