@@ -15,8 +15,8 @@ namespace {
 constexpr double curveSigmas = 5;
 constexpr int curvePoints = 400;
 
-constexpr double leastCodesSeen = 4;
-constexpr double leastReadingsSeen = 2;
+constexpr double minCodeSpan = 4;
+constexpr double minCountSpan = 2;
 
 void FillBars(QCPBars* bars, const Histogram& histogram) {
     for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
@@ -89,10 +89,8 @@ void HistogramForm::SetUpAxes() {
     view->yAxis->setTicker(WholeTicker(view->yAxis));
     view->xAxis->setLabel(tr("Code"));
     view->yAxis->setLabel(OneCodeABin() ? tr("Readings per code") : tr("Readings per bin"));
-    view->SetExtent({{codes.lower, codes.upper},
-                     {counts.lower, counts.upper},
-                     leastCodesSeen,
-                     leastReadingsSeen});
+    view->SetExtent(
+        {{codes.lower, codes.upper}, {counts.lower, counts.upper}, minCodeSpan, minCountSpan});
 }
 
 void HistogramForm::ShowFigures() {

@@ -14,8 +14,8 @@ namespace {
 constexpr QLatin1String levelLayer("levels");
 
 constexpr double keyMargin = 0.02;
-constexpr double leastReadingsSeen = 4;
-constexpr double leastCodesSeen = 4;
+constexpr double minReadingsShown = 4;
+constexpr double minCodesShown = 4;
 
 /// Readings farther apart than that, in pixels, are marked by dots.
 constexpr double dotDistance = 6;
@@ -68,7 +68,7 @@ void PlotForm::SetUpAxes() {
     PlotView* const view = ui_->Plot;
     const AxisRange codes = CodeAxisOf(Block().analysis);
     const AxisRange readings =
-        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, leastReadingsSeen);
+        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, minReadingsShown);
     view->xAxis->setTicker(WholeTicker(view->xAxis));
     view->yAxis->setTicker(WholeTicker(view->yAxis));
     view->yAxis2->setTicker(VoltsTicker(view->yAxis2));
@@ -77,8 +77,8 @@ void PlotForm::SetUpAxes() {
     view->yAxis->setLabel(tr("Code"));
     view->SetExtent({{readings.lower, readings.upper},
                      {codes.lower, codes.upper},
-                     leastReadingsSeen,
-                     leastCodesSeen});
+                     minReadingsShown,
+                     minCodesShown});
 }
 
 void PlotForm::UseLook(const PlotLook& look) {

@@ -22,7 +22,7 @@ struct CalibratedConverter {
     std::string_view full;
 };
 
-constexpr CalibratedConverter converters[] = {
+constexpr CalibratedConverter calibratedConverters[] = {
     {RegisterMap::MainControl, "main-zero", "main-full"},
     {RegisterMap::AuxControl, "aux-zero", "aux-full"},
 };
@@ -55,7 +55,7 @@ std::int32_t ModeOf(std::string_view kind) {
 
 std::vector<RegisterReading> ReadCalibration(Services& services) {
     std::vector<RegisterReading> readings;
-    for (const CalibratedConverter& converter : converters) {
+    for (const CalibratedConverter& converter : calibratedConverters) {
         const RegisterReading control =
             ReadAnswered(services, DescriptionOf(converter.control), NothingWritten);
         if ((control.value & RegisterMap::EnableMask) == 0) {

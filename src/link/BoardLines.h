@@ -22,6 +22,9 @@ inline constexpr std::int16_t HeldHigh = 0x10;  ///< 1 in every pattern
 inline constexpr std::int16_t Dout = 0x10;      ///< serial data from the chip
 inline constexpr std::int16_t NotReady = 0x40;  ///< RDY, 0 while a result is waiting
 
+/// What a read gives where nothing drives the lines.
+inline constexpr std::int16_t Undriven = 0xFF;
+
 /// The data register's four patterns; the clock rests high with data 0.
 inline constexpr std::int16_t Idle = HeldHigh | Clock | Reset;
 inline constexpr std::int16_t ClockHighOne = Idle | Din;

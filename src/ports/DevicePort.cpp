@@ -5,7 +5,6 @@ namespace vx3260 {
 namespace {
 
 constexpr std::int32_t onlyPort = 1;
-constexpr std::int16_t nothingThere = 0xFF;
 
 }  // namespace
 
@@ -34,7 +33,7 @@ void DevicePort::OutByte(std::int16_t address, std::int16_t value) {
 
 std::int16_t DevicePort::InByte(std::int16_t address) {
     if (!Reaches(address)) {
-        return nothingThere;
+        return BoardLines::Undriven;
     }
     const auto offset = static_cast<std::int16_t>(address - baseAddress_);
     return pace_.Paced([this, offset] { return ReadRegister(offset); });

@@ -11,8 +11,6 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t openLines = 0xFF;
-
 struct StuckLine {
     std::string_view name;
     std::int16_t Faults::*mask;
@@ -115,7 +113,7 @@ void FaultyPort::OutByte(std::int16_t address, std::int16_t value) {
 
 std::int16_t FaultyPort::InByte(std::int16_t address) {
     if (BoardGone()) {
-        return openLines;
+        return BoardLines::Undriven;
     }
     const std::int16_t value = Inner().InByte(address);
     return address == base_ + BoardLines::StatusRegister ? StatusThroughFaults(value) : value;

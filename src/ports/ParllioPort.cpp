@@ -6,16 +6,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "link/BoardLines.h"
+#include "numbers/WideText.h"
+
 namespace vx3260 {
 namespace {
 
 constexpr const wchar_t* libraryName = L"parllio.dll";
-constexpr std::int16_t nothingThere = 0xFF;
-
-std::string ToUtf8(std::wstring_view text) {
-    const std::u8string bytes = std::filesystem::path(text).u8string();
-    return {bytes.begin(), bytes.end()};
-}
 
 /// The path that one of the system's functions fills in.
 template <typename Fill>
@@ -182,7 +179,7 @@ void ParllioPort::OutByte(std::int16_t address, std::int16_t value) {
 
 std::int16_t ParllioPort::InByte(std::int16_t address) {
     if (library_ == nullptr) {
-        return nothingThere;
+        return BoardLines::Undriven;
     }
     return pace_.Paced([this, address] { return inByte_(address); });
 }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/SimulatedPort.h"
 
+#include "link/BoardLines.h"
+
 namespace vx3260 {
 namespace {
 
 constexpr std::int16_t baseAddress = 888;
 constexpr int addresses = 3;
-constexpr std::int16_t nothingThere = 0xFF;
 
 bool IsOurs(std::int16_t address) {
     return address >= baseAddress && address < baseAddress + addresses;
@@ -38,7 +39,7 @@ void SimulatedPort::OutByte(std::int16_t address, std::int16_t value) {
 
 std::int16_t SimulatedPort::InByte(std::int16_t address) {
     if (!IsOurs(address)) {
-        return nothingThere;
+        return BoardLines::Undriven;
     }
     return board_.Read(OffsetOf(address));
 }

@@ -9,18 +9,18 @@ namespace vx3260 {
 namespace {
 
 /// The correction of a negative entry is 256 by design: FFFF becomes 0x00FF.
-constexpr CalibrationTraits traits{.zeroScale = RegisterMap::AuxZeroScale,
-                                   .fullScale = RegisterMap::AuxFullScale,
-                                   .hexDigits = 4,
-                                   .correction = 256,
-                                   .largestEntry = 65535,
-                                   .firstZeroLabel = 52,
-                                   .firstFullLabel = 1};
+constexpr CalibrationTraits auxTraits{.zeroScale = RegisterMap::AuxZeroScale,
+                                      .fullScale = RegisterMap::AuxFullScale,
+                                      .hexDigits = 4,
+                                      .correction = 256,
+                                      .largestEntry = 65535,
+                                      .firstZeroLabel = 52,
+                                      .firstFullLabel = 1};
 
 }  // namespace
 
 AuxCalForm::AuxCalForm(Services& services, QWidget* parent)
-    : CalibrationForm(services, traits, parent), ui_(std::make_unique<Ui::AuxCalForm>()) {
+    : CalibrationForm(services, auxTraits, parent), ui_(std::make_unique<Ui::AuxCalForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label53);
     ShowBadge(ui_->BadgeLabel);

@@ -9,18 +9,18 @@ namespace vx3260 {
 namespace {
 
 /// Of a 24-bit register as well, a negative entry is corrected by 2^16: FFFF is 0x00FFFF.
-constexpr CalibrationTraits traits{.zeroScale = RegisterMap::MainZeroScale,
-                                   .fullScale = RegisterMap::MainFullScale,
-                                   .hexDigits = 6,
-                                   .correction = 65536,
-                                   .largestEntry = 16777215,
-                                   .firstZeroLabel = 52,
-                                   .firstFullLabel = 1};
+constexpr CalibrationTraits mainTraits{.zeroScale = RegisterMap::MainZeroScale,
+                                       .fullScale = RegisterMap::MainFullScale,
+                                       .hexDigits = 6,
+                                       .correction = 65536,
+                                       .largestEntry = 16777215,
+                                       .firstZeroLabel = 52,
+                                       .firstFullLabel = 1};
 
 }  // namespace
 
 MainCalForm::MainCalForm(Services& services, QWidget* parent)
-    : CalibrationForm(services, traits, parent), ui_(std::make_unique<Ui::MainCalForm>()) {
+    : CalibrationForm(services, mainTraits, parent), ui_(std::make_unique<Ui::MainCalForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label53);
     ShowBadge(ui_->BadgeLabel);
