@@ -14,7 +14,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "acquisition/Reading.h"
 #include "app/StartUp.h"
@@ -77,8 +77,9 @@ TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
     StartUp(*opened.port);
     EXPECT_EQ(Register(*opened.port, state.PortAddress, RegisterMap::Mode).ReadReg(), 0x03);
     opened.port.reset();
-    std::ifstream file(path);
-    const std::string trace{std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream bytes;
+    bytes << std::ifstream(path).rdbuf();
+    const std::string trace = bytes.str();
     EXPECT_NE(trace.find("\nsread\\040mode\\040=\\04003 &\n"), std::string::npos);
     EXPECT_GT(std::stod(trace.substr(trace.rfind('#') + 1)), 50) << "accesses that share no time";
     std::filesystem::remove(path);

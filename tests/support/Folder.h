@@ -41,7 +41,7 @@ class Folder {
     }
 
   private:
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{};  // clang wants the braces for a const Folder
 };
 
 }  // namespace vx3260::test
