@@ -10,6 +10,18 @@ set(warnings
 target_compile_options(vx3260_settings INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:${warnings}>
     $<$<CONFIG:Debug>:-D_GLIBCXX_ASSERTIONS>)
+
+# Hardening; scripts/check-hardening.sh looks for it in the finished programs.
+if(NOT WIN32)
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+    include(CheckPIESupported)
+    check_pie_supported()
+    set(hardened $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+    target_compile_options(vx3260_settings INTERFACE
+        "$<${hardened}:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+    target_link_options(vx3260_settings INTERFACE "$<${hardened}:LINKER:-z,relro,-z,now>")
+endif()
+
 if(VX3260_SANITIZERS)
     target_compile_options(vx3260_settings INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
