@@ -11,6 +11,8 @@ windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-
     fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
+plainPackages=(make)
+clangPackages=(clang)
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {
@@ -92,6 +94,11 @@ ShowEnd() {
     tail -n 30 "$1" >&2
     Say "The whole of it is in $1."
     return 1
+}
+
+# Logged LOG COMMAND...: runs it; shows the end of what it says if it fails.
+Logged() {
+    "${@:2}" >"$1" 2>&1 || ShowEnd "$1"
 }
 
 # Build PRESET [TARGET [OPTION...]]: configures, with these options, and builds; says nothing when
