@@ -34,12 +34,13 @@ bool IsProgram(const std::string& path) {
            access(path.c_str(), X_OK) == 0;
 }
 
-/// The path of a program in the folders of PATH; empty where it is in none.
+/// The path of a program in the folders of PATH; empty where it is in none. Relative folders are
+/// skipped: what they hold depends on where the program was started.
 std::string FindInPath(const std::string& program) {
     const char* const path = std::getenv("PATH");
     std::istringstream folders(path == nullptr ? "" : path);
     for (std::string folder; std::getline(folders, folder, ':');) {
-        if (folder.empty()) {
+        if (!folder.starts_with('/')) {
             continue;
         }
         folder.append("/").append(program);
