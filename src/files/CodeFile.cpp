@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/CodeFile.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QOperatingSystemVersion>
 #include <QRegularExpression>
@@ -119,6 +120,12 @@ void SaveSomewhere(const std::string& path, std::string_view bytes) {
     }
 }
 
+/// The path with all links among its folders followed; its last part may still be one.
+QString WithRealFolder(const QString& path) {
+    const QFileInfo info(path);
+    return info.dir().canonicalPath() + u'/' + info.fileName();
+}
+
 /// The names of open files may lead to one on a disk, but its replacement would not be open. Links
 /// are followed one by one: one of them may lead through such a name.
 bool NamesOpenFile(QString path) {
@@ -126,6 +133,7 @@ bool NamesOpenFile(QString path) {
     const QString prefixes[] = {QStringLiteral("/dev/fd/"), QStringLiteral("/dev/std"),
                                 QStringLiteral("/proc/")};
     for (int links = 0; links < mostLinks; ++links) {
+        path = WithRealFolder(path);
         if (std::any_of(std::begin(prefixes), std::end(prefixes),
                         [&path](const QString& prefix) { return path.startsWith(prefix); })) {
             return true;

@@ -38,11 +38,25 @@ TEST(LinuxFiles, OnlyWhatIsAFileIsReplaced) {
     ReplaceFile(folder.Path("link.dat"), " 6\n");
     EXPECT_EQ(folder.Bytes("old.dat"), " 6\n");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.dat")));
+}
 
-    std::FILE* const open = std::fopen(folder.Path("old.dat").c_str(), "a");
-    CodeWriter("/dev/fd/" + std::to_string(fileno(open))).Write(Codes{9}, Notation::Decimal);
+TEST(LinuxFiles, AnOpenFileUnderAnySpellingOfItsNameIsAppendedTo) {
+    const Folder folder;
+    std::FILE* const open = std::fopen(folder.Make("old.dat", "").c_str(), "a");
+    const std::string number = std::to_string(fileno(open));
+    std::filesystem::create_symlink("/dev/fd", folder.Path("folder"));
+    std::filesystem::create_symlink("folder/" + number, folder.Path("link"));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path("/dev");
+    std::string expected;
+    for (const std::string& path :
+         {"/dev/fd/" + number, "//dev/fd/" + number, "/dev/./fd/" + number, "fd/" + number,
+          folder.Path("folder/" + number), folder.Path("link")}) {
+        CodeWriter(path).Write(Codes{9}, Notation::Decimal);
+        EXPECT_EQ(folder.Bytes("old.dat"), expected += " 9\n") << path;
+    }
+    std::filesystem::current_path(before);
     std::fclose(open);
-    EXPECT_EQ(folder.Bytes("old.dat"), " 6\n 9\n");
 }
 
 TEST(LinuxFiles, AFullOrEndlessDeviceIsTold) {
