@@ -11,8 +11,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <ostream>
 #include <system_error>
+
+#include "files/FileSystem.h"
 
 namespace vx3260 {
 namespace {
@@ -25,9 +28,18 @@ constexpr std::size_t mostBytesOfCodes = (MostCodesInBlock + 1) * 128;
     throw FileAccessError("cannot " + std::string(what) + " " + std::string(name) + ": " + reason);
 }
 
+/// Qt forgets the reason where a file cannot get its name; the system's is still there.
+std::string ReasonOf(const QFileDevice& file) {
+    const int error = errno;
+    const bool forgotten =
+        file.error() == QFileDevice::NoError || file.error() == QFileDevice::UnspecifiedError;
+    return forgotten && error != 0 ? std::generic_category().message(error)
+                                   : file.errorString().toStdString();
+}
+
 [[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
                               const QFileDevice& file) {
-    ThrowCannot(what, name, file.errorString().toStdString());
+    ThrowCannot(what, name, ReasonOf(file));
 }
 
 /// What a file says of its size is only a hint: a pipe says 0, and a file may grow.
@@ -78,32 +90,69 @@ void WriteAll(QFileDevice& file, std::string_view text, std::string_view name) {
     }
 }
 
+/// QSaveFile syncs too, but ignores a failure.
+void Sync(const QFileDevice& file, std::string_view name) {
+    const std::string reason = SyncToDisk(file);
+    if (!reason.empty()) {
+        ThrowCannot("write", name, reason);
+    }
+}
+
 void SaveWhole(const std::string& path, std::string_view bytes) {
     QSaveFile file(QString::fromStdString(path));
     OpenForSaving(file, path);
     WriteAll(file, bytes, path);
+    Sync(file, path);
     if (!file.commit()) {
         ThrowCannot("write", path, file);
     }
 }
 
-/// A new file beside one that cannot be replaced, with its name and some letters more. Empty where
-/// that cannot be written either.
+/// Into a new file, with this name and some letters more. Returns its path.
+std::string SaveNew(const QString& path, std::string_view bytes) {
+    const std::string name = path.toStdString();
+    QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
+    if (!file.open()) {
+        ThrowCannot("write", name, file);
+    }
+    WriteAll(file, bytes, name);
+    if (!file.flush()) {
+        ThrowCannot("write", name, file);
+    }
+    Sync(file, name);
+    // The file gets its name only now, where the system can make one without.
+    std::string saved = file.fileName().toStdString();
+    if (saved.empty()) {
+        ThrowCannot("write", name, file);
+    }
+    file.setAutoRemove(false);
+    return saved;
+}
+
+/// Into a new file beside this one, or in the folder for temporary files where that fails. Returns
+/// its path. The message is about the first place, which the user knows.
 std::string SaveBeside(const std::string& path, std::string_view bytes) {
-    QTemporaryFile file(QString::fromStdString(path) + QStringLiteral(".XXXXXX"));
-    try {
-        if (!file.open()) {
-            return {};
+    const QString name = QString::fromStdString(path);
+    std::optional<FileAccessError> failure;
+    for (const QString& place : {name, QDir::temp().filePath(QFileInfo(name).fileName())}) {
+        try {
+            return SaveNew(place, bytes);
+        } catch (const FileAccessError& error) {
+            if (!failure) {
+                failure = error;
+            }
         }
-        WriteAll(file, bytes, path);
+    }
+    throw FileAccessError(*failure);
+}
+
+/// Ends the message about a file that could not be written.
+std::string KeptText(const std::string& path, std::string_view bytes) {
+    try {
+        return "; the codes were kept in " + SaveBeside(path, bytes);
     } catch (const FileAccessError&) {
         return {};
     }
-    if (!file.flush()) {
-        return {};
-    }
-    file.setAutoRemove(false);
-    return file.fileName().toStdString();
 }
 
 /// A block may have taken minutes to read: it is not lost where a place that could be written
@@ -112,11 +161,7 @@ void SaveSomewhere(const std::string& path, std::string_view bytes) {
     try {
         SaveWhole(path, bytes);
     } catch (const FileAccessError& error) {
-        const std::string kept = SaveBeside(path, bytes);
-        if (kept.empty()) {
-            throw;
-        }
-        throw FileAccessError(std::string(error.what()) + "; the codes were kept in " + kept);
+        throw FileAccessError(error.what() + KeptText(path, bytes));
     }
 }
 

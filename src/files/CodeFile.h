@@ -32,8 +32,8 @@ std::string LoadStandardInput(const SizeLimit& limit);
 /// name that it keeps for a device (aux.dat).
 void CheckIsNoDevice(const std::string& path);
 
-/// Replaces a file as a whole by these bytes, or leaves it as it was; a link to it stays a link.
-/// Throws FileAccessError, also where CheckIsNoDevice does.
+/// Replaces a file as a whole by these bytes, which are on the disk then, or leaves it as it was; a
+/// link to it stays a link. Throws FileAccessError, also where CheckIsNoDevice does.
 void ReplaceFile(const std::string& path, std::string_view bytes);
 
 /// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
