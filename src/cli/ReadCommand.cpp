@@ -17,6 +17,20 @@ void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
     }
 }
 
+/// Returns where the codes are.
+std::string Save(const BlockReading& reading, Notation notation, CodeWriter& writer,
+                 std::ostream& err) {
+    if (reading.end == ReadingEnd::Complete) {
+        writer.Write(reading.codes, notation);
+        return writer.Name();
+    }
+    std::string place = writer.WriteIncomplete(reading.codes, notation);
+    if (place != writer.Name()) {
+        err << "The reading did not complete: " << writer.Name() << " stays as it was" << std::endl;
+    }
+    return place;
+}
+
 }  // namespace
 
 ReadCommand::ReadCommand(CLI::App& program)
@@ -44,10 +58,10 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
-    writer.Write(reading.codes, notation_);
+    const std::string place = Save(reading, notation_, writer, context.streams.err);
     context.streams.err << "Wrote "
                         << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
-                        << " to " << writer.Name() << std::endl;
+                        << " to " << place << std::endl;
     return ExitCodeOf(reading.end, stop.Requested());
 }
 

@@ -8,7 +8,8 @@
 
 namespace vx3260 {
 
-/// read: a block of codes, to a data file or to standard output.
+/// read: a block of codes, to a data file or to standard output. A reading that does not complete
+/// replaces no file: what was read goes into a new one beside it.
 class ReadCommand final : public Command {
   public:
     explicit ReadCommand(CLI::App& program);

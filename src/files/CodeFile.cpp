@@ -300,4 +300,13 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     }
 }
 
+std::string CodeWriter::WriteIncomplete(std::span<const std::int32_t> codes, Notation notation) {
+    const bool file = stream_ == nullptr && device_ == nullptr;
+    if (file && QFileInfo::exists(QString::fromStdString(name_))) {
+        return SaveBeside(name_, FormatCodes(codes, notation));
+    }
+    Write(codes, notation);
+    return name_;
+}
+
 }  // namespace vx3260

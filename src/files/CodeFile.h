@@ -61,8 +61,14 @@ class CodeWriter {
     CodeWriter(std::string target, std::ostream& standardOutput);
 
     /// Writes the codes, once. Throws FileAccessError; where a file could not be replaced after
-    /// all, the codes are then in a new one beside it, if possible, which the message names.
+    /// all, the codes are then in a new one, if possible, which the message names: beside it, with
+    /// letters added to its name, or in the folder for temporary files.
     void Write(std::span<const std::int32_t> codes, Notation notation);
+
+    /// The same for a reading that did not get to its end, whose codes do not replace a file that
+    /// is there now: they go into a new one, as above. Returns the path that was written, or
+    /// Name().
+    std::string WriteIncomplete(std::span<const std::int32_t> codes, Notation notation);
 
     /// The place, as messages name it.
     const std::string& Name() const { return name_; }

@@ -140,6 +140,20 @@ TEST(ReadCommand, KeepsWhatWasReadBeforeATimeout) {
     EXPECT_TRUE(Has(outcome.err, "Read so far: " + std::to_string(kept) + " codes\n"));
 }
 
+TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
+    const Folder folder;
+    const std::string path = folder.Path("x.dat");
+    const std::string read = "--simulated --fault board-gone=60000 read main --output " + path;
+    EXPECT_TRUE(Has(RunProgram(read).err, " to " + path + "\n")) << "there is no such file yet";
+    const std::string first = folder.Bytes("x.dat");
+    const Outcome outcome = RunProgram(read + " --hex");
+    EXPECT_EQ(outcome.exitCode, ExitCode::NoAnswer);
+    EXPECT_TRUE(Has(outcome.err, "did not complete: " + path + " stays as it was\nWrote "));
+    EXPECT_EQ(folder.Bytes("x.dat"), first);
+    const std::string beside = outcome.err.substr(outcome.err.rfind("x.dat."), 12);
+    EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(first)) << beside;
+}
+
 class NoiseOfFile : public testing::Test {
   protected:
     std::string LineFor(const std::string& bytes, const std::string& more = "",
