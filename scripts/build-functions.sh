@@ -4,7 +4,7 @@
 
 buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
 runPackages=(qt6-wayland)
-testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli umockdev)
+testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli strace umockdev)
 windowsTools=(g++-mingw-w64-x86-64-posix wine wine64 googletest)
 windowsPackages=(g++ cmake ninja-build "${windowsTools[@]}")
 windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-tools dpkg-dev
