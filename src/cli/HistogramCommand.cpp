@@ -35,7 +35,7 @@ HistogramCommand::HistogramCommand(CLI::App& program)
 
 ExitCode HistogramCommand::Run(const CommandContext& context) {
     OpenForStatus(context);
-    const std::vector<std::int32_t> block = LoadBlock(file_, notation_);
+    const std::vector<std::int32_t> block = LoadBlock(file_, notation_, context.streams.err);
     WarnOfSuspiciousCodes(block, converter_, context.streams.err);
     const std::vector<double> codes(block.begin(), block.end());
     const bool csv = format_ == ReportFormat::Csv;

@@ -139,7 +139,7 @@ ExitCode NoiseCommand::Run(const CommandContext& context) {
 }
 
 NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
-    const std::vector<std::int32_t> codes = LoadBlock(file_, notation_);
+    const std::vector<std::int32_t> codes = LoadBlock(file_, notation_, err);
     CheckCount(static_cast<std::int64_t>(codes.size()));
     WarnOfSuspiciousCodes(codes, converter_, err);
     try {

@@ -257,7 +257,7 @@ void ReplaceFile(const std::string& path, std::string_view bytes) {
     SaveWhole(path, bytes);
 }
 
-std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation) {
+ParsedCodes LoadCodes(const std::string& path, Notation notation) {
     const std::string reason =
         "a data file has at most " + std::to_string(MostCodesInBlock) + " lines of one code each";
     return ParseCodes(LoadBytes(path, {mostBytesOfCodes, reason}), notation, path);

@@ -39,7 +39,7 @@ void ReplaceFile(const std::string& path, std::string_view bytes);
 /// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
 /// a few megabytes, so that a pipe may be endless. Throws FileAccessError, or BadDataError as
 /// ParseCodes does and for a file beyond that size.
-std::vector<std::int32_t> LoadCodes(const std::string& path, Notation notation);
+ParsedCodes LoadCodes(const std::string& path, Notation notation);
 
 /// Writes a text to a stream and flushes it. Throws FileAccessError with `name` for the stream.
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name);

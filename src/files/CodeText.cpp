@@ -176,12 +176,15 @@ char* FormatDecimal(char* first, char* last, std::int32_t code) {
 
 }  // namespace
 
-std::vector<std::int32_t> ParseCodes(std::string_view text, Notation notation,
-                                     std::string_view source) {
+ParsedCodes ParseCodes(std::string_view text, Notation notation, std::string_view source) {
     if (text.starts_with(byteOrderMark)) {
         text.remove_prefix(byteOrderMark.size());
     }
-    return CodeParser(text, notation, source).Parse();
+    ParsedCodes parsed{CodeParser(text, notation, source).Parse(), ""};
+    if (!text.ends_with('\n')) {
+        parsed.warning = "the last line has no line end; was the file cut off?";
+    }
+    return parsed;
 }
 
 std::string FormatCodes(std::span<const std::int32_t> codes, Notation notation) {

@@ -20,14 +20,20 @@ enum class Notation { Decimal, Hexadecimal };
 /// A block's count is a 16-bit number.
 inline constexpr std::size_t MostCodesInBlock = 32767;
 
+/// A block of codes as a text has them.
+struct ParsedCodes {
+    std::vector<std::int32_t> codes;
+    std::string warning;  ///< what makes the text suspicious, for the user; empty for nothing
+};
+
 /// The codes in a text, one a line. Blanks around a code, CR LF line ends, a UTF-8 byte-order mark,
 /// a missing last line end and blank lines at the very end are accepted, lower-case digits too.
 /// Decimal codes are -2147483648 to 2147483647; hexadecimal ones have one to eight digits, of
-/// which 80000000 to FFFFFFFF are negative.
+/// which 80000000 to FFFFFFFF are negative. Warns of a missing last line end: where a file was cut
+/// off, its last code may lack digits.
 /// Throws BadDataError, with `source` as the name of the text, for anything else and for less than
 /// one or more than MostCodesInBlock codes.
-std::vector<std::int32_t> ParseCodes(std::string_view text, Notation notation,
-                                     std::string_view source);
+ParsedCodes ParseCodes(std::string_view text, Notation notation, std::string_view source);
 
 /// The codes as text, one a line, each line ended by LF.
 std::string FormatCodes(std::span<const std::int32_t> codes, Notation notation);

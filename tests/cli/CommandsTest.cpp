@@ -256,6 +256,9 @@ TEST_F(NoiseOfFile, EachKindOfBadFileHasItsExitCode) {
                   {{LineFor(block + "-2000000000\n 2000000000"), "be analysed: Overflow"}});
     EXPECT_TRUE(Has(Analyse(block, "--hex").err, "there are codes outside 0 to 0xFFFFFF"));
     EXPECT_TRUE(Has(Analyse(equal).err, "all codes are 0xB;"));
+    EXPECT_EQ(Analyse(block + "8388").err,
+              "Warning: the last line has no line end; was the file "
+              "cut off?\n");
 }
 
 TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {

@@ -30,11 +30,11 @@ TEST(CodeFile, SavesAndLoadsUnderAnyName) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path("."))) << "trying the place out left a file";
     writer.Write(Codes{1, -1}, Notation::Hexadecimal);
     EXPECT_EQ(folder.Bytes(name), "1\nFFFFFFFF\n");
-    EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Hexadecimal), (Codes{1, -1}));
+    EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Hexadecimal).codes, (Codes{1, -1}));
     ReplaceFile(folder.Path(name), std::string("\0\r\n\xFF\x1A", 5));
     EXPECT_EQ(folder.Bytes(name), std::string("\0\r\n\xFF\x1A", 5));
     folder.Make(name, "8388608\r\n12\r\n");
-    EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Decimal), (Codes{8388608, 12}));
+    EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Decimal).codes, (Codes{8388608, 12}));
 }
 
 TEST(CodeFile, ABlockIsKeptWhereItsPlaceIsTaken) {
@@ -45,7 +45,7 @@ TEST(CodeFile, ABlockIsKeptWhereItsPlaceIsTaken) {
         ErrorOf<FileAccessError>([&] { writer.Write(Codes{5}, Notation::Decimal); });
     const std::size_t name = error.find("; the codes were kept in ");
     ASSERT_NE(name, std::string::npos) << error;
-    EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal), Codes{5});
+    EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{5});
 }
 
 TEST(CodeFile, StandardOutputHasThreeNames) {

@@ -28,7 +28,7 @@ TEST(CodeText, WritesOneCodeALine) {
     EXPECT_EQ(FormatCodes(codes, dec), " 8388608\n 0\n-5\n-2147483648\n 2147483647\n 11259375\n");
     EXPECT_EQ(FormatCodes(codes, hex), "800000\n0\nFFFFFFFB\n80000000\n7FFFFFFF\nABCDEF\n");
     for (const Notation notation : {dec, hex}) {
-        EXPECT_EQ(ParseCodes(FormatCodes(codes, notation), notation, "x"), codes);
+        EXPECT_EQ(ParseCodes(FormatCodes(codes, notation), notation, "x").codes, codes);
     }
 }
 
@@ -40,7 +40,15 @@ TEST(CodeText, AcceptsWhatEditorsMakeOfAFile) {
         {"8000\nabcDEF\n00000001\nffffffff\n80000000", hex, {32768, 0xABCDEF, 1, -1, lowest}},
     };
     for (const auto& [text, notation, codes] : cases) {
-        EXPECT_EQ(ParseCodes(text, notation, "x"), codes) << text;
+        EXPECT_EQ(ParseCodes(text, notation, "x").codes, codes) << text;
+    }
+}
+
+TEST(CodeText, WarnsOfATextThatMayBeCutOff) {
+    for (const std::string text : {"1\n2", "1\n2\r", "1\n "}) {
+        EXPECT_EQ(ParseCodes(text, dec, "x").warning,
+                  "the last line has no line end; was the file cut off?");
+        EXPECT_EQ(ParseCodes(text + "\n", dec, "x").warning, "") << text;
     }
 }
 
@@ -72,7 +80,7 @@ TEST(CodeText, RefusesAndTellsLineAndReason) {
 
 TEST(CodeText, TakesNoMoreThanABlockCanHave) {
     Codes codes(MostCodesInBlock, 5);
-    EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").size(), MostCodesInBlock);
+    EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").codes.size(), MostCodesInBlock);
     codes.push_back(5);
     EXPECT_EQ(Refusal(FormatCodes(codes, dec), dec),
               "x: line 32768: more than the 32767 codes that a block can have");

@@ -40,14 +40,14 @@ TEST(WindowsFiles, AFileInUseStaysAndTheCodesAreKept) {
     CodeWriter writer(path);
     {
         const OpenElsewhere open(path, FILE_SHARE_READ);
-        EXPECT_EQ(LoadCodes(path, Notation::Decimal), Codes{1}) << "reading is shared";
+        EXPECT_EQ(LoadCodes(path, Notation::Decimal).codes, Codes{1}) << "reading is shared";
         const std::string saving = ErrorOf<FileAccessError>([&] { ReplaceFile(path, " 2\n"); });
         EXPECT_TRUE(saving.starts_with("cannot write " + path + ": ")) << saving;
         const std::string error =
             ErrorOf<FileAccessError>([&] { writer.Write(Codes{3}, Notation::Decimal); });
         const std::size_t name = error.find("; the codes were kept in ");
         ASSERT_NE(name, std::string::npos) << error;
-        EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal), Codes{3});
+        EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{3});
     }
     EXPECT_EQ(folder.Bytes("ä 測.dat"), " 1\n");
     {

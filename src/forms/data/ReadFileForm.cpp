@@ -18,7 +18,7 @@ ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
                    parent) {}
 
 QString ReadFileForm::Process(const std::string& path) {
-    const std::vector<std::int32_t> codes = LoadCodes(path, ChosenNotation());
+    const auto [codes, warning] = LoadCodes(path, ChosenNotation());
     const CodeBlock block = ChosenBlock();
     block.codes.assign(codes.begin(), codes.end());
     block.count = static_cast<std::int16_t>(codes.size());
@@ -27,8 +27,12 @@ QString ReadFileForm::Process(const std::string& path) {
     QString result = tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
                          .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*least)),
                               QString::fromStdString(CodeText(*most)));
-    for (const std::string& suspicion : SuspicionsAbout(codes, ChosenConverter())) {
-        result += tr("\nWarning: %1").arg(QString::fromStdString(suspicion));
+    std::vector<std::string> warnings = SuspicionsAbout(codes, ChosenConverter());
+    if (!warning.empty()) {
+        warnings.insert(warnings.begin(), warning);
+    }
+    for (const std::string& text : warnings) {
+        result += tr("\nWarning: %1").arg(QString::fromStdString(text));
     }
     return result;
 }

@@ -76,7 +76,7 @@ TEST_F(DataFileFormsTest, BringBackWhatWasWritten) {
 
 TEST_F(DataFileFormsTest, TellWhatWasRead) {
     Open<ReadFileForm>();
-    Do(folder.Make("x.dat", " 8388610\r\n 8388608 \n 8388625"));
+    Do(folder.Make("x.dat", " 8388610\r\n 8388608 \n 8388625\n"));
     Expect(
         "MainCountLabel: 3 codes | ResultLabel: Read 3 codes into the Main ADC's block.\n"
         "Smallest 8388608 (800000), largest 8388625 (800011).");
@@ -85,6 +85,7 @@ TEST_F(DataFileFormsTest, TellWhatWasRead) {
     Expect(
         "ResultLabel: Read 2 codes into the Aux ADC's block.\n"
         "Smallest 1 (1), largest 65536 (10000).\n"
+        "Warning: the last line has no line end; was the file cut off?\n"
         "Warning: there are codes outside 0 to 0xFFFF; is it the right file and notation?");
 }
 
