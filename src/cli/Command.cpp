@@ -59,6 +59,10 @@ void AddConverter(CLI::App& parser, Converter& converter) {
         ->required();
 }
 
+CLI::Validator NotEmpty() {
+    return {[](const std::string& name) { return name.empty() ? "the name is empty" : ""; }, ""};
+}
+
 CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
                             const std::string& description) {
     return parser

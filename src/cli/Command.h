@@ -43,6 +43,9 @@ std::string CommandLineName(Converter converter);
 /// Adds the word that names the converter.
 void AddConverter(CLI::App& parser, Converter& converter);
 
+/// For options that are names of files: refuses an empty one.
+CLI::Validator NotEmpty();
+
 /// Adds an option with a whole decimal number; one beyond 64 bits becomes the largest or the least
 /// there is.
 CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,

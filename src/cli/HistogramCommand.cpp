@@ -23,7 +23,10 @@ constexpr std::size_t mostBars = 20;
 HistogramCommand::HistogramCommand(CLI::App& program)
     : Command(program, "histogram", "How often the codes of a data file occur") {
     AddConverter(Parser(), converter_);
-    Parser().add_option("FILE", file_, "Data file to count the codes of")->required();
+    Parser()
+        .add_option("FILE", file_, "Data file to count the codes of")
+        ->required()
+        ->check(NotEmpty());
     AddHex(Parser(), notation_, "FILE is in hexadecimal");
     AddWholeNumber(Parser(), "--bins", mostBins_,
                    "Into how many bins at most; each is 1, 2, 5, 10, 20, 50 ... codes wide")

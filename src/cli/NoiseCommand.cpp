@@ -103,7 +103,9 @@ NoiseCommand::NoiseCommand(CLI::App& program)
 /// are checked.
 CLI::Option* NoiseCommand::AddFile() {
     CLI::Option* const file =
-        Parser().add_option("FILE", file_, "Data file to analyse; without it, codes are read");
+        Parser()
+            .add_option("FILE", file_, "Data file to analyse; without it, codes are read")
+            ->check(NotEmpty());
     CLI::Option* const range =
         Parser()
             .add_option_function<int>(

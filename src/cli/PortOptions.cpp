@@ -9,6 +9,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "cli/Command.h"
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
 #include "ports/FaultyPort.h"
@@ -143,7 +144,7 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
     app.add_option("--trace", choice.traceFile,
                    "Write the board's lines and the accesses they carry as a Value Change Dump")
         ->type_name("FILE.vcd")
-        ->check([](const std::string& path) { return path.empty() ? "the name is empty" : ""; });
+        ->check(NotEmpty());
 }
 
 }  // namespace vx3260

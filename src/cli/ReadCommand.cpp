@@ -39,7 +39,8 @@ ReadCommand::ReadCommand(CLI::App& program)
     AddCount(Parser(), count_)->check(CLI::Range(1, static_cast<int>(MostCodesInBlock)));
     Parser()
         .add_option("-o,--output", output_, "Data file to write, in place of standard output")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(NotEmpty());
     AddHex(Parser(), notation_, "Write the codes in hexadecimal");
 }
 

@@ -80,7 +80,8 @@ ScriptCommand::ScriptCommand(CLI::App& program)
         .add_option("FILE", file_,
                     "The script, or - for standard input; blank lines and lines that begin with # "
                     "are skipped, quotes hold words with blanks together")
-        ->required();
+        ->required()
+        ->check(NotEmpty());
 }
 
 ExitCode ScriptCommand::Run(const CommandContext& context) {

@@ -232,6 +232,9 @@ std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         ThrowCannot("read", path, file);
     }
+    if (QFileInfo(file).isFile()) {
+        RefuseToWait(file);
+    }
     return ReadBounded(file, path, limit);
 }
 

@@ -21,7 +21,8 @@ struct SizeLimit {
     std::string_view reason;  ///< ends the message about a file beyond that
 };
 
-/// The bytes of a file. Throws FileAccessError, or BadDataError for a file beyond the limit.
+/// The bytes of a file. Throws FileAccessError, or BadDataError for a file beyond the limit. Waits
+/// for whoever feeds a pipe or a device, as other programs do, but for no regular file.
 std::string LoadBytes(const std::string& path, const SizeLimit& limit);
 
 /// The same of what the process is fed with, to its end.

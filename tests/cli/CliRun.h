@@ -28,10 +28,12 @@ struct Outcome {
     std::string err;
 };
 
-/// The program inside the test's process, on Windows 2000; blanks part the command line's words.
+/// The program inside the test's process, on Windows 2000; blanks part the command line's words, of
+/// which '' is an empty one.
 inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth = 80) {
     std::istringstream words(commandLine);
-    const std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+    std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+    std::replace(arguments.begin(), arguments.end(), std::string("''"), std::string());
     std::ostringstream out;
     std::ostringstream err;
     RecordedSystem system;

@@ -32,6 +32,11 @@ TEST(CommandLine, WrongOnesAreRefused) {
                       {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
                       {"--simulated noise main --range 7", "--range requires FILE"},
                       {"--simulated noise main --reference 1e39", "no positive number"},
+                      {"read main --output ''", "--output: the name is empty"},
+                      {"noise main ''", "FILE: the name is empty"},
+                      {"histogram main ''", "FILE: the name is empty"},
+                      {"script ''", "FILE: the name is empty"},
+                      {"--simulated --trace '' registers", "--trace: the name is empty"},
                       {"read main --poll-time -1", "is no number of microseconds"},
                   });
 }

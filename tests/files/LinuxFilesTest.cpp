@@ -73,6 +73,13 @@ TEST(LinuxFiles, AFullOrEndlessDeviceIsTold) {
               "each");
 }
 
+/// The kernel's messages: whoever may read them would wait for the next one.
+TEST(LinuxFiles, NoRegularFileIsWaitedFor) {
+    EXPECT_TRUE(ErrorOf<FileAccessError>([] {
+                    LoadBytes("/proc/kmsg", {std::size_t{1} << 30U, ""});
+                }).starts_with("cannot read /proc/kmsg: "));
+}
+
 /// Prints the error of an action and ends the process, a forked one.
 [[noreturn]] void EndWithErrorOf(const std::function<void()>& action) {
     std::fputs(ErrorOf<FileAccessError>(action).c_str(), stderr);
