@@ -10,17 +10,21 @@
 
 namespace vx3260 {
 
+namespace {
+
+/// ERROR_DISK_QUOTA_EXCEEDED, which not all compilers' headers have.
+constexpr DWORD diskQuotaExceeded = 1295;
+
+constexpr DWORD failures[] = {
+    ERROR_CRC,         ERROR_GEN_FAILURE,      ERROR_IO_DEVICE,
+    ERROR_WRITE_FAULT, ERROR_NOT_READY,        ERROR_NETNAME_DELETED,
+    ERROR_DISK_FULL,   ERROR_HANDLE_DISK_FULL, ERROR_NOT_ENOUGH_QUOTA,
+    diskQuotaExceeded,
+};
+
+}  // namespace
+
 std::string SyncToDisk(const QFileDevice& file) {
-    constexpr DWORD failures[] = {ERROR_CRC,
-                                  ERROR_GEN_FAILURE,
-                                  ERROR_IO_DEVICE,
-                                  ERROR_WRITE_FAULT,
-                                  ERROR_NOT_READY,
-                                  ERROR_NETNAME_DELETED,
-                                  ERROR_DISK_FULL,
-                                  ERROR_HANDLE_DISK_FULL,
-                                  ERROR_NOT_ENOUGH_QUOTA,
-                                  ERROR_DISK_QUOTA_EXCEEDED};
     const bool synced =
         FlushFileBuffers(reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()))) != 0;
     const DWORD error = GetLastError();
