@@ -78,7 +78,7 @@ Try() {
     [ "$place" = replaced ] || grep -qx old "$data/old.dat" || Wrong "the old file has changed"
     [ -z "$kept" ] || cmp -s "$kept" "$folder/$reading.dat" || Wrong "$kept has not the codes"
     [ -z "$kept" ] || grep -q " $kept\$" "$folder/err" || Wrong "$kept is not named"
-    [ "$code" -ne 7 ] || grep -q "cannot write $data/old.dat: ${texts[$error]}" "$folder/err" ||
+    [ "$code" -ne 7 ] || grep -q "cannot write $data/old.dat: ${texts[$error]:-}" "$folder/err" ||
         Wrong "the message is another one"
 }
 
