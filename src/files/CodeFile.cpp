@@ -108,7 +108,8 @@ void SaveWhole(const std::string& path, std::string_view bytes) {
     }
 }
 
-/// Into a new file, with this name and some letters more. Returns its path.
+/// Into a new file, with this name and some letters more; whoever may read the file of this name
+/// may read that one too. Returns its path.
 std::string SaveNew(const QString& path, std::string_view bytes) {
     const std::string name = path.toStdString();
     QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
@@ -126,6 +127,9 @@ std::string SaveNew(const QString& path, std::string_view bytes) {
         ThrowCannot("write", name, file);
     }
     file.setAutoRemove(false);
+    if (QFileInfo::exists(path)) {
+        file.setPermissions(QFile::permissions(path));
+    }
     return saved;
 }
 

@@ -157,6 +157,8 @@ TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
     EXPECT_EQ(folder.Bytes("x.dat"), first);
     const std::string beside = outcome.err.substr(outcome.err.rfind("x.dat."), 12);
     EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(first)) << beside;
+    EXPECT_EQ(QFile::permissions(QString::fromStdString(folder.Path(beside))),
+              QFile::permissions(QString::fromStdString(path)));
 }
 
 class NoiseOfFile : public testing::Test {
