@@ -15,6 +15,8 @@ namespace vx3260::test {
 /// A folder of files that goes with the test.
 class Folder {
   public:
+    Folder() {}  // not defaulted: clang 14 would delete the constructors of tests with a const one
+
     /// As the system writes it.
     std::string Path(const std::string& name) const {
         return QDir::toNativeSeparators(folder_.filePath(QString::fromStdString(name)))
@@ -41,7 +43,7 @@ class Folder {
     }
 
   private:
-    QTemporaryDir folder_{};  // clang wants the braces for a const Folder
+    QTemporaryDir folder_;
 };
 
 }  // namespace vx3260::test
