@@ -12,7 +12,7 @@ windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 plainPackages=(make)
-clangPackages=(clang)
+clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {
