@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <iostream>
 
-#include "cli/RunCli.h"
+#include "cli/commands/RunCli.h"
 #include "platform/Console.h"
 #include "platform/MachineSystem.h"
 

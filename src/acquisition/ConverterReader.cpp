@@ -2,7 +2,6 @@
 #include "acquisition/ConverterReader.h"
 
 #include "link/RegisterMap.h"
-#include "numbers/Conversions.h"
 
 namespace vx3260 {
 ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t& portAddress,
@@ -14,8 +13,8 @@ ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t&
       auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
 void ConverterReader::ReadControls() {
-    mainControlValue_ = ToInt16(mainControl_.ReadReg());
-    auxControlValue_ = ToInt16(auxControl_.ReadReg());
+    mainControlValue_ = static_cast<std::int16_t>(mainControl_.ReadValue());
+    auxControlValue_ = static_cast<std::int16_t>(auxControl_.ReadValue());
 }
 
 bool ConverterReader::Enabled(Converter converter) const {

@@ -2,7 +2,6 @@
 #include "app/StartUp.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 
 #include "app/PrinterPorts.h"
@@ -40,13 +39,6 @@ std::string NameOf(const VersionName (&names)[size], std::int32_t number) {
 
 bool Contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
-}
-
-std::string UpperCase(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return upper;
 }
 
 void ClaimPort(Services& services) {

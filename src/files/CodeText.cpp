@@ -5,6 +5,8 @@
 #include <charconv>
 #include <system_error>
 
+#include "numbers/NumberText.h"
+
 namespace vx3260 {
 namespace {
 
@@ -157,13 +159,9 @@ class CodeParser {
     std::size_t line_ = 1;
 };
 
-char UpperCase(char digit) {
-    return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
-}
-
 char* FormatHexadecimal(char* first, char* last, std::int32_t code) {
     char* const end = std::to_chars(first, last, static_cast<std::uint32_t>(code), 16).ptr;
-    std::transform(first, end, first, UpperCase);
+    std::transform(first, end, first, [](char digit) { return UpperCase(digit); });
     return end;
 }
 

@@ -4,12 +4,10 @@
 #include <algorithm>
 #include <array>
 
-#include "link/BoardLines.h"
-#include "link/PortAccess.h"
+#include "link/DataReady.h"
 #include "link/Register.h"
 #include "link/RegisterMap.h"
 #include "link/Serial.h"
-#include "numbers/Conversions.h"
 
 namespace vx3260 {
 namespace {
@@ -17,7 +15,7 @@ namespace {
 /// Some settings make one of these all 0 or all 1, but none does that to all of them.
 constexpr RegisterMap::RegisterAccess checkedRegisters[] = {
     RegisterMap::Mode, RegisterMap::MainControl, RegisterMap::AuxControl, RegisterMap::Filter};
-constexpr double allOnes = 0xFF;
+constexpr std::int32_t allOnes = 0xFF;
 
 /// Each bit of the channel, polarity and reference fields once 0 and once 1; the converter is off
 /// and the channel one that connects nothing, or an input.
@@ -35,7 +33,8 @@ class Checker {
 
     BoardCheck Check() {
         if (AllBitsRead(parallelPort_, portAddress_, 1)) {
-            return {ReadyComes() ? BoardVerdict::StuckHigh : BoardVerdict::NoAnswer};
+            return {WaitForReady(parallelPort_, portAddress_, PollLimit) ? BoardVerdict::StuckHigh
+                                                                         : BoardVerdict::NoAnswer};
         }
         if (AllBitsRead(parallelPort_, portAddress_, 0)) {
             return {BoardVerdict::StuckLow};
@@ -44,18 +43,8 @@ class Checker {
     }
 
   private:
-    bool ReadyComes() {
-        const auto status = static_cast<std::int16_t>(portAddress_ + BoardLines::StatusRegister);
-        for (std::int32_t poll = 0; poll < PollLimit; ++poll) {
-            if ((PortIn(parallelPort_, status) & BoardLines::NotReady) == 0) {
-                return true;
-            }
-        }
-        return false;
-    }
-
     BoardCheck TryPatterns() {
-        const std::int32_t before = Read();
+        const std::int32_t before = auxControl_.ReadValue();
         BoardCheck check{BoardVerdict::Answers};
         for (int round = 0; round < rounds && check.verdict == BoardVerdict::Answers; ++round) {
             check = TryPatternsOnce();
@@ -74,12 +63,10 @@ class Checker {
         return {BoardVerdict::Answers};
     }
 
-    std::int32_t Read() { return ToInt32(auxControl_.ReadReg()); }
-
     std::int32_t WriteAndRead(std::int32_t value) {
         auxControl_.RegValue = value;
         auxControl_.WriteReg();
-        return Read();
+        return auxControl_.ReadValue();
     }
 
     ParallelPort& parallelPort_;
@@ -90,10 +77,10 @@ class Checker {
 }  // namespace
 
 bool AllBitsRead(ParallelPort& parallelPort, const std::int16_t& portAddress, int bit) {
-    const double value = bit * allOnes;
+    const std::int32_t value = bit * allOnes;
     return std::all_of(std::begin(checkedRegisters), std::end(checkedRegisters),
                        [&](const RegisterMap::RegisterAccess& access) {
-                           return Register(parallelPort, portAddress, access).ReadReg() == value;
+                           return ReadRegister(parallelPort, portAddress, access) == value;
                        });
 }
 

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/Calibration.h"
 
-#include "link/BoardLines.h"
-#include "link/PortAccess.h"
-#include "numbers/Conversions.h"
+#include "link/DataReady.h"
+#include "link/RegisterFields.h"
 
 namespace vx3260 {
 
+std::int32_t StartCalibration(Register& modeRegister, std::int32_t mode) {
+    const std::int32_t before = modeRegister.ReadValue();
+    modeRegister.RegValue = RegisterMap::OperatingMode.Insert(before, mode);
+    modeRegister.WriteReg();
+    return before;
+}
+
 bool WaitForCalibration(ParallelPort& parallelPort, std::int16_t port) {
-    const std::int16_t status = ToInt16(port + BoardLines::StatusRegister);
-    for (std::int32_t polls = 0; polls < CalibrationPollLimit; ++polls) {
-        if ((PortIn(parallelPort, status) & BoardLines::NotReady) == 0) {
-            return true;
-        }
-    }
-    return false;
+    return WaitForReady(parallelPort, port, CalibrationPollLimit);
 }
 
 }  // namespace vx3260

@@ -11,9 +11,18 @@ double Register::ReadReg() {
     return SerialRead(parallelPort_, WordLength, portAddress_);
 }
 
+std::int32_t Register::ReadValue() {
+    return ToInt32(ReadReg());
+}
+
 void Register::WriteReg() {
     SerialWrite(parallelPort_, WriteAddress, portAddress_, 8);
     SerialWrite(parallelPort_, ToInt32(RegValue), portAddress_, WordLength);
+}
+
+std::int32_t ReadRegister(ParallelPort& parallelPort, const std::int16_t& portAddress,
+                          const RegisterMap::RegisterAccess& access) {
+    return Register(parallelPort, portAddress, access).ReadValue();
 }
 
 }  // namespace vx3260

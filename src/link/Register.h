@@ -34,6 +34,9 @@ class Register {
     /// The register's contents, 0 to 2^WordLength - 1. RegValue stays as it is.
     double ReadReg();
 
+    /// ReadReg as an integer.
+    std::int32_t ReadValue();
+
     /// Sends RegValue, rounded to an integer (halves to even): the low WordLength bits of its
     /// two's complement. Throws OverflowError, after the communications byte has been sent, when
     /// RegValue does not fit 32 bits.
@@ -43,5 +46,9 @@ class Register {
     ParallelPort& parallelPort_;
     const std::int16_t& portAddress_;
 };
+
+/// The contents of a register, read once. Arguments as for a Register.
+std::int32_t ReadRegister(ParallelPort& parallelPort, const std::int16_t& portAddress,
+                          const RegisterMap::RegisterAccess& access);
 
 }  // namespace vx3260

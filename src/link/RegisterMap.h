@@ -37,6 +37,12 @@ inline constexpr RegisterAccess Test2{0x0D, 0, 16};
 inline constexpr std::int16_t ModeMask = 0x07;
 inline constexpr std::int16_t PowerDown = 0;
 inline constexpr std::int16_t ContinuousConversion = 3;
+constexpr bool IsPowerDown(std::int32_t mode) {
+    return (mode & ModeMask) == PowerDown;
+}
+constexpr bool IsContinuousConversion(std::int32_t mode) {
+    return (mode & ModeMask) == ContinuousConversion;
+}
 inline constexpr std::int16_t InternalZeroScale = 4;
 inline constexpr std::int16_t InternalFullScale = 5;
 inline constexpr std::int16_t SystemZeroScale = 6;

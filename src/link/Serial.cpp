@@ -2,6 +2,7 @@
 #include "link/Serial.h"
 
 #include "link/BoardLines.h"
+#include "link/DataReady.h"
 #include "link/PortAccess.h"
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
@@ -17,23 +18,18 @@ void CheckBitCount(std::int16_t bits) {
     }
 }
 
-std::int16_t StatusAddress(std::int16_t port) {
-    return ToInt16(port + BoardLines::StatusRegister);
-}
-
-bool ReadyComes(ParallelPort& parallelPort, std::int16_t status) {
-    for (std::int32_t polls = 1; polls <= PollLimit; ++polls) {
-        const bool ready = (PortIn(parallelPort, status) & BoardLines::NotReady) == 0;
-        if (ready && polls < PollLimit) {
-            return true;
-        }
+/// The last of the reads ends the wait whatever it shows.
+bool WaitForResult(ParallelPort& parallelPort, std::int16_t port) {
+    if (WaitForReady(parallelPort, port, PollLimit - 1)) {
+        return true;
     }
+    IsReady(parallelPort, port);
     return false;
 }
 
 /// The chip changes its data line on the falling edge, so the line is read while the clock is low.
 std::int32_t ClockIn(ParallelPort& parallelPort, std::int16_t bits, std::int16_t port) {
-    const std::int16_t status = StatusAddress(port);
+    const std::int16_t status = ToInt16(port + BoardLines::StatusRegister);
     std::int32_t word = 0;
     for (int bit = bits - 1; bit >= 0; --bit) {
         PortOut(parallelPort, port, BoardLines::ClockLowZero);
@@ -69,7 +65,7 @@ std::int32_t SerialRead(ParallelPort& parallelPort, std::int16_t bits, std::int1
 std::int32_t SerialReadWhenReady(ParallelPort& parallelPort, std::int16_t bits, std::int16_t port) {
     CheckBitCount(bits);
     PortOut(parallelPort, port, BoardLines::Idle);
-    if (!ReadyComes(parallelPort, StatusAddress(port))) {
+    if (!WaitForResult(parallelPort, port)) {
         return ReadTimeout;
     }
     return ClockIn(parallelPort, bits, port);

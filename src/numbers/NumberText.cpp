@@ -96,10 +96,22 @@ std::string HexText(std::int32_t value) {
     std::array<char, 8> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                       static_cast<std::uint32_t>(value), 16);
-    std::string text(buffer.data(), result.ptr);
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return text;
+    return UpperCase({buffer.data(), result.ptr});
+}
+
+std::string HexText(std::int32_t value, int minDigits) {
+    std::string digits = HexText(value);
+    const auto width = static_cast<std::size_t>(minDigits);
+    digits.insert(0, width - std::min(width, digits.size()), '0');
+    return digits;
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper) {
+        c = UpperCase(c);
+    }
+    return upper;
 }
 
 std::string CodeText(std::int32_t code) {

@@ -11,6 +11,15 @@ namespace vx3260 {
 /// digits of its two's complement.
 std::string HexText(std::int32_t value);
 
+/// The same with leading zeros up to `minDigits` digits.
+std::string HexText(std::int32_t value, int minDigits);
+
+/// The capital of a letter a to z; any other character as it is.
+constexpr char UpperCase(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+std::string UpperCase(std::string_view text);
+
 /// A code in both notations: "8388608 (800000)".
 std::string CodeText(std::int32_t code);
 

@@ -56,8 +56,7 @@ const NamedRegister* RegisterReachedBy(std::int32_t byte) {
 }
 
 std::string HexOfBits(std::int32_t value, std::int16_t bits) {
-    const std::string digits = HexText(value);
-    return std::string(static_cast<std::size_t>(bits) / 4 - digits.size(), '0') + digits;
+    return HexText(value, bits / 4);
 }
 
 bool IsHigh(std::int16_t outputs, std::int16_t line) {

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <system_error>
+#include <optional>
 
 #include "link/BoardLines.h"
+#include "numbers/WholeNumber.h"
 
 namespace vx3260 {
 namespace {
@@ -34,7 +34,7 @@ constexpr StuckLine stuckLines[] = {
 struct NumberedFault {
     std::string_view prefix;
     std::int64_t Faults::*number;
-    std::int64_t least;
+    std::int64_t min;
 };
 
 constexpr NumberedFault numberedFaults[] = {
@@ -65,14 +65,11 @@ bool AddNumbered(std::string_view name, Faults& faults) {
     if (fault == std::end(numberedFaults)) {
         return false;
     }
-    const std::string_view digits = name.substr(fault->prefix.size());
-    std::int64_t number = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size() ||
-        number < fault->least) {
+    const std::optional<std::int64_t> number = DecimalNumber(name.substr(fault->prefix.size()));
+    if (!number || *number < fault->min) {
         return false;
     }
-    faults.*fault->number = number;
+    faults.*fault->number = *number;
     return true;
 }
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/BlockReading.h"
+#include "cli/board/BlockReading.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <sstream>
 
-#include "cli/ProgressLine.h"
-#include "cli/StopSignal.h"
+#include "cli/board/ProgressLine.h"
+#include "cli/board/StopSignal.h"
 #include "support/SimulatedBench.h"
 
 namespace vx3260::test {

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "cli/CliRun.h"
-#include "cli/ExitCodes.h"
+#include "options/ExitCodes.h"
 #include "link/BoardCheck.h"
 #include "ports/OpenPort.h"
 #include "ports/SimulatedPort.h"
@@ -21,7 +21,7 @@ TEST(CommandLine, WrongOnesAreRefused) {
                   {
                       {"", "A command is required"},
                       {"--simulated read mian", "mian not in {main,aux}"},
-                      {"--simulated read main --count 010", "no whole decimal number"},
+                      {"--simulated read main --count 010", "is not a decimal integer"},
                       {"--fault no-data-ready read main", "--fault requires --simulated"},
                       {"--simulated --fault worn read main", "--fault list"},
                       {"noise main x.dat --polarity bipolar", "FILE requires --range"},

@@ -11,7 +11,7 @@
 #include <array>
 #include <csignal>
 
-#include "cli/ExitCodes.h"
+#include "options/ExitCodes.h"
 #include "support/Folder.h"
 
 /// What only a process of its own can show.

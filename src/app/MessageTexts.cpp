@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MessageTexts.h"
+
+#include "link/RegisterMap.h"
+
+namespace vx3260::MessageTexts {
+
+std::optional<Message> CalibrationPrompt(std::int32_t mode) {
+    switch (mode) {
+        case RegisterMap::SystemZeroScale:
+            return Message{.text = "Please Connect a Zero Scale signal to the Analog Input",
+                           .icon = MessageIcon::Information};
+        // The small "c" and the other icon are intentional.
+        case RegisterMap::SystemFullScale:
+            return Message{.text = "Please connect a Full Scale signal to the Analog Input",
+                           .icon = MessageIcon::Question};
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace vx3260::MessageTexts

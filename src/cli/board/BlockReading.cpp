@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/board/BlockReading.h"
+
+#include <algorithm>
+
+#include "analysis/SuspiciousCodes.h"
+#include "cli/board/BoardRegisters.h"
+#include "cli/board/ProgressLine.h"
+#include "cli/board/StuckReadyLine.h"
+#include "link/FieldWrite.h"
+#include "link/Register.h"
+#include "link/RegisterLookup.h"
+#include "link/RegisterMap.h"
+#include "link/Serial.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+std::string HexByte(std::int32_t value) {
+    return "0x" + HexText(value);
+}
+
+[[noreturn]] void RefuseReadBack(Services& services, const FieldWrite& write) {
+    RequireAnswer(services, {RegisterMap::DescriptionOf(RegisterMap::Mode), write.readBack},
+                  HexByte(write.wanted) + " was written. ");
+    throw CommandError(ExitCode::ReadBackMismatch,
+                       "wrong answer from the board: wrote " + HexByte(write.wanted) +
+                           " to the mode register and read back " + HexByte(write.readBack) +
+                           ". Check the cable and the board's power.");
+}
+
+/// What is told of a reading that did not get to its end.
+void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
+    const std::string soFar =
+        "\nRead so far: " + CountText(static_cast<std::int64_t>(codes), "code");
+    if (end == ReadingEnd::TimedOut) {
+        services.messages.Show(
+            {.text = std::string(TimeoutText), .detail = TimeoutDetailOf(services.port) + soFar});
+    } else if (end == ReadingEnd::Stopped) {
+        services.messages.Show(
+            {.text = std::string(StoppedText) + soFar, .icon = MessageIcon::Exclamation});
+    }
+}
+
+std::vector<std::int32_t> GoodCodes(const CodeBlock& block, ReadingEnd end) {
+    const std::ptrdiff_t good = end == ReadingEnd::TimedOut ? block.count - 1 : block.count;
+    std::vector<std::int32_t> codes(static_cast<std::size_t>(good));
+    std::transform(block.codes.begin(), block.codes.begin() + good, codes.begin(), ToInt32);
+    return codes;
+}
+
+}  // namespace
+
+void EnsureContinuousConversion(Services& services, std::ostream& err) {
+    Register mode(services.port, services.state.PortAddress, RegisterMap::Mode);
+    const std::int32_t before = mode.ReadValue();
+    if (RegisterMap::IsContinuousConversion(before)) {
+        return;
+    }
+    const FieldWrite write =
+        WriteField(mode, before, RegisterMap::OperatingMode, RegisterMap::ContinuousConversion);
+    if (!write.Verified()) {
+        RefuseReadBack(services, write);
+    }
+    err << "The chip was not in Continuous Conversion Mode: mode register changed from "
+        << HexByte(before) << " to " << HexByte(write.wanted) << std::endl;
+}
+
+BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
+                       std::int16_t count, const std::function<bool()>& stopRequested) {
+    const std::string name = std::string(TraitsOf(converter).name) + " ADC";
+    ConverterReader reader(services.port, services.state.PortAddress, converter);
+    reader.ReadControls();
+    if (!reader.Enabled()) {
+        RequireAnswer(
+            services,
+            {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
+            NothingWritten);
+        throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
+    }
+    CheckReadyLine(services);
+    streams.err << "Reading " << CountText(count, "code") << " from the " << name
+                << ", Ctrl+C stops" << std::endl;
+    const CodeBlock block = services.state.BlockOf(converter);
+    const ReadingEnd end = [&] {
+        ProgressLine progress(streams.err, count, streams.errIsTerminal);
+        return ReadBlock(
+            reader, block, count,
+            {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+    }();
+    BlockReading reading{GoodCodes(block, end), end};
+    TellEnd(services, end, reading.codes.size());
+    return reading;
+}
+
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
+                           std::ostream& err) {
+    for (const std::string& suspicion : SuspicionsAbout(codes, converter)) {
+        err << "Warning: " << suspicion << std::endl;
+    }
+}
+
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested) {
+    if (end == ReadingEnd::TimedOut) {
+        return ExitCode::NoAnswer;
+    }
+    return end == ReadingEnd::Stopped || stopRequested ? ExitCode::Interrupted : ExitCode::Success;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "acquisition/Reading.h"
+#include "cli/board/BoardSession.h"
+#include "link/Converter.h"
+#include "options/ExitCodes.h"
+
+namespace vx3260 {
+
+/// Puts the chip into continuous conversion where it is not, and says so on `err`. Throws
+/// CommandError when the mode register does not read back as written: no board answers.
+void EnsureContinuousConversion(Services& services, std::ostream& err);
+
+/// One block of codes as commands take it.
+struct BlockReading {
+    std::vector<std::int32_t> codes;  ///< the good ones; a time-out is none
+    ReadingEnd end;
+};
+
+/// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
+/// told on `streams.err`. Throws CommandError when the converter is disabled or the data-ready line
+/// is stuck low.
+BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
+                       std::int16_t count, const std::function<bool()>& stopRequested);
+
+/// Prints a warning for each of the SuspicionsAbout the codes.
+void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
+                           std::ostream& err);
+
+/// The exit code of a command whose reading ended this way. A stop that was asked for after the
+/// reading, while its codes were being written, counts too: it is meant for a whole script.
+ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested);
+
+}  // namespace vx3260

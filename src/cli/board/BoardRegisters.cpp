@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/board/BoardRegisters.h"
+
+#include <optional>
+#include <string>
+
+#include "cli/reports/RegisterText.h"
+#include "link/BoardCheck.h"
+#include "link/Register.h"
+#include "options/ExitCodes.h"
+
+namespace vx3260 {
+namespace {
+
+/// The level of a line through which a register reads like this; nothing where its bits differ.
+std::optional<int> LevelOfDeadLine(std::int32_t value, const RegisterMap::RegisterAccess& access) {
+    const std::int32_t allOnes = (std::int32_t{1} << access.wordLength) - 1;
+    if (value != 0 && value != allOnes) {
+        return std::nullopt;
+    }
+    return value == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access) {
+    return ReadRegister(services.port, services.state.PortAddress, access);
+}
+
+RegisterReading ReadRegister(Services& services,
+                             const RegisterMap::RegisterDescription& description) {
+    return {description, ReadRegister(services, description.access)};
+}
+
+void RequireAnswer(Services& services, const RegisterReading& reading,
+                   std::string_view consequence) {
+    const RegisterMap::RegisterDescription& description = reading.description;
+    const std::optional<int> level = LevelOfDeadLine(reading.value, description.access);
+    if (!level || !AllBitsRead(services.port, services.state.PortAddress, *level)) {
+        return;
+    }
+    const std::string line = *level == 0 ? "0, as from a line that is stuck low. "
+                                         : "1, as from a line that is open or stuck high. ";
+    throw CommandError(ExitCode::NoAnswer,
+                       "no answer from the board: the register " + std::string(description.name) +
+                           " reads " + RegisterHex(reading.value, description.access) +
+                           ", and every other one alike. All bits read " + line +
+                           std::string(consequence) +
+                           "Check the cable, the board's power and which printer port it is on.");
+}
+
+RegisterReading ReadAnswered(Services& services,
+                             const RegisterMap::RegisterDescription& description,
+                             std::string_view consequence) {
+    const RegisterReading reading = ReadRegister(services, description);
+    RequireAnswer(services, reading, consequence);
+    return reading;
+}
+
+}  // namespace vx3260

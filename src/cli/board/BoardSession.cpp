@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/board/BoardSession.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "app/StartUp.h"
+#include "numbers/FilePath.h"
+#include "options/ExitCodes.h"
+
+namespace vx3260 {
+namespace {
+
+/// A file that holds the trace and the results would be neither. On Windows there is no such name.
+void RefuseTraceAsStandardOutput(const std::string& trace) {
+    std::error_code error;
+    if (std::filesystem::is_regular_file(FilePath(trace), error) &&
+        SameFile(trace, "/dev/stdout")) {
+        throw CommandError(ExitCode::WrongCommandLine,
+                           "--trace names the file that standard output goes to: " + trace);
+    }
+}
+
+}  // namespace
+
+void BoardSession::Open() {
+    if (services_) {
+        return;
+    }
+    RefuseTraceAsStandardOutput(portChoice_.traceFile);
+    opened_ = OpenPort(portChoice_);
+    services_.emplace(vx3260::Services{*opened_.port, messages_, system_, state_, opened_.badge});
+    if (!opened_.badge.empty()) {
+        err_ << opened_.badge << std::endl;
+    }
+    StartUp(*services_, statusRequested_);
+    failureAtStart_ = services_->port.FailureDetail();
+}
+
+Services& BoardSession::Services() {
+    Open();
+    if (state_.PortAddress == 0) {
+        throw CommandError(ExitCode::NoAnswer,
+                           "no printer port to reach a board through; --simulated works on the "
+                           "simulated board");
+    }
+    if (state_.PortClaimFailed) {
+        throw CommandError(ExitCode::NoAnswer,
+                           "the printer port could not be claimed; --simulated works on the "
+                           "simulated board");
+    }
+    return *services_;
+}
+
+bool BoardSession::TellFailure() {
+    if (!services_ || services_->port.FailureDetail() == failureAtStart_) {
+        return false;
+    }
+    err_ << services_->port.FailureDetail() << std::endl;
+    return true;
+}
+
+}  // namespace vx3260

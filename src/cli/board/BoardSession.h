@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "app/ApplicationState.h"
+#include "app/Services.h"
+#include "cli/board/ConsoleMessages.h"
+#include "ports/OpenPort.h"
+
+namespace vx3260 {
+
+/// Where a command writes: results to `out`, messages and progress to `err`.
+struct CliStreams {
+    std::ostream& out;
+    std::ostream& err;
+    bool errIsTerminal = false;
+    std::size_t outWidth = 80;          ///< characters in a line of the terminal that shows `out`
+    bool (*readerHasGone)() = nullptr;  ///< whether nobody reads `out` any more; may be null
+};
+
+/// The one board of a run. Commands that need none leave the port alone; the first that needs it
+/// opens it, for all that follow.
+class BoardSession {
+  public:
+    /// References outlive the session. Nothing is opened yet. With `statusRequested` start-up shows
+    /// the system and the port's address.
+    BoardSession(const PortChoice& portChoice, bool statusRequested, OperatingSystem& system,
+                 std::ostream& err)
+        : portChoice_(portChoice),
+          statusRequested_(statusRequested),
+          system_(system),
+          err_(err),
+          messages_(err) {}
+    ~BoardSession() = default;
+    BoardSession(const BoardSession&) = delete;
+    BoardSession(BoardSession&&) = delete;
+    BoardSession& operator=(const BoardSession&) = delete;
+    BoardSession& operator=(BoardSession&&) = delete;
+
+    /// Opens the port and starts up, unless that has been done. What start-up has to tell goes to
+    /// `err`, and so does the badge of a board that is not a real one.
+    void Open();
+
+    /// Which port the user asked for.
+    const PortChoice& Choice() const { return portChoice_; }
+
+    bool StatusRequested() const { return statusRequested_; }
+
+    /// The board, opened. Throws CommandError where start-up found no printer port to reach one
+    /// through.
+    vx3260::Services& Services();
+
+    /// Tells on `err` where the port has failed since start-up, and returns whether it has.
+    bool TellFailure();
+
+  private:
+    const PortChoice& portChoice_;
+    bool statusRequested_;
+    OperatingSystem& system_;
+    std::ostream& err_;
+    ConsoleMessages messages_;
+    OpenedPort opened_;
+    ApplicationState state_;
+    std::optional<vx3260::Services> services_;
+    std::string failureAtStart_;
+};
+
+/// What the program hands to every command.
+struct CommandContext {
+    BoardSession& board;
+    OperatingSystem& system;
+    CliStreams& streams;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/CalibrateCommand.h"
+
+#include <algorithm>
+#include <ostream>
+#include <vector>
+
+#include "app/MessageTexts.h"
+#include "cli/board/BoardRegisters.h"
+#include "cli/board/StuckReadyLine.h"
+#include "cli/commands/Assignment.h"
+#include "cli/reports/RegisterText.h"
+#include "link/Calibration.h"
+#include "link/Register.h"
+#include "link/RegisterLookup.h"
+
+namespace vx3260 {
+namespace {
+
+/// The registers that calibrating a converter can change.
+struct CalibratedConverter {
+    RegisterMap::RegisterAccess control;
+    std::string_view zero;
+    std::string_view full;
+};
+
+constexpr CalibratedConverter calibratedConverters[] = {
+    {RegisterMap::MainControl, "main-zero", "main-full"},
+    {RegisterMap::AuxControl, "aux-zero", "aux-full"},
+};
+
+constexpr std::string_view timeoutDetail =
+    "The data-ready line did not show the end of the calibration in time. Check the cable, the "
+    "board's power and its data-ready line.";
+
+std::vector<std::string> CalibrationKindNames() {
+    std::vector<std::string> names;
+    std::transform(CalibrationModes.begin(), CalibrationModes.end(), std::back_inserter(names),
+                   [](const RegisterMap::FieldValue& mode) { return std::string(mode.name); });
+    return names;
+}
+
+std::int32_t ModeOf(std::string_view kind) {
+    return std::find_if(CalibrationModes.begin(), CalibrationModes.end(),
+                        [kind](const RegisterMap::FieldValue& mode) { return mode.name == kind; })
+        ->code;
+}
+
+std::vector<RegisterReading> ReadCalibration(Services& services) {
+    std::vector<RegisterReading> readings;
+    for (const CalibratedConverter& converter : calibratedConverters) {
+        const RegisterReading control =
+            ReadAnswered(services, RegisterMap::DescriptionOf(converter.control), NothingWritten);
+        if ((control.value & RegisterMap::EnableMask) == 0) {
+            continue;
+        }
+        for (const std::string_view name : {converter.zero, converter.full}) {
+            readings.push_back(
+                ReadAnswered(services, RegisterMap::RegisterNamed(name), NothingWritten));
+        }
+    }
+    return readings;
+}
+
+void ShowPrompt(Services& services, std::int32_t mode) {
+    if (const auto prompt = MessageTexts::CalibrationPrompt(mode)) {
+        services.messages.Show(*prompt);
+    }
+}
+
+}  // namespace
+
+CalibrateCommand::CalibrateCommand(CLI::App& program)
+    : Command(program, "calibrate", "Calibrate the enabled converters") {
+    Parser()
+        .add_option("kind", kind_,
+                    "Which calibration; the system ones take the signal that is at the input")
+        ->check(CLI::IsMember(CalibrationKindNames()))
+        ->required();
+}
+
+ExitCode CalibrateCommand::Run(const CommandContext& context) {
+    Services& services = context.board.Services();
+    const std::vector<RegisterReading> before = ReadCalibration(services);
+    if (before.empty()) {
+        throw CommandError(ExitCode::ConverterDisabled,
+                           "Enable a converter before calibrating: set main-control enable=on, or "
+                           "set aux-control enable=on");
+    }
+    const std::int32_t mode = ModeOf(kind_);
+    ShowPrompt(services, mode);
+    Register modeRegister(services.port, services.state.PortAddress, RegisterMap::Mode);
+    StartCalibration(modeRegister, mode);
+    if (!WaitForCalibration(services.port, services.state.PortAddress)) {
+        services.messages.Show({.text = std::string(MessageTexts::ErrorCalibrating),
+                                .icon = MessageIcon::Exclamation,
+                                .detail = std::string(timeoutDetail)});
+        return ExitCode::NoAnswer;
+    }
+    CheckCalibrationEnded(services);
+    for (const RegisterReading& reading : before) {
+        const RegisterReading after =
+            ReadAnswered(services, reading.description, "The calibration was started. ");
+        context.streams.out << ChangeText(reading.description, reading.value, after.value) << '\n';
+    }
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260

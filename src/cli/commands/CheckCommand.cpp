@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/CheckCommand.h"
+
+#include <algorithm>
+
+#include "cli/reports/RegisterText.h"
+#include "link/BoardCheck.h"
+
+namespace vx3260 {
+namespace {
+
+struct VerdictText {
+    BoardVerdict verdict;
+    std::string_view seen;
+    std::string_view advice;
+};
+
+constexpr VerdictText verdictTexts[] = {
+    {BoardVerdict::Answers,
+     "the board answers: what was written to a register reads back (data-ready was not "
+     "looked at)",
+     ""},
+    {BoardVerdict::NoAnswer, "no answer: all bits read 1 and data-ready does not come",
+     "Look at the board's power, at both ends of the cable, at which printer port it is on "
+     "(\"vx3260-cli ports\" lists them), and at RESET (data bit 1), which must be high."},
+    {BoardVerdict::StuckHigh, "stuck high: all bits read 1, though data-ready comes",
+     "Look at DOUT (status bit 4), SCLK and DIN (data bits 3 and 0) for a break or a short."},
+    {BoardVerdict::StuckLow, "stuck low: all bits read 0",
+     "Look at DOUT (status bit 4) for a short to ground, at the board's power, and whether the "
+     "cable is plugged in at the right port."},
+    {BoardVerdict::AnswersWrongly, "answers wrongly",
+     "Look for a loose contact on SCLK, DIN (data bits 3 and 0) and DOUT (status bit 4), at the "
+     "length of the cable, and for another program on the same port."},
+};
+
+const VerdictText& TextOf(BoardVerdict verdict) {
+    return *std::find_if(std::begin(verdictTexts), std::end(verdictTexts),
+                         [verdict](const VerdictText& text) { return text.verdict == verdict; });
+}
+
+std::string Hex(std::int32_t value) {
+    return RegisterHex(value, RegisterMap::AuxControl);
+}
+
+std::string Told(const BoardCheck& check) {
+    std::string text(TextOf(check.verdict).seen);
+    if (check.verdict == BoardVerdict::AnswersWrongly) {
+        text += ": the aux ADC control register was written with " + Hex(check.written) +
+                " and reads " + Hex(check.readBack);
+    }
+    if (!check.putBack) {
+        text += "; it could not be put back to what it held";
+    }
+    return text;
+}
+
+}  // namespace
+
+CheckCommand::CheckCommand(CLI::App& program)
+    : Command(program, "check",
+              "Tell whether a board answers; one register is written, read back and put back") {}
+
+ExitCode CheckCommand::Run(const CommandContext& context) {
+    Services& services = context.board.Services();
+    const BoardCheck check = CheckBoard(services.port, services.state.PortAddress);
+    if (check.verdict != BoardVerdict::Answers) {
+        const bool wrong = check.verdict == BoardVerdict::AnswersWrongly;
+        throw CommandError(wrong ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
+                           Told(check) + ". " + std::string(TextOf(check.verdict).advice));
+    }
+    context.streams.out << Told(check) << '\n';
+    return check.putBack ? ExitCode::Success : ExitCode::ReadBackMismatch;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "cli/board/BoardSession.h"
+#include "files/CodeText.h"
+#include "link/Converter.h"
+#include "options/ExitCodes.h"
+
+namespace vx3260 {
+
+/// One command of the command line. Its constructor adds it to the parser, which then fills in the
+/// command's members.
+class Command {
+  public:
+    virtual ~Command() = default;
+    Command(const Command&) = delete;
+    Command(Command&&) = delete;
+    Command& operator=(const Command&) = delete;
+    Command& operator=(Command&&) = delete;
+
+    /// Whether the command line that was parsed asks for this command.
+    bool Chosen() const { return parser_.parsed(); }
+
+    /// Does what was asked. Throws CommandError, FileAccessError, BadDataError or RuntimeError.
+    virtual ExitCode Run(const CommandContext& context) = 0;
+
+  protected:
+    Command(CLI::App& program, const std::string& name, const std::string& description)
+        : parser_(*program.add_subcommand(name, description)) {}
+
+    CLI::App& Parser() { return parser_; }
+
+  private:
+    CLI::App& parser_;
+};
+
+/// Adds the word that names the converter.
+void AddConverter(CLI::App& parser, Converter& converter);
+
+/// Adds an option with a whole decimal number; one beyond 64 bits becomes the largest or the least
+/// there is.
+CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
+                            const std::string& description);
+
+/// Adds --count N, how many codes to read.
+CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);
+
+/// How a command prints its results.
+enum class ReportFormat { Text, Json, Csv };
+
+/// Adds --format with the choice between text and another format.
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format, ReportFormat other);
+
+/// Adds --hex, which makes the notation of data files hexadecimal.
+CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);
+
+}  // namespace vx3260

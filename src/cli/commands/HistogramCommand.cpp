@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/HistogramCommand.h"
+
+#include <vector>
+
+#include "analysis/PlotCsv.h"
+#include "cli/board/BlockReading.h"
+#include "cli/commands/BlockFile.h"
+#include "cli/reports/HistogramReport.h"
+#include "options/Validators.h"
+
+namespace vx3260 {
+namespace {
+
+/// The least that always do, and one for each code of the aux ADC.
+constexpr int leastBins = 2;
+constexpr int mostBinsAllowed = 65536;
+
+/// Lines of a terminal.
+constexpr std::size_t mostBars = 20;
+
+}  // namespace
+
+HistogramCommand::HistogramCommand(CLI::App& program)
+    : Command(program, "histogram", "How often the codes of a data file occur") {
+    AddConverter(Parser(), converter_);
+    Parser()
+        .add_option("FILE", file_, "Data file to count the codes of")
+        ->required()
+        ->check(NotEmpty());
+    AddHex(Parser(), notation_, "FILE is in hexadecimal");
+    AddWholeNumber(Parser(), "--bins", mostBins_,
+                   "Into how many bins at most; each is 1, 2, 5, 10, 20, 50 ... codes wide")
+        ->check(CLI::Range(leastBins, mostBinsAllowed))
+        ->default_str(std::to_string(mostBars) + ", " + std::to_string(MostHistogramBins) +
+                      " for csv");
+    AddFormat(Parser(), format_, ReportFormat::Csv);
+}
+
+ExitCode HistogramCommand::Run(const CommandContext& context) {
+    OpenForStatus(context);
+    const std::vector<std::int32_t> block = LoadBlock(file_, notation_, context.streams.err);
+    WarnOfSuspiciousCodes(block, converter_, context.streams.err);
+    const std::vector<double> codes(block.begin(), block.end());
+    const bool csv = format_ == ReportFormat::Csv;
+    const std::size_t fitting = csv ? MostHistogramBins : mostBars;
+    const FileHistogram counted{
+        .file = file_,
+        .converter = converter_,
+        .count = codes.size(),
+        .statistics = ComputeExactStatistics(codes),
+        .histogram =
+            ComputeHistogram(codes, mostBins_ == 0 ? fitting : static_cast<std::size_t>(mostBins_)),
+    };
+    context.streams.out << (csv ? HistogramCsv(counted.histogram, counted.statistics, counted.count)
+                                : HistogramText(counted, context.streams.outWidth));
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "cli/commands/Command.h"
+
+namespace vx3260 {
+
+/// histogram: how often the codes of a data file occur.
+class HistogramCommand final : public Command {
+  public:
+    explicit HistogramCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+
+  private:
+    Converter converter_ = Converter::Main;
+    std::string file_;
+    Notation notation_ = Notation::Decimal;
+    std::int64_t mostBins_ = 0;  ///< 0: what suits the format
+    ReportFormat format_ = ReportFormat::Text;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/NoiseCommand.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <span>
+#include <vector>
+
+#include "cli/board/BlockReading.h"
+#include "cli/board/BoardRegisters.h"
+#include "cli/board/StopSignal.h"
+#include "cli/commands/BlockFile.h"
+#include "cli/reports/NoiseReport.h"
+#include "cli/reports/RegisterText.h"
+#include "link/RegisterFields.h"
+#include "numbers/Conversions.h"
+#include "numbers/RuntimeError.h"
+#include "options/Validators.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr const char* rangeOption = "--range";
+constexpr const char* fullScaleOption = "--full-scale";
+
+/// Throws where the text is no number that single precision can hold.
+float ToVolts(const std::string& text) {
+    const double volts = TextToDouble(text);
+    if (volts > std::numeric_limits<float>::max()) {
+        throw OverflowError();
+    }
+    return static_cast<float>(volts);
+}
+
+std::string RefuseOtherThanVoltage(const std::string& text) {
+    try {
+        if (ToVolts(text) > 0) {
+            return "";
+        }
+    } catch (const RuntimeError&) {
+        // Refused below, like a number that is not positive.
+    }
+    return "'" + text + "' is no positive number of volts";
+}
+
+/// Adds an option that puts one of a field's values, by name, into the value of a register.
+CLI::Option* AddField(CLI::App& parser, const std::string& option, const RegisterMap::Field& field,
+                      std::int32_t& value, const std::string& description) {
+    std::map<std::string, std::int32_t> codes;
+    for (const RegisterMap::FieldValue& named : field.values) {
+        codes.emplace(named.name, named.code);
+    }
+    return parser
+        .add_option_function<std::string>(
+            option,
+            [&field, &value, codes](const std::string& name) {
+                value = field.Insert(value, codes.at(name));
+            },
+            description)
+        ->check(CLI::IsMember(codes));
+}
+
+/// Refuses an option for the converter that is told the same by another one.
+CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::string& ofTwin) {
+    const auto refusal = [converter, &chosen, ofTwin](const std::string& /*value*/) {
+        return chosen == converter ? ""
+                                   : "the " + std::string(TraitsOf(chosen).name) + " ADC takes " +
+                                         ofTwin + " in its place";
+    };
+    return {refusal, ""};
+}
+
+void CheckCount(std::int64_t count) {
+    if (count < LeastCodesForAnalysis || count > MostCodesForAnalysis) {
+        throw CommandError(ExitCode::CountRefused,
+                           std::string(CountRefusal) + " (" + std::to_string(count) +
+                               " given; accepted are " + std::to_string(LeastCodesForAnalysis) +
+                               " to " + std::to_string(MostCodesForAnalysis) + ")");
+    }
+}
+
+NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const ConversionConditions& conditions) {
+    return AnalyseNoise(std::vector<double>(codes.begin(), codes.end()), conditions);
+}
+
+}  // namespace
+
+NoiseCommand::NoiseCommand(CLI::App& program)
+    : Command(program, "noise", "Noise figures of a data file, or of a block read now") {
+    AddConverter(Parser(), converter_);
+    CLI::Option* const file = AddFile();
+    AddCount(Parser(), count_)->excludes(file);
+    Parser()
+        .add_option_function<std::string>(
+            "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
+            "Reference voltage")
+        ->type_name("VOLTS")
+        ->default_str("2.5")
+        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
+    AddFormat(Parser(), format_, ReportFormat::Json);
+}
+
+/// FILE, and what has to be told of it. The converter, an option before these, is known when they
+/// are checked.
+CLI::Option* NoiseCommand::AddFile() {
+    CLI::Option* const file =
+        Parser()
+            .add_option("FILE", file_, "Data file to analyse; without it, codes are read")
+            ->check(NotEmpty());
+    CLI::Option* const range =
+        Parser()
+            .add_option_function<int>(
+                rangeOption,
+                [this](int code) {
+                    fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code);
+                },
+                "Range code, 0 to 7, that FILE was read with from the main ADC")
+            ->type_name("CODE")
+            ->check(CLI::Range(0, 7))
+            ->check(OnlyFor(Converter::Main, converter_, fullScaleOption))
+            ->needs(file);
+    CLI::Option* const fullScale =
+        AddField(Parser(), fullScaleOption, RegisterMap::Reference, fileControl_,
+                 "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
+            ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
+            ->needs(file);
+    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
+                         "Polarity that FILE was read with")
+                    ->needs(file));
+    Parser().final_callback([this, range, fullScale] {
+        const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
+        if (!file_.empty() && scale->empty()) {
+            throw CLI::RequiresError("FILE", scale->get_name());
+        }
+    });
+    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
+    return file;
+}
+
+ExitCode NoiseCommand::Run(const CommandContext& context) {
+    return file_.empty() ? RunOnBoard(context) : RunOnFile(context);
+}
+
+NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
+    const std::vector<std::int32_t> codes = LoadBlock(file_, notation_, err);
+    CheckCount(static_cast<std::int64_t>(codes.size()));
+    WarnOfSuspiciousCodes(codes, converter_, err);
+    try {
+        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_,
+                                           static_cast<std::int16_t>(fileControl_)));
+    } catch (const RuntimeError& error) {
+        throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
+    }
+}
+
+ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
+    OpenForStatus(context);
+    context.streams.out << Report(AnalyseFile(context.streams.err), "");
+    return ExitCode::Success;
+}
+
+ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
+    CheckCount(count_);
+    Services& services = context.board.Services();
+    EnsureContinuousConversion(services, context.streams.err);
+    const auto control =
+        static_cast<std::int16_t>(ReadRegister(services, TraitsOf(converter_).control));
+    const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
+    const StopSignal stop;
+    const BlockReading reading =
+        ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
+                  [&stop] { return stop.Requested(); });
+    if (!CountFitsAnalysis(static_cast<std::int32_t>(reading.codes.size()))) {
+        context.streams.err << "Too few codes to analyse" << std::endl;
+        return ExitCodeOf(reading.end, stop.Requested());
+    }
+    WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
+    context.streams.out << Report(Analyse(reading.codes, conditions), services.boardBadge);
+    return ExitCodeOf(reading.end, stop.Requested());
+}
+
+std::string NoiseCommand::Report(const NoiseAnalysis& analysis, std::string_view board) const {
+    return format_ == ReportFormat::Json ? NoiseJson(analysis, converter_, board)
+                                         : NoiseText(analysis);
+}
+
+}  // namespace vx3260

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "analysis/NoiseAnalysis.h"
+#include "cli/commands/Command.h"
+
+namespace vx3260 {
+
+/// noise: the figures of the noise form, of a data file or of a block read from the board.
+class NoiseCommand final : public Command {
+  public:
+    explicit NoiseCommand(CLI::App& program);
+
+    ExitCode Run(const CommandContext& context) override;
+
+  private:
+    CLI::Option* AddFile();
+    NoiseAnalysis AnalyseFile(std::ostream& err) const;
+    ExitCode RunOnFile(const CommandContext& context) const;
+    ExitCode RunOnBoard(const CommandContext& context) const;
+    std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
+
+    Converter converter_ = Converter::Main;
+    std::string file_;
+    Notation notation_ = Notation::Decimal;
+    std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
+    std::int64_t count_ = 200;
+    float referenceVoltage_ = 2.5F;
+    ReportFormat format_ = ReportFormat::Text;
+};
+
+}  // namespace vx3260

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/PortsCommand.h"
+
+#include <QJsonArray>
+#include <algorithm>
+#include <vector>
+
+#include "cli/reports/Columns.h"
+#include "cli/reports/JsonText.h"
+#include "numbers/NumberText.h"
+#include "ports/OpenPort.h"
+
+namespace vx3260 {
+namespace {
+
+std::string AddressText(const PortListing& port) {
+    return port.address == 0 ? "unknown" : "0x" + HexText(port.address);
+}
+
+std::string Text(const std::vector<PortListing>& ports) {
+    std::vector<std::array<std::string, 4>> rows{{"port", "address", "permissions", "claim"}};
+    for (const PortListing& port : ports) {
+        rows.push_back({port.name, AddressText(port), port.permissions,
+                        port.claimFailure.empty() ? "yes" : "no"});
+    }
+    std::array<std::size_t, 4> widths{};
+    for (const auto& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            widths[i] = std::max(widths[i], row[i].size());
+        }
+    }
+    std::string text;
+    for (const auto& row : rows) {
+        for (std::size_t i = 0; i + 1 < row.size(); ++i) {
+            text += Padded(row[i], widths[i] + 2);
+        }
+        text += row.back() + "\n";
+    }
+    return text;
+}
+
+std::string Json(const std::vector<PortListing>& ports) {
+    QJsonArray list;
+    for (const PortListing& port : ports) {
+        list.append(QJsonObject{
+            {"port", QString::fromUtf8(port.name)},
+            {"address", port.address == 0 ? QJsonValue() : QJsonValue(port.address)},
+            {"permissions", QString::fromUtf8(port.permissions)},
+            {"canBeClaimed", port.claimFailure.empty()},
+            {"claimFailure", port.claimFailure.empty()
+                                 ? QJsonValue()
+                                 : QJsonValue(QString::fromUtf8(port.claimFailure))},
+        });
+    }
+    return JsonText({{"ports", list}});
+}
+
+}  // namespace
+
+PortsCommand::PortsCommand(CLI::App& program)
+    : Command(program, "ports", "List the printer ports and whether each can be claimed") {
+    AddFormat(Parser(), format_, ReportFormat::Json);
+}
+
+ExitCode PortsCommand::Run(const CommandContext& context) {
+    const std::vector<PortListing> ports = ListPorts(context.board.Choice());
+    if (ports.empty()) {
+        throw CommandError(ExitCode::NoAnswer, NoPortDetail());
+    }
+    context.streams.out << (format_ == ReportFormat::Json ? Json(ports) : Text(ports));
+    for (const PortListing& port : ports) {
+        if (!port.claimFailure.empty()) {
+            context.streams.err << port.name << ": " << port.claimFailure << std::endl;
+        }
+    }
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/RunCli.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <vector>
+
+#include "app/ApplicationInfo.h"
+#include "app/StartUp.h"
+#include "cli/commands/CommandSet.h"
+#include "cli/commands/ReportErrors.h"
+#include "cli/commands/ScriptCommand.h"
+#include "files/CodeFile.h"
+#include "options/ExitCodes.h"
+#include "options/PortOptions.h"
+
+namespace vx3260 {
+namespace {
+
+std::string ExitCodeHelp() {
+    std::string help = "Exit codes:";
+    for (const ExitCodeText& line : ExitCodeTexts) {
+        const std::string code = std::to_string(static_cast<int>(line.code));
+        help += "\n  " + code + std::string(5 - code.size(), ' ') + std::string(line.text);
+    }
+    return help;
+}
+
+class Program {
+  public:
+    Program() {
+        commands_.Add(std::make_unique<ScriptCommand>(parser_));
+        parser_.set_version_flag("--version",
+                                 std::string(ApplicationTitle) + " " + std::string(VersionText));
+        AddPortOptions(parser_, portChoice_);
+        parser_.footer(ExitCodeHelp());
+    }
+
+    ExitCode Run(std::span<const std::string> arguments, OperatingSystem& system,
+                 CliStreams& streams) {
+        const bool statusRequested =
+            std::any_of(arguments.begin(), arguments.end(), IsStatusSwitch);
+        try {
+            Parse(arguments);
+        } catch (const CLI::ParseError& error) {
+            const bool well = parser_.exit(error, streams.out, streams.err) == 0;
+            return well ? ExitCode::Success : ExitCode::WrongCommandLine;
+        }
+        BoardSession board(portChoice_, statusRequested, system, streams.err);
+        try {
+            const ExitCode code = commands_.Chosen().Run({board, system, streams});
+            return board.TellFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
+        } catch (...) {
+            board.TellFailure();
+            throw;
+        }
+    }
+
+  private:
+    /// The parser takes its words from the end of the list. The status switch is not an option of
+    /// its.
+    void Parse(std::span<const std::string> arguments) {
+        std::vector<std::string> words(arguments.rbegin(), arguments.rend());
+        std::erase_if(words, IsStatusSwitch);
+        parser_.parse(std::move(words));
+    }
+
+    CLI::App parser_{std::string(ApplicationTitle) + ", for the command line", ProgramName};
+    CommandSet commands_{parser_};
+    PortChoice portChoice_;
+};
+
+/// What was printed counts only once it has left the process.
+ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
+                     CliStreams& streams) {
+    const ExitCode code = Program().Run(arguments, system, streams);
+    WriteToStream(streams.out, "", "standard output");
+    return code;
+}
+
+}  // namespace
+
+int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
+    return static_cast<int>(
+        ReportErrors(streams, "", [&] { return RunAndFlush(arguments, system, streams); }));
+}
+
+}  // namespace vx3260

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/ScriptText.h"
+
+#include <algorithm>
+
+#include "files/CodeText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view blanks = " \t";
+
+/// Bytes above 127 may be part of a file's name; these are in no text at all.
+bool IsBinary(char c) {
+    return (c >= '\0' && c < ' ' && c != '\t') || c == '\x7F';
+}
+
+std::string_view WithoutCarriageReturn(std::string_view line) {
+    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+}
+
+bool IsCommand(std::string_view line) {
+    const std::size_t start = line.find_first_not_of(blanks);
+    return start != std::string_view::npos && line[start] != '#';
+}
+
+}  // namespace
+
+std::vector<ScriptLine> ScriptLines(std::string_view text, std::string_view source) {
+    if (text.starts_with(byteOrderMark)) {
+        text.remove_prefix(byteOrderMark.size());
+    }
+    std::vector<ScriptLine> lines;
+    for (std::size_t number = 1; !text.empty(); ++number) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = WithoutCarriageReturn(text.substr(0, end));
+        if (std::any_of(line.begin(), line.end(), IsBinary)) {
+            throw BadDataError(std::string(source) + ":" + std::to_string(number) +
+                               ": binary data, no script");
+        }
+        if (IsCommand(line)) {
+            lines.push_back({number, std::string(line)});
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines;
+}
+
+}  // namespace vx3260

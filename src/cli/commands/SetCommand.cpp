@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/SetCommand.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "cli/board/BoardRegisters.h"
+#include "cli/commands/Assignment.h"
+#include "cli/reports/RegisterText.h"
+#include "link/FieldWrite.h"
+#include "link/Register.h"
+#include "link/RegisterLookup.h"
+
+namespace vx3260 {
+namespace {
+
+using RegisterMap::RegisterDescription;
+
+bool CanBeSet(const RegisterDescription& description) {
+    return description.access.writeByte != 0;
+}
+
+std::vector<std::string> SettableNames() {
+    std::vector<std::string> names;
+    for (const RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        if (CanBeSet(description)) {
+            names.emplace_back(description.name);
+        }
+    }
+    return names;
+}
+
+std::string FieldHelp() {
+    std::string help =
+        "What there is (numbers, decimal or 0x-hexadecimal, can stand for names too):";
+    for (const RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        if (!CanBeSet(description)) {
+            continue;
+        }
+        help += "\n  " + std::string(description.name);
+        help += description.writesNeedPowerDown ? "  (in power-down mode only)" : "";
+        for (const RegisterMap::Field& field : description.fields) {
+            help += "\n    " + std::string(field.name) + "=" + ValueHelp(field);
+        }
+    }
+    return help;
+}
+
+/// The chip would ignore the write, and nothing but the read-back would tell.
+void RequirePowerDown(Services& services, const RegisterDescription& description) {
+    if (!description.writesNeedPowerDown) {
+        return;
+    }
+    const std::int32_t mode =
+        ReadAnswered(services, RegisterMap::DescriptionOf(RegisterMap::Mode), NothingWritten).value;
+    if (RegisterMap::OperatingMode.CodeIn(mode) != 0) {
+        throw CommandError(ExitCode::NotInPowerDown,
+                           "the VX3260 must be in Power-Down Mode to program the register " +
+                               std::string(description.name) +
+                               " (mode register: " + RegisterHex(mode, RegisterMap::Mode) +
+                               "). Nothing was written. The remedy: set mode mode=power-down");
+    }
+}
+
+/// An I/O pin of which one bit is the level: the one put out, or, of an input, the one found.
+struct Pin {
+    const RegisterMap::Field& direction;
+    const RegisterMap::Field& state;
+};
+
+constexpr Pin pins[] = {{RegisterMap::P3Direction, RegisterMap::P3State},
+                        {RegisterMap::P4Direction, RegisterMap::P4State}};
+
+/// The level of a pin that is an input comes from outside, so it is no part of the comparison
+/// unless it is what was to be set.
+std::int32_t ComparedBits(const RegisterDescription& description, const Assignment& assignment,
+                          std::int32_t wanted) {
+    std::int32_t bits = -1;
+    for (const Pin& pin : pins) {
+        const bool input = pin.direction.CodeIn(wanted) == 0;
+        if (description.fields.data() == RegisterMap::IOControlFields && input &&
+            assignment.field.name != pin.state.name) {
+            bits &= ~pin.state.mask;
+        }
+    }
+    return bits;
+}
+
+void CheckReadBack(Services& services, const RegisterDescription& description,
+                   const FieldWrite& write, std::int32_t comparedBits) {
+    const std::string written = RegisterHex(write.wanted, description.access);
+    RequireAnswer(services, {description, write.readBack},
+                  written + " was written, and may not have arrived. ");
+    if (((write.wanted ^ write.readBack) & comparedBits) == 0) {
+        return;
+    }
+    throw CommandError(ExitCode::ReadBackMismatch,
+                       "Error Programming VX3260: wrote " + written + " to the register " +
+                           std::string(description.name) + " (it was " +
+                           RegisterHex(write.before, description.access) + ") and read back " +
+                           RegisterHex(write.readBack, description.access) +
+                           ". What was written has been left as it is.");
+}
+
+/// Changes one field and returns what was there and what was read back.
+FieldWrite Assign(Services& services, const RegisterDescription& description,
+                  const Assignment& assignment) {
+    Register reg(services.port, services.state.PortAddress, description.access);
+    const std::int32_t before = ReadAnswered(services, description, NothingWritten).value;
+    const FieldWrite write = WriteField(reg, before, assignment.field, assignment.code);
+    CheckReadBack(services, description, write,
+                  ComparedBits(description, assignment, write.wanted));
+    return write;
+}
+
+}  // namespace
+
+SetCommand::SetCommand(CLI::App& program)
+    : Command(program, "set", "Change fields of a register, each verified by reading it back") {
+    Parser()
+        .add_option("register", register_, "Which register")
+        ->check(CLI::IsMember(SettableNames()))
+        ->required();
+    Parser()
+        .add_option("assignments", assignments_, "What to change, one field after the other")
+        ->type_name("FIELD=VALUE")
+        ->required();
+    Parser().footer(FieldHelp());
+}
+
+ExitCode SetCommand::Run(const CommandContext& context) {
+    const RegisterDescription& description = RegisterMap::RegisterNamed(register_);
+    std::vector<Assignment> assignments;
+    for (const std::string& text : assignments_) {
+        assignments.push_back(ParseAssignment(description, text));
+    }
+    Services& services = context.board.Services();
+    RequirePowerDown(services, description);
+    for (const Assignment& assignment : assignments) {
+        const FieldWrite write = Assign(services, description, assignment);
+        context.streams.out << ChangeText(description, write.before, write.readBack) << std::endl;
+    }
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/reports/RegistersReport.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "cli/reports/Columns.h"
+#include "cli/reports/JsonText.h"
+#include "cli/reports/RegisterText.h"
+#include "link/FilterRate.h"
+#include "link/RegisterLookup.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view indent = "  ";
+
+/// Of the first column, with the two blanks that part it from the second.
+std::size_t NameWidth(std::span<const RegisterReading> readings) {
+    std::size_t width = 0;
+    for (const RegisterReading& reading : readings) {
+        width = std::max(width, reading.description.name.size());
+        for (const RegisterMap::Field& field : reading.description.fields) {
+            width = std::max(width, indent.size() + field.name.size());
+        }
+    }
+    return width + 2;
+}
+
+std::string HexOf(const RegisterReading& reading) {
+    return RegisterHex(reading.value, reading.description.access);
+}
+
+/// In hertz, of the filter register; a word of 0 has none.
+std::optional<double> UpdateRate(const RegisterReading& reading) {
+    const bool filter = reading.description.access.readByte == RegisterMap::Filter.readByte;
+    return filter && reading.value != 0 ? std::optional(UpdateRateOf(reading.value)) : std::nullopt;
+}
+
+std::string FieldText(const RegisterMap::Field& field, const RegisterReading& reading) {
+    const std::int32_t code = field.CodeIn(reading.value);
+    std::string text(RegisterMap::NameOfCode(field, code).value_or(std::to_string(code)));
+    if (const std::optional<double> rate = UpdateRate(reading)) {
+        text += " (" + FormatNumber(*rate, "0.0000") + " Hz)";
+    }
+    return text;
+}
+
+QJsonObject FieldsOf(const RegisterReading& reading) {
+    QJsonObject fields;
+    for (const RegisterMap::Field& field : reading.description.fields) {
+        const std::int32_t code = field.CodeIn(reading.value);
+        const std::optional<std::string_view> name = RegisterMap::NameOfCode(field, code);
+        fields[QString::fromUtf8(field.name)] =
+            name ? QJsonValue(QString::fromUtf8(*name)) : QJsonValue(code);
+    }
+    return fields;
+}
+
+QJsonObject JsonOf(const RegisterReading& reading) {
+    QJsonObject object{
+        {"value", reading.value},
+        {"hex", QString::fromUtf8(HexOf(reading))},
+        {"fields", FieldsOf(reading)},
+    };
+    if (const std::optional<double> rate = UpdateRate(reading)) {
+        object["updateRateHz"] = *rate;
+    }
+    return object;
+}
+
+}  // namespace
+
+std::string RegistersText(std::span<const RegisterReading> readings) {
+    constexpr std::size_t hexWidth = std::string_view("0x000000").size() + 2;
+    const std::size_t nameWidth = NameWidth(readings);
+    std::string text;
+    for (const RegisterReading& reading : readings) {
+        text += Padded(reading.description.name, nameWidth) + Padded(HexOf(reading), hexWidth) +
+                std::string(reading.description.title) + "\n";
+        for (const RegisterMap::Field& field : reading.description.fields) {
+            text += Padded(std::string(indent) + std::string(field.name), nameWidth) +
+                    FieldText(field, reading) + "\n";
+        }
+    }
+    return text;
+}
+
+std::string RegistersJson(std::span<const RegisterReading> readings, std::string_view board) {
+    QJsonObject report{{"board", BoardValue(board)}};
+    for (const RegisterReading& reading : readings) {
+        report[QString::fromUtf8(reading.description.name)] = JsonOf(reading);
+    }
+    return JsonText(report);
+}
+
+}  // namespace vx3260

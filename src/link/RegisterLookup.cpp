@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/RegisterLookup.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace vx3260::RegisterMap {
+namespace {
+
+template <typename Predicate>
+const RegisterDescription& FindRegister(Predicate predicate) {
+    return *std::find_if(std::begin(ReadableRegisters), std::end(ReadableRegisters), predicate);
+}
+
+}  // namespace
+
+const RegisterDescription& RegisterNamed(std::string_view name) {
+    return FindRegister([name](const RegisterDescription& d) { return d.name == name; });
+}
+
+const RegisterDescription& DescriptionOf(const RegisterAccess& access) {
+    return FindRegister(
+        [&access](const RegisterDescription& d) { return d.access.readByte == access.readByte; });
+}
+
+const Field& FieldNamed(const RegisterDescription& description, std::string_view name) {
+    return *std::find_if(description.fields.begin(), description.fields.end(),
+                         [name](const Field& field) { return field.name == name; });
+}
+
+std::optional<std::string_view> NameOfCode(const Field& field, std::int32_t code) {
+    const auto named = std::find_if(field.values.begin(), field.values.end(),
+                                    [code](const FieldValue& v) { return v.code == code; });
+    return named == field.values.end() ? std::nullopt : std::optional(named->name);
+}
+
+}  // namespace vx3260::RegisterMap

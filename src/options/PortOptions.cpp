@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "options/PortOptions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string_view>
+
+#include "numbers/Conversions.h"
+#include "numbers/RuntimeError.h"
+#include "numbers/WholeNumber.h"
+#include "options/Validators.h"
+#include "ports/FaultyPort.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view faultListName = "list";
+
+constexpr const char* driverMethod = "driver";
+constexpr const char* directMethod = "direct";
+
+std::string FaultList() {
+    std::size_t width = 0;
+    for (const FaultDescription& fault : KnownFaults()) {
+        width = std::max(width, fault.name.size());
+    }
+    std::string list;
+    for (const FaultDescription& fault : KnownFaults()) {
+        list += list.empty() ? "" : "\n";
+        list += std::string(fault.name) + std::string(width - fault.name.size() + 2, ' ') +
+                std::string(fault.text);
+    }
+    return list;
+}
+
+void TakeFaults(const std::vector<std::string>& names, Faults& faults) {
+    for (const std::string& name : names) {
+        if (name == faultListName) {
+            // The parser's way to print a text and end well, whatever else was asked for.
+            throw CLI::CallForVersion(FaultList(), 0);
+        }
+        if (!AddFault(name, faults)) {
+            throw CLI::ValidationError(
+                "--fault", "'" + name + "' is no known fault; --fault list shows them all");
+        }
+    }
+}
+
+/// Decimal, or hexadecimal after "0x": above 0 and within the addresses of 16 bits with a sign.
+std::string RefuseOtherThanAddress(const std::string& text) {
+    const std::optional<std::int64_t> address = WholeNumber(text);
+    const bool fits = address && *address > 0 && *address <= MostDirectAddress;
+    return fits ? ""
+                : "'" + text + "' is no address from 1 to " + std::to_string(MostDirectAddress) +
+                      ", such as 888 or 0x378";
+}
+
+std::string RefuseOtherThanMicroseconds(const std::string& text) {
+    constexpr double most = 1e6;
+    try {
+        const double microseconds = TextToDouble(text);
+        if (microseconds >= 0 && microseconds <= most) {
+            return "";
+        }
+    } catch (const RuntimeError&) {
+        // Refused below, like a number outside the range.
+    }
+    return "'" + text + "' is no number of microseconds from 0 to 1000000";
+}
+
+std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
+    return std::chrono::nanoseconds(std::llround(TextToDouble(microseconds) * 1e3));
+}
+
+void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
+    app.add_option_function<std::string>(
+           "--port-access",
+           [&choice](const std::string& name) {
+               choice.method = name == directMethod ? PortMethod::Direct : PortMethod::Driver;
+           },
+           "How to reach the port: by the system's driver, or directly as the superuser")
+        ->check(CLI::IsMember({driverMethod, directMethod}))
+        ->default_str(driverMethod)
+        ->excludes(simulated);
+    app.add_option("--port", choice.device, "The printer port; without it, the first there is")
+        ->type_name("/dev/parportN")
+        ->excludes(simulated);
+    app.add_option_function<std::string>(
+           "--port-address",
+           [&choice](const std::string& text) {
+               // The options are taken in the order in which they are added.
+               if (choice.method != PortMethod::Direct) {
+                   throw CLI::ValidationError("--port-address", "needs --port-access=direct");
+               }
+               choice.address = static_cast<std::int32_t>(*WholeNumber(text));
+           },
+           "Base address of the port, for direct access")
+        ->type_name("ADDRESS")
+        ->check(CLI::Validator(RefuseOtherThanAddress, ""))
+        ->excludes(simulated);
+}
+
+void AddPollTime(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
+    app.add_option_function<std::string>(
+           "--poll-time",
+           [&choice](const std::string& text) { choice.pollTime = ToPollTime(text); },
+           "Least time of a read of the port: 100000 of them are the limit of a wait for data")
+        ->type_name("US")
+        ->check(CLI::Validator(RefuseOtherThanMicroseconds, ""))
+        ->default_str("4")
+        ->excludes(simulated);
+}
+
+}  // namespace
+
+void AddPortOptions(CLI::App& app, PortChoice& choice) {
+    CLI::Option* const simulated = app.add_flag("--simulated", choice.simulated,
+                                                "Work on the simulated board, without a real one");
+    app.add_option_function<std::vector<std::string>>(
+           "--fault",
+           [&choice](const std::vector<std::string>& names) { TakeFaults(names, choice.faults); },
+           "Give the simulated board's wires a fault; may be repeated. \"list\" shows the faults")
+        ->type_name("NAME")
+        ->allow_extra_args(false)
+        ->needs(simulated);
+    if (RealPortsAreDevices) {
+        AddDeviceOptions(app, choice, simulated);
+    }
+    AddPollTime(app, choice, simulated);
+    app.add_option("--trace", choice.traceFile,
+                   "Write the board's lines and the accesses they carry as a Value Change Dump")
+        ->type_name("FILE.vcd")
+        ->check(NotEmpty());
+}
+
+}  // namespace vx3260
