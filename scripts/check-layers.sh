@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The layers are what add_layer() and add_form_layer() name in the folders' CMakeLists.txt. Fails when
-# a file under src/ includes one of a layer that its own layer does not link, directly or through
-# others, or one of Qt's headers in a layer that does not link Qt; when layers link in a circle; and
-# when the table of floors in docs/ARCHITECTURE.md says otherwise.
+# The layers are what add_layer() and add_form_layer() name in the folders' CMakeLists.txt. Fails
+# when a file under src/ includes one of a layer that its own layer does not link, directly or
+# through others, or one of Qt's headers in a layer that does not link Qt; when layers link in a
+# circle; and when the table of floors in docs/ARCHITECTURE.md says otherwise.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
