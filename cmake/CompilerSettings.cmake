@@ -4,7 +4,7 @@
 add_library(vx3260_settings INTERFACE)
 set(warnings
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
     # GCC 12 reports overlaps in "text" + std::string that do not exist.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_compile_options(vx3260_settings INTERFACE

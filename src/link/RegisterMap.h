@@ -64,9 +64,4 @@ inline constexpr std::int16_t RangeMask = 0x07;
 inline constexpr std::array<float, 8> InputRanges{0.02F, 0.04F, 0.08F, 0.16F,
                                                   0.32F, 0.64F, 1.28F, 2.56F};
 
-/// The input range, in volts, in a value of the main ADC control register.
-constexpr float InputRangeOf(std::int16_t mainControl) {
-    return InputRanges[static_cast<std::size_t>(mainControl & RangeMask)];
-}
-
 }  // namespace vx3260::RegisterMap
