@@ -10,7 +10,7 @@
 #include "analysis/NoiseAnalysis.h"
 #include "app/StartUp.h"
 #include "forms/data/ReadMainDataForm.h"
-#include "platform/MachineSystem.h"
+#include "platform/HostSystem.h"
 #include "ports/SimulatedPort.h"
 
 namespace vx3260::bench {
@@ -31,7 +31,7 @@ struct Bench {
 
     SimulatedPort port;
     NoMessages messages;
-    MachineSystem system{0, nullptr};
+    HostSystem system{0, nullptr};
     ApplicationState state;
     Services services{port, messages, system, state};
 };

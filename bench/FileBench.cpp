@@ -25,7 +25,7 @@ using Codes = std::vector<std::int32_t>;
 
 /// Around mid-scale, as noise is; seven decimal digits or six hexadecimal ones.
 Codes LargestBlock() {
-    Codes codes(MostCodesInBlock);
+    Codes codes(MaxCodesInBlock);
     for (std::size_t i = 0; i < codes.size(); ++i) {
         codes[i] = 8388608 + static_cast<std::int32_t>(i * 7919 % 401) - 200;
     }
@@ -98,7 +98,7 @@ void Load(benchmark::State& state) {
 
 void LoadBare(benchmark::State& state) {
     const BlockFile file(state);
-    Codes codes(MostCodesInBlock);
+    Codes codes(MaxCodesInBlock);
     for (auto _ : state) {
         ParseLoop(file.bytes, file.Base(), codes);
     }
@@ -111,7 +111,7 @@ void LoadPlain(benchmark::State& state) {
         std::string bytes(file.bytes.size(), '\0');
         const auto opened = Open(file.path, "rb");
         Check(std::fread(bytes.data(), 1, bytes.size(), opened.get()) == bytes.size());
-        Codes codes(MostCodesInBlock);
+        Codes codes(MaxCodesInBlock);
         ParseLoop(bytes, file.Base(), codes);
     }
 }
@@ -125,7 +125,7 @@ void Format(benchmark::State& state) {
 
 void FormatBare(benchmark::State& state) {
     const BlockFile file(state);
-    std::string bytes(MostCodesInBlock * longestLine, '\0');
+    std::string bytes(MaxCodesInBlock * longestLine, '\0');
     for (auto _ : state) {
         benchmark::DoNotOptimize(FormatLoop(file.codes, file.Base(), bytes));
     }
@@ -142,7 +142,7 @@ void SavePlain(benchmark::State& state) {
     const BlockFile file(state);
     const std::string temporary = file.path + ".new";
     for (auto _ : state) {
-        std::string bytes(MostCodesInBlock * longestLine, '\0');
+        std::string bytes(MaxCodesInBlock * longestLine, '\0');
         bytes.resize(FormatLoop(file.codes, file.Base(), bytes));
         const auto opened = Open(temporary, "wb");
         Check(std::fwrite(bytes.data(), 1, bytes.size(), opened.get()) == bytes.size());

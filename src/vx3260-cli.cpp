@@ -3,11 +3,11 @@
 
 #include "cli/commands/RunCli.h"
 #include "platform/Console.h"
-#include "platform/MachineSystem.h"
+#include "platform/HostSystem.h"
 
 int main(int argc, char** argv) {
     const vx3260::Console console = vx3260::PrepareConsole();
-    vx3260::MachineSystem system(argc, argv);
+    vx3260::HostSystem system(argc, argv);
     vx3260::CliStreams streams{std::cout, std::cerr};
     streams.readerHasGone = vx3260::OutputReaderHasGone;
     streams.errIsTerminal = console.errIsTerminal;

@@ -13,13 +13,13 @@
 #include "app/ApplicationState.h"
 #include "app/Services.h"
 #include "app/StartUp.h"
-#include "options/ExitCodes.h"
-#include "options/PortOptions.h"
 #include "forms/shell/MainMenuForm.h"
 #include "numbers/FileErrors.h"
+#include "options/ExitCodes.h"
+#include "options/PortOptions.h"
 #include "platform/Console.h"
 #include "platform/EndSignals.h"
-#include "platform/MachineSystem.h"
+#include "platform/HostSystem.h"
 #include "ports/OpenPort.h"
 #include "ui/CloseOnSignal.h"
 #include "ui/Icons.h"
@@ -31,8 +31,8 @@ using namespace vx3260;
 
 constexpr const char* programName = "vx3260-eval";
 
-/// Tells what comes before or after the forms: on the terminal, or where there is none in a box.
-void Tell(const std::string& text, MessageIcon icon, int& argc, char** argv) {
+/// Shows a text before or after the forms: on the terminal, or if there is none in a message box.
+void ShowText(const std::string& text, MessageIcon icon, int& argc, char** argv) {
     const bool isError = icon == MessageIcon::Critical;
     if (Print(isError ? StandardStream::Error : StandardStream::Output, text)) {
         return;
@@ -45,7 +45,7 @@ void Tell(const std::string& text, MessageIcon icon, int& argc, char** argv) {
 /// What the command line asks for.
 struct Request {
     PortChoice port;
-    std::optional<int> exitCode;  ///< the program ends with it, after telling `text`
+    std::optional<int> exitCode;  ///< the program ends with it, after showing `text`
     std::string text;
 };
 
@@ -58,7 +58,7 @@ Request Parse(std::vector<std::string> arguments) {
     app.allow_extras();
     app.allow_windows_style_options(false);  // the same words on every system
     try {
-        // The parser takes its words from the end of the list.
+        // The parser expects its words in reverse order.
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
         for (const std::string& word : app.remaining()) {
@@ -76,11 +76,12 @@ Request Parse(std::vector<std::string> arguments) {
 }
 
 int Run(int& argc, char** argv) {
-    MachineSystem system(argc, argv);
+    HostSystem system(argc, argv);
     const Request request = Parse(system.Arguments());
     if (request.exitCode) {
-        Tell(request.text,
-             *request.exitCode == 0 ? MessageIcon::Information : MessageIcon::Critical, argc, argv);
+        ShowText(request.text,
+                 *request.exitCode == 0 ? MessageIcon::Information : MessageIcon::Critical, argc,
+                 argv);
         return *request.exitCode;
     }
     EndSignals endSignals;
@@ -102,8 +103,8 @@ int Run(int& argc, char** argv) {
 int main(int argc, char** argv) {
     PrepareConsole();
     const auto end = [&](const std::exception& error, ExitCode code) {
-        Tell(std::string(programName) + ": " + error.what() + "\n", MessageIcon::Critical, argc,
-             argv);
+        ShowText(std::string(programName) + ": " + error.what() + "\n", MessageIcon::Critical, argc,
+                 argv);
         return static_cast<int>(code);
     };
     try {

@@ -8,7 +8,7 @@ ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t&
                                  Converter converter)
     : converter_(converter),
       data_(parallelPort, portAddress, TraitsOf(converter).data),
-      twinData_(parallelPort, portAddress, TraitsOf(TwinOf(converter)).data),
+      twinData_(parallelPort, portAddress, TraitsOf(OtherConverter(converter)).data),
       mainControl_(parallelPort, portAddress, RegisterMap::MainControl),
       auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 

@@ -28,7 +28,7 @@ class ConverterReader {
     bool Enabled(Converter converter) const;
 
     bool Enabled() const { return Enabled(converter_); }
-    bool BothEnabled() const { return Enabled() && Enabled(TwinOf(converter_)); }
+    bool BothEnabled() const { return Enabled() && Enabled(OtherConverter(converter_)); }
 
     /// The next code, or ReadTimeout. A time-out of the twin is not looked at.
     std::int32_t ReadCode();

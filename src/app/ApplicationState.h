@@ -11,8 +11,7 @@
 
 namespace vx3260 {
 
-/// What one block of readings consists of. The designed arrays count from 1; here code number i
-/// is codes[i - 1].
+/// One block of readings. Code number i, counted from 1, is codes[i - 1].
 struct CodeBlock {
     std::vector<double>& codes;
     std::int16_t& count;  ///< codes read; never more than codes.size()
@@ -24,9 +23,9 @@ enum class Polarity : std::int16_t { Unset = 0, Unipolar = 1, Bipolar = 2 };
 struct ApplicationState {
     // Port and platform, from start-up.
     std::string WindowsVersionText;
-    std::int16_t IsNtFamily = 0;   ///< 0 or -1
-    std::int32_t PortCount = 0;    ///< stored, never used
-    bool PortClaimFailed = false;  ///< what is read then is no answer of a board
+    std::int16_t IsNtFamily = 0;   ///< 0 or -1; nothing reads it
+    std::int32_t PortCount = 0;    ///< result of GetParallelPortCount; nothing reads it
+    bool PortClaimFailed = false;  ///< what is read then does not come from a board
     std::int16_t PortAddress = 0;  ///< base I/O address; read afresh at every chip access
     std::array<bool, PrinterPorts.size()> PrinterPortEnabled{true, true, true};
 
@@ -34,7 +33,7 @@ struct ApplicationState {
     /// nothing.
     std::int16_t FormLoading = 0;
 
-    // Each register as the form that presents it read it last.
+    // Each register as last read by the form that presents it.
     std::int16_t ModeRegisterValue = 0;
     std::int16_t MainControlValue = 0;
     std::int16_t AuxControlValue = 0;

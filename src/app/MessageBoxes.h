@@ -14,13 +14,13 @@ enum class MessageAnswer { Ok, Yes, No };
 /// One message box. Texts are UTF-8; a line may be broken by CR LF or by a lone CR.
 struct Message {
     std::string text;
-    MessageIcon icon = MessageIcon::None;  ///< Exclamation makes No the answer to a careless Enter
+    MessageIcon icon = MessageIcon::None;  ///< with Exclamation, No is the default answer
     MessageButtons buttons = MessageButtons::Ok;
     std::string title{ApplicationTitle};
     std::string detail{};  ///< further help under the text; may be empty
 };
 
-/// The forms' way to ask and to tell.
+/// How forms show messages and ask questions.
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;

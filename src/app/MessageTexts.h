@@ -7,8 +7,7 @@
 
 #include "app/MessageBoxes.h"
 
-/// The fixed texts of messages, those of the forms to the letter. Some appear in the command line's
-/// messages too.
+/// The fixed texts of messages that the forms and the command line share.
 namespace vx3260::MessageTexts {
 
 /// The two spellings of the one message are intentional; each register form states which it uses.

@@ -8,7 +8,7 @@
 
 namespace vx3260 {
 
-/// What the Windows version query answers. Another system answers platform 0.
+/// The result of the Windows version query. Other systems give platform 0.
 struct SystemVersion {
     std::int32_t platform = 0;  ///< 1 is the Windows 95 family, 2 the NT family
     std::int32_t major = 0;

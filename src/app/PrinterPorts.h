@@ -18,7 +18,7 @@ inline constexpr std::array<PrinterPort, 3> PrinterPorts{{
     {"MnuPRN", 956},
 }};
 
-/// The address that is taken for granted on Windows 95 and 98.
+/// The fixed address on Windows 95 and 98.
 inline constexpr std::int16_t DefaultPortAddress = PrinterPorts[0].address;
 
 }  // namespace vx3260

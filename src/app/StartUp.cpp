@@ -24,9 +24,9 @@ struct VersionName {
     std::string_view name;
 };
 
-/// Told apart by the minor version.
+/// By minor version.
 constexpr VersionName windows95Family[] = {{0, "Windows 95"}, {10, "Windows 98"}};
-/// Told apart by the major version.
+/// By major version.
 constexpr VersionName windowsNtFamily[] = {
     {3, "Windows NT 3.51"}, {4, "Windows NT 4.0"}, {5, "Windows 2000"}};
 
@@ -50,7 +50,7 @@ void ClaimPort(Services& services) {
     }
 }
 
-/// Only the item of the port that was found stays enabled; an add-in card's address leaves all.
+/// Only the item of the port that was found stays enabled; with an add-in card's address, all do.
 void EnableMatchingPort(ApplicationState& state) {
     const auto matches = [&state](const PrinterPort& p) { return p.address == state.PortAddress; };
     if (std::none_of(PrinterPorts.begin(), PrinterPorts.end(), matches)) {

@@ -13,7 +13,7 @@ namespace vx3260 {
 /// "Windows 2000"; empty for another version of the two families, "Failed" for another system.
 std::string GetWindowsVersion(OperatingSystem& system);
 
-/// Whether the command line holds "/SS" in any case, be it inside a word.
+/// Whether the command line holds "/SS" in any case, even inside a word.
 bool StatusRequested(OperatingSystem& system);
 
 /// Whether a text holds "/SS" in any case.
@@ -30,7 +30,7 @@ void SetUpPort(Services& services, bool statusRequested);
 /// All that comes before the first window: SetUpPort, then a reference voltage of 2.5 V.
 void StartUp(Services& services, bool statusRequested);
 
-/// The same with the status where StatusRequested.
+/// The same, showing the status if StatusRequested.
 void StartUp(Services& services);
 
 }  // namespace vx3260

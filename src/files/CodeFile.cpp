@@ -21,14 +21,14 @@ namespace vx3260 {
 namespace {
 
 /// 128 bytes for each of the lines that a block can have.
-constexpr std::size_t mostBytesOfCodes = (MostCodesInBlock + 1) * 128;
+constexpr std::size_t maxBytesOfCodes = (MaxCodesInBlock + 1) * 128;
 
 [[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
                               const std::string& reason) {
     throw FileAccessError("cannot " + std::string(what) + " " + std::string(name) + ": " + reason);
 }
 
-/// Qt forgets the reason where a file cannot get its name; the system's is still there.
+/// Qt drops the reason when a file cannot be given its name; errno still holds it.
 std::string ReasonOf(const QFileDevice& file) {
     const int error = errno;
     const bool forgotten =
@@ -42,10 +42,10 @@ std::string ReasonOf(const QFileDevice& file) {
     ThrowCannot(what, name, ReasonOf(file));
 }
 
-/// What a file says of its size is only a hint: a pipe says 0, and a file may grow.
-std::size_t ChunkSize(const QFile& file, std::size_t mostBytes) {
+/// The reported size is only a hint: it is 0 for a pipe, and a file may grow.
+std::size_t ChunkSize(const QFile& file, std::size_t maxBytes) {
     constexpr std::size_t least = std::size_t{1} << 16U;
-    return std::clamp(static_cast<std::size_t>(file.size()) + 1, least, mostBytes + 1);
+    return std::clamp(static_cast<std::size_t>(file.size()) + 1, least, maxBytes + 1);
 }
 
 std::string ReadBounded(QFile& file, const std::string& name, const SizeLimit& limit) {
@@ -71,7 +71,7 @@ std::string ReadBounded(QFile& file, const std::string& name, const SizeLimit& l
     return bytes;
 }
 
-/// Unbuffered: QSaveFile would commit a file whose last buffer did not fit on the disk.
+/// Unbuffered: QSaveFile would commit a file although its last buffer did not fit on the disk.
 void OpenForSaving(QSaveFile& file, const std::string& path) {
     file.setDirectWriteFallback(false);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
@@ -79,7 +79,7 @@ void OpenForSaving(QSaveFile& file, const std::string& path) {
     }
 }
 
-/// Writes go on after a part has been taken: the next one tells why no more was.
+/// Repeats partial writes: the next write reports why the rest was not accepted.
 void WriteAll(QFileDevice& file, std::string_view text, std::string_view name) {
     while (!text.empty()) {
         const qint64 taken = file.write(text.data(), static_cast<qint64>(text.size()));
@@ -108,8 +108,8 @@ void SaveWhole(const std::string& path, std::string_view bytes) {
     }
 }
 
-/// Into a new file, with this name and some letters more; whoever may read the file of this name
-/// may read that one too. Returns its path.
+/// Writes a new file with random letters appended to this name, and with the permissions of the
+/// file of this name. Returns its path.
 std::string SaveNew(const QString& path, std::string_view bytes) {
     const std::string name = path.toStdString();
     QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
@@ -133,8 +133,8 @@ std::string SaveNew(const QString& path, std::string_view bytes) {
     return saved;
 }
 
-/// Into a new file beside this one, or in the folder for temporary files where that fails. Returns
-/// its path. The message is about the first place, which the user knows.
+/// Writes a new file beside this one, or in the temporary folder if that fails. Returns its path.
+/// The message is about the first place, which the user knows.
 std::string SaveBeside(const std::string& path, std::string_view bytes) {
     const QString name = QString::fromStdString(path);
     std::optional<FileAccessError> failure;
@@ -159,8 +159,8 @@ std::string KeptText(const std::string& path, std::string_view bytes) {
     }
 }
 
-/// A block may have taken minutes to read: it is not lost where a place that could be written
-/// before cannot be any more, as when another program has opened the file.
+/// A block may have taken minutes to read, so it must not be lost when a place that was writable
+/// before is not any more, for example because another program has opened the file.
 void SaveSomewhere(const std::string& path, std::string_view bytes) {
     try {
         SaveWhole(path, bytes);
@@ -178,10 +178,10 @@ QString WithRealFolder(const QString& path) {
 /// The names of open files may lead to one on a disk, but its replacement would not be open. Links
 /// are followed one by one: one of them may lead through such a name.
 bool NamesOpenFile(QString path) {
-    constexpr int mostLinks = 40;
+    constexpr int maxLinks = 40;
     const QString prefixes[] = {QStringLiteral("/dev/fd/"), QStringLiteral("/dev/std"),
                                 QStringLiteral("/proc/")};
-    for (int links = 0; links < mostLinks; ++links) {
+    for (int links = 0; links < maxLinks; ++links) {
         path = WithRealFolder(path);
         if (std::any_of(std::begin(prefixes), std::end(prefixes),
                         [&path](const QString& prefix) { return path.startsWith(prefix); })) {
@@ -202,7 +202,7 @@ bool IsWrittenDirectly(const std::string& path) {
            (info.exists() && !info.isFile() && !info.isDir());
 }
 
-/// On Windows a file of such a name would be the device, in any folder and with any ending.
+/// Windows maps these names to devices, in every folder and with every extension.
 void CheckNameIsFree(const std::string& path) {
     static const QRegularExpression keptNames(QStringLiteral("^(con|prn|aux|nul|(com|lpt)[1-9])$"),
                                               QRegularExpression::CaseInsensitiveOption);
@@ -212,7 +212,7 @@ void CheckNameIsFree(const std::string& path) {
     }
 }
 
-/// Where the device turns out to be a file, nothing of it is cut off.
+/// Appends to a file that is reached by the name of an open one, so that nothing of it is lost.
 std::unique_ptr<QFile> OpenDevice(const std::string& path) {
     auto device = std::make_unique<QFile>(QString::fromStdString(path));
     const auto how = QFileInfo(*device).isFile() ? QIODevice::Append : QIODevice::Truncate;
@@ -252,22 +252,23 @@ std::string LoadStandardInput(const SizeLimit& limit) {
     return ReadBounded(file, name, limit);
 }
 
-void CheckIsNoDevice(const std::string& path) {
+void CheckIsNotDevice(const std::string& path) {
     CheckNameIsFree(path);
     if (IsWrittenDirectly(path)) {
-        throw FileAccessError(path + " is a pipe, a device or an open file, no file of its own");
+        throw FileAccessError(
+            path + " is a pipe, a device or the name of an open file, not a regular file");
     }
 }
 
 void ReplaceFile(const std::string& path, std::string_view bytes) {
-    CheckIsNoDevice(path);
+    CheckIsNotDevice(path);
     SaveWhole(path, bytes);
 }
 
 ParsedCodes LoadCodes(const std::string& path, Notation notation) {
     const std::string reason =
-        "a data file has at most " + std::to_string(MostCodesInBlock) + " lines of one code each";
-    return ParseCodes(LoadBytes(path, {mostBytesOfCodes, reason}), notation, path);
+        "a data file has at most " + std::to_string(MaxCodesInBlock) + " lines of one code each";
+    return ParseCodes(LoadBytes(path, {maxBytesOfCodes, reason}), notation, path);
 }
 
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name) {
@@ -285,8 +286,8 @@ CodeWriter::CodeWriter(std::string path) : name_(std::move(path)) {
         device_ = OpenDevice(name_);
         return;
     }
-    // Tried out and dropped again: a file kept open here would leave its temporary file behind
-    // when the program is killed during the reading.
+    // Only tried: if it stayed open, a program that is killed during the reading would leave its
+    // temporary file behind.
     QSaveFile file(QString::fromStdString(name_));
     OpenForSaving(file, name_);
     file.cancelWriting();

@@ -15,26 +15,26 @@
 
 namespace vx3260 {
 
-/// How much a file of some kind can hold, so that a pipe may be endless.
+/// The maximum size of a kind of file. Also protects against an endless pipe.
 struct SizeLimit {
     std::size_t bytes;
     std::string_view reason;  ///< ends the message about a file beyond that
 };
 
 /// The bytes of a file. Throws FileAccessError, or BadDataError for a file beyond the limit. Waits
-/// for whoever feeds a pipe or a device, as other programs do, but for no regular file.
+/// for data from a pipe or a device, but never for a regular file.
 std::string LoadBytes(const std::string& path, const SizeLimit& limit);
 
-/// The same of what the process is fed with, to its end.
+/// The same for standard input, up to its end.
 std::string LoadStandardInput(const SizeLimit& limit);
 
-/// For a user who chose the name of a file: throws FileAccessError for a pipe or a device, which
-/// may hold up the program for good, for a name of an open file (/dev/fd/3), and on Windows for a
-/// name that it keeps for a device (aux.dat).
-void CheckIsNoDevice(const std::string& path);
+/// Checks a file name that the user chose. Throws FileAccessError for a pipe or a device, which may
+/// block the program for ever, for the name of an open file (/dev/fd/3), and on Windows for a name
+/// that is mapped to a device (aux.dat).
+void CheckIsNotDevice(const std::string& path);
 
-/// Replaces a file as a whole by these bytes, which are on the disk then, or leaves it as it was; a
-/// link to it stays a link. Throws FileAccessError, also where CheckIsNoDevice does.
+/// Replaces a file atomically by these bytes, which are on the disk then, or leaves it as it was; a
+/// link to it stays a link. Throws FileAccessError, also when CheckIsNotDevice does.
 void ReplaceFile(const std::string& path, std::string_view bytes);
 
 /// The codes in a file; its contents are those of ParseCodes. Paths are UTF-8. Reads no more than
@@ -47,8 +47,8 @@ void WriteToStream(std::ostream& stream, std::string_view text, std::string_view
 
 /// A place for one block of codes, tried out before there are any: a reading may take minutes.
 ///
-/// A file is replaced as ReplaceFile does. What is no file on a disk (a pipe, a device) or named as
-/// an open file is written directly.
+/// A file is replaced as ReplaceFile does. A pipe, a device or the name of an open file is written
+/// directly.
 class CodeWriter {
   public:
     /// Throws FileAccessError when the file cannot be written there. Creates none yet.
@@ -66,9 +66,8 @@ class CodeWriter {
     /// letters added to its name, or in the folder for temporary files.
     void Write(std::span<const std::int32_t> codes, Notation notation);
 
-    /// The same for a reading that did not get to its end, whose codes do not replace a file that
-    /// is there now: they go into a new one, as above. Returns the path that was written, or
-    /// Name().
+    /// The same for a reading that did not complete. An existing file is not replaced: the codes go
+    /// to a new one, as above. Returns the path that was written, or Name().
     std::string WriteIncomplete(std::span<const std::int32_t> codes, Notation notation);
 
     /// The place, as messages name it.

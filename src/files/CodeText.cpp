@@ -11,7 +11,7 @@ namespace vx3260 {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::ptrdiff_t mostHexDigits = 8;
+constexpr std::ptrdiff_t maxHexDigits = 8;
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r';
@@ -21,7 +21,7 @@ bool IsPrintable(char c) {
     return c >= ' ' && c <= '~';
 }
 
-/// Bytes above 127 may be a text in some encoding; these are in no text at all.
+/// Control characters never occur in a text. Bytes above 127 may, in some encoding.
 bool IsBinary(char c) {
     return (c >= '\0' && c < ' ' && !IsBlank(c)) || c == '\x7F';
 }
@@ -33,10 +33,10 @@ std::string_view WithoutBlanks(std::string_view line) {
 }
 
 std::string Quoted(std::string_view text) {
-    constexpr std::size_t mostShown = 40;
+    constexpr std::size_t maxShown = 40;
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string quoted = "\"";
-    for (const char c : text.substr(0, mostShown)) {
+    for (const char c : text.substr(0, maxShown)) {
         const auto byte = static_cast<unsigned char>(c);
         if (IsPrintable(c)) {
             quoted += c;
@@ -44,7 +44,7 @@ std::string Quoted(std::string_view text) {
             quoted += {'\\', 'x', digits[byte >> 4U], digits[byte & 0x0FU]};
         }
     }
-    return quoted + (text.size() > mostShown ? "...\"" : "\"");
+    return quoted + (text.size() > maxShown ? "...\"" : "\"");
 }
 
 std::string_view NotationName(Notation notation) {
@@ -65,11 +65,11 @@ ParsedCode ParseCode(const char* first, const char* last, Notation notation, std
     std::uint32_t bits = 0;
     const auto result = std::from_chars(first, last, bits, 16);
     code = static_cast<std::int32_t>(bits);
-    const bool tooLong = result.ec == std::errc() && result.ptr - first > mostHexDigits;
+    const bool tooLong = result.ec == std::errc() && result.ptr - first > maxHexDigits;
     return {result.ptr, tooLong ? std::errc::result_out_of_range : result.ec};
 }
 
-/// Goes through a text once. What is wrong with a line is looked into only when it is no code.
+/// Parses in one pass. The cause of a fault is only determined for a line that is not a code.
 class CodeParser {
   public:
     CodeParser(std::string_view text, Notation notation, std::string_view source)
@@ -80,7 +80,7 @@ class CodeParser {
 
     std::vector<std::int32_t> Parse() {
         std::vector<std::int32_t> codes;
-        codes.reserve(MostCodesInBlock);
+        codes.reserve(MaxCodesInBlock);
         for (; position_ != end_; ++line_) {
             const char* const lineStart = position_;
             SkipBlanks();
@@ -88,8 +88,8 @@ class CodeParser {
                 SkipBlankLines();
                 break;
             }
-            if (codes.size() == MostCodesInBlock) {
-                Refuse("more than the " + std::to_string(MostCodesInBlock) +
+            if (codes.size() == MaxCodesInBlock) {
+                Refuse("more than the " + std::to_string(MaxCodesInBlock) +
                        " codes that a block can have");
             }
             codes.push_back(CodeOfLine(lineStart));
@@ -116,7 +116,7 @@ class CodeParser {
         }
     }
 
-    /// Blank lines may only end the text.
+    /// Empty lines are accepted at the end of the text only.
     void SkipBlankLines() {
         const auto isBlankOrLineEnd = [](char c) { return c == '\n' || IsBlank(c); };
         if (!std::all_of(position_, end_, isBlankOrLineEnd)) {
@@ -144,7 +144,7 @@ class CodeParser {
         if (error == std::errc::result_out_of_range && AtLineEnd()) {
             Refuse(code + " does not fit into 32 bits");
         }
-        Refuse(code + " is no " + std::string(NotationName(notation_)) + " code");
+        Refuse(code + " is not a " + std::string(NotationName(notation_)) + " code");
     }
 
     [[noreturn]] void Refuse(const std::string& reason) const {

@@ -12,27 +12,27 @@
 
 namespace vx3260 {
 
-/// How a code is written: decimal with a leading blank when it is not negative (" 8388608", "-5"),
+/// How a code is written: decimal with a leading space when it is not negative (" 8388608", "-5"),
 /// or upper-case hexadecimal without prefix or leading zeros, a negative code as the eight digits
 /// of its two's complement.
 enum class Notation { Decimal, Hexadecimal };
 
 /// A block's count is a 16-bit number.
-inline constexpr std::size_t MostCodesInBlock = 32767;
+inline constexpr std::size_t MaxCodesInBlock = 32767;
 
-/// A block of codes as a text has them.
+/// A block of codes parsed from a text.
 struct ParsedCodes {
     std::vector<std::int32_t> codes;
-    std::string warning;  ///< what makes the text suspicious, for the user; empty for nothing
+    std::string warning;  ///< why the text is suspicious, for the user; empty if it is not
 };
 
-/// The codes in a text, one a line. Blanks around a code, CR LF line ends, a UTF-8 byte-order mark,
-/// a missing last line end and blank lines at the very end are accepted, lower-case digits too.
+/// The codes in a text, one per line. Accepts spaces around a code, CR LF line ends, a UTF-8
+/// byte-order mark, a missing last line end, empty lines at the end, and lower-case digits.
 /// Decimal codes are -2147483648 to 2147483647; hexadecimal ones have one to eight digits, of
 /// which 80000000 to FFFFFFFF are negative. Warns of a missing last line end: where a file was cut
 /// off, its last code may lack digits.
 /// Throws BadDataError, with `source` as the name of the text, for anything else and for less than
-/// one or more than MostCodesInBlock codes.
+/// one or more than MaxCodesInBlock codes.
 ParsedCodes ParseCodes(std::string_view text, Notation notation, std::string_view source);
 
 /// The codes as text, one a line, each line ended by LF.

@@ -12,7 +12,7 @@
 namespace vx3260 {
 namespace {
 
-/// Some settings make one of these all 0 or all 1, but none does that to all of them.
+/// Valid settings can make one of these all 0 or all 1, but never all four.
 constexpr RegisterMap::RegisterAccess checkedRegisters[] = {
     RegisterMap::Mode, RegisterMap::MainControl, RegisterMap::AuxControl, RegisterMap::Filter};
 constexpr std::int32_t allOnes = 0xFF;
@@ -21,7 +21,7 @@ constexpr std::int32_t allOnes = 0xFF;
 /// and the channel one that connects nothing, or an input.
 constexpr std::int32_t patterns[] = {0x51, 0x28};
 
-/// A loose contact does not spoil every word.
+/// Repeated, because a loose contact does not corrupt every word.
 constexpr int rounds = 16;
 
 class Checker {

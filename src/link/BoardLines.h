@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-/// How the evaluation board's lines lie on the printer port. The one place that spells the masks.
+/// The evaluation board's lines on the printer port. The only place that defines these masks.
 namespace vx3260::BoardLines {
 
 /// The port's three registers, counted from its base address.
@@ -22,7 +22,7 @@ inline constexpr std::int16_t HeldHigh = 0x10;  ///< 1 in every pattern
 inline constexpr std::int16_t Dout = 0x10;      ///< serial data from the chip
 inline constexpr std::int16_t NotReady = 0x40;  ///< RDY, 0 while a result is waiting
 
-/// What a read gives where nothing drives the lines.
+/// The value of a read when nothing drives the lines.
 inline constexpr std::int16_t Undriven = 0xFF;
 
 /// The data register's four patterns; the clock rests high with data 0.

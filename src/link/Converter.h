@@ -8,7 +8,7 @@
 
 namespace vx3260 {
 
-/// The chip's two converters: twins that differ in the table below.
+/// The chip's two converters. The table below lists what differs between them.
 enum class Converter { Main, Aux };
 
 struct ConverterTraits {
@@ -25,7 +25,7 @@ constexpr const ConverterTraits& TraitsOf(Converter converter) {
     return converter == Converter::Main ? MainTraits : AuxTraits;
 }
 
-constexpr Converter TwinOf(Converter converter) {
+constexpr Converter OtherConverter(Converter converter) {
     return converter == Converter::Main ? Converter::Aux : Converter::Main;
 }
 

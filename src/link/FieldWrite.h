@@ -8,7 +8,7 @@
 
 namespace vx3260 {
 
-/// A register before, as it should be, and as it was read back.
+/// The contents of a register before a write, as written, and as read back.
 struct FieldWrite {
     std::int32_t before;
     std::int32_t wanted;
@@ -17,9 +17,9 @@ struct FieldWrite {
     bool Verified() const { return readBack == wanted; }
 };
 
-/// Reads the register, changes one field, writes the whole back and reads it again. The chip gives
-/// no acknowledgement: the comparison of the last two is the only one there is. What was written
-/// stays in place either way.
+/// Reads the register, changes one field, writes the register and reads it back. The chip gives no
+/// acknowledgement, so comparing the last two is the only verification. The written value stays in
+/// place either way.
 FieldWrite WriteField(Register& reg, const RegisterMap::Field& field, std::int32_t code);
 
 /// The same for a register that has just been read as `before`.

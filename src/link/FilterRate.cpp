@@ -23,7 +23,7 @@ double UpdateRateOf(std::int32_t filterWord) {
 
 std::int32_t FilterWordFor(std::int16_t hertz) {
     const auto word = static_cast<std::int32_t>(std::floor(clockHertz / (hertz * cyclesPerCount)));
-    return std::clamp(word, LeastFilterWord, MostFilterWord);
+    return std::clamp(word, MinFilterWord, MaxFilterWord);
 }
 
 }  // namespace vx3260

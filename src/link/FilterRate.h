@@ -5,15 +5,15 @@
 
 namespace vx3260 {
 
-inline constexpr std::int32_t LeastFilterWord = 13;
-inline constexpr std::int32_t MostFilterWord = 255;
+inline constexpr std::int32_t MinFilterWord = 13;
+inline constexpr std::int32_t MaxFilterWord = 255;
 
 /// Update rate in hertz of a filter word, 1 to 255: 32768 / (word x 24), of the chip's 32768 Hz
 /// clock. Throws OverflowError for 0.
 double UpdateRateOf(std::int32_t filterWord);
 
 /// The filter word for an update rate in whole hertz, 1 or more: the largest whose rate is not
-/// below it, limited to LeastFilterWord and MostFilterWord.
+/// below it, limited to MinFilterWord and MaxFilterWord.
 std::int32_t FilterWordFor(std::int16_t hertz);
 
 }  // namespace vx3260

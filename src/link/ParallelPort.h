@@ -6,15 +6,15 @@
 
 namespace vx3260 {
 
-/// What GetParallelPortInfo is handed and fills in: three 32-bit words.
+/// The record that GetParallelPortInfo fills in: three 32-bit words.
 struct ParallelPortInfo {
     std::int32_t size = 12;    ///< bytes of the record; set by the caller
     std::int32_t address = 0;  ///< base I/O address of the port
     std::int32_t reserved = 0;
 };
 
-/// The printer port: one seam between the program and whatever stands in for the wires. The
-/// operations are those of the port library the program was designed around.
+/// The printer port: the seam between the program and whatever carries the wires. The operations
+/// are those of the port library parllio.
 class ParallelPort {
   public:
     virtual ~ParallelPort() = default;
@@ -29,14 +29,14 @@ class ParallelPort {
     /// Fills in the base address of port `portNumber`. Zero on failure.
     virtual std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) = 0;
 
-    /// Why the operation that failed last did, and what to do about it, for a person; several lines
-    /// at most. Empty where nothing failed or nothing is known.
+    /// Why the last operation that failed did so, and what the user can do about it; a few lines.
+    /// Empty if none failed or the reason is unknown.
     virtual std::string FailureDetail() const { return {}; }
 
     /// Writes the low 8 bits of `value` to an I/O address. Reports no errors.
     virtual void OutByte(std::int16_t address, std::int16_t value) = 0;
 
-    /// Reads an I/O address; only the low 8 bits mean anything. Reports no errors.
+    /// Reads an I/O address; only the low 8 bits are significant. Reports no errors.
     virtual std::int16_t InByte(std::int16_t address) = 0;
 
   protected:

@@ -9,8 +9,7 @@
 namespace vx3260 {
 
 /// One chip register that can be read and written. The properties only store; the operations use
-/// the port address in force at the moment of the call. No operation can tell whether a board is
-/// there.
+/// the port address in force at the moment of the call. No operation detects a missing board.
 class Register {
   public:
     /// Both references must outlive the object. All properties start at zero.

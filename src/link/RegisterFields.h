@@ -13,11 +13,11 @@ namespace vx3260::RegisterMap {
 
 /// One setting of a field.
 struct FieldValue {
-    std::int32_t code;      ///< what stands in the field's bits
+    std::int32_t code;      ///< contents of the field's bits
     std::string_view name;  ///< as the command line names it
 };
 
-/// Some neighbouring bits of a register.
+/// A group of adjacent bits of a register.
 struct Field {
     std::string_view name;   ///< as the command line names it
     std::string_view title;  ///< for a person

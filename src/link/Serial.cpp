@@ -12,8 +12,8 @@ namespace {
 
 /// A word is carried in 31 bits and a sign.
 void CheckBitCount(std::int16_t bits) {
-    constexpr std::int16_t mostBits = 31;
-    if (bits > mostBits) {
+    constexpr std::int16_t maxBits = 31;
+    if (bits > maxBits) {
         throw OverflowError();
     }
 }

@@ -43,7 +43,7 @@ std::int32_t ToInt32(double value) {
 
 double TextToDouble(std::string_view text) {
     std::string_view digits = WithoutBlanks(text);
-    // from_chars knows no plus sign, but does know "inf" and "nan", which are no numbers here.
+    // from_chars knows no plus sign, but does know "inf" and "nan", which are refused here.
     if (digits.starts_with('+') && !digits.starts_with("+-")) {
         digits.remove_prefix(1);
     }

@@ -14,7 +14,7 @@ std::int16_t ToInt16(double value);
 /// Throws OverflowError when the rounded value is outside -2147483648 to 2147483647.
 std::int32_t ToInt32(double value);
 
-/// The decimal number a text stands for: blanks around it, a sign, digits, "." as the decimal
+/// The decimal number a text stands for: spaces around it, a sign, digits, "." as the decimal
 /// point in every locale, an exponent. Throws TypeMismatchError for any other text and
 /// OverflowError for a number beyond double precision.
 double TextToDouble(std::string_view text);

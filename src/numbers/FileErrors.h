@@ -11,8 +11,8 @@ class FileAccessError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A text that is not what it is read as, such as a block of codes. The message names where it came
-/// from, the line and the reason.
+/// A text that is not in the expected format, such as a block of codes. The message names the
+/// source, the line and the reason.
 class BadDataError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;

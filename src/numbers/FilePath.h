@@ -7,12 +7,12 @@
 
 namespace vx3260 {
 
-/// A path as the program has them, UTF-8 on every system, for the standard library.
+/// Converts a path, UTF-8 on every system in this program, for the standard library.
 inline std::filesystem::path FilePath(std::string_view utf8) {
     return {std::u8string(utf8.begin(), utf8.end())};
 }
 
-/// Whether two names lead to one file, be it there already or not.
+/// Whether two paths name the same file, which need not exist yet.
 inline bool SameFile(std::string_view one, std::string_view other) {
     std::error_code error;
     if (std::filesystem::equivalent(FilePath(one), FilePath(other), error)) {

@@ -124,12 +124,12 @@ std::string CountText(std::int64_t count, std::string_view noun) {
 }
 
 std::int32_t HexLiteral(std::string_view text) {
-    constexpr std::size_t mostDigits = 8;
+    constexpr std::size_t maxDigits = 8;
     constexpr std::size_t digitsOf16Bits = 4;
     std::uint32_t bits = 0;
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, bits, 16);
-    if (text.size() > mostDigits || result.ec != std::errc() || result.ptr != end) {
+    if (text.size() > maxDigits || result.ec != std::errc() || result.ptr != end) {
         throw TypeMismatchError();
     }
     if (text.size() <= digitsOf16Bits) {
@@ -155,16 +155,16 @@ std::string FormatNumber(double value, std::string_view format) {
     const std::string_view places =
         pointAt == std::string_view::npos ? std::string_view{} : format.substr(pointAt + 1);
     const auto firstZero = std::min(wholePlaces.find('0'), wholePlaces.size());
-    const auto leastWhole = wholePlaces.size() - firstZero;
-    const auto leastFraction = places.find_last_of('0') + 1;
+    const auto minWhole = wholePlaces.size() - firstZero;
+    const auto minFraction = places.find_last_of('0') + 1;
 
     Decimal number = ToDecimal(std::abs(value));
     RoundHalfAwayFromZero(number, static_cast<int>(places.size()));
     std::string whole = WholePart(number);
     std::string fraction = FractionPart(number);
     const bool zero = whole.empty() && fraction.empty();
-    whole.insert(0, leastWhole - std::min(leastWhole, whole.size()), '0');
-    fraction.resize(std::max(leastFraction, fraction.size()), '0');
+    whole.insert(0, minWhole - std::min(minWhole, whole.size()), '0');
+    fraction.resize(std::max(minFraction, fraction.size()), '0');
 
     std::string text = value < 0 && !zero ? "-" : "";
     text += whole;

@@ -28,7 +28,7 @@ std::string CountText(std::int64_t count, std::string_view noun);
 
 /// The number that one to eight hexadecimal digits stand for, counted as typed: up to four are a
 /// signed 16-bit value (8000 is -32768), five and more a signed 32-bit one. Throws
-/// TypeMismatchError for any other text: nothing, a sign, a blank, a ninth digit.
+/// TypeMismatchError for any other text: an empty one, a sign, a space, a ninth digit.
 std::int32_t HexLiteral(std::string_view text);
 
 /// The shortest decimal text that reads back as the same single-precision number: 0.02 is "0.02".

@@ -6,8 +6,8 @@
 
 namespace vx3260 {
 
-/// Between UTF-8, the program's texts and paths, and UTF-16, those of Windows. What is no proper
-/// text becomes U+FFFD.
+/// Conversions between UTF-8, used in the program, and UTF-16, used by Windows. Invalid sequences
+/// become U+FFFD.
 std::wstring ToWide(std::string_view text);
 std::string ToUtf8(std::wstring_view text);
 

@@ -7,7 +7,7 @@
 
 namespace vx3260 {
 
-/// How the process ends; scripts tell the cases apart by it.
+/// The exit codes of the process, by which scripts distinguish the cases.
 enum class ExitCode : int {
     Success = 0,
     UnexpectedError = 1,
@@ -32,7 +32,8 @@ inline constexpr std::array ExitCodeTexts{
     ExitCodeText{ExitCode::Success, "success"},
     ExitCodeText{ExitCode::UnexpectedError, "unexpected error"},
     ExitCodeText{ExitCode::WrongCommandLine, "wrong command line"},
-    ExitCodeText{ExitCode::BadDataFile, "a file is no data file or script, or cannot be analysed"},
+    ExitCodeText{ExitCode::BadDataFile,
+                 "a file is not a data file or script, or cannot be analysed"},
     ExitCodeText{ExitCode::NoAnswer, "no printer port, or no answer from the board"},
     ExitCodeText{ExitCode::ConverterDisabled, "the converter is disabled"},
     ExitCodeText{ExitCode::CountRefused, "too few or too many codes for an analysis"},

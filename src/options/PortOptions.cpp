@@ -34,15 +34,15 @@ std::string FaultList() {
     return list;
 }
 
-void TakeFaults(const std::vector<std::string>& names, Faults& faults) {
+void AddFaults(const std::vector<std::string>& names, Faults& faults) {
     for (const std::string& name : names) {
         if (name == faultListName) {
-            // The parser's way to print a text and end well, whatever else was asked for.
+            // Makes the parser print a text and end with success, whatever else was given.
             throw CLI::CallForVersion(FaultList(), 0);
         }
         if (!AddFault(name, faults)) {
             throw CLI::ValidationError(
-                "--fault", "'" + name + "' is no known fault; --fault list shows them all");
+                "--fault", "'" + name + "' is not a known fault; --fault list shows them all");
         }
     }
 }
@@ -50,9 +50,9 @@ void TakeFaults(const std::vector<std::string>& names, Faults& faults) {
 /// Decimal, or hexadecimal after "0x": above 0 and within the addresses of 16 bits with a sign.
 std::string RefuseOtherThanAddress(const std::string& text) {
     const std::optional<std::int64_t> address = WholeNumber(text);
-    const bool fits = address && *address > 0 && *address <= MostDirectAddress;
+    const bool fits = address && *address > 0 && *address <= MaxDirectAddress;
     return fits ? ""
-                : "'" + text + "' is no address from 1 to " + std::to_string(MostDirectAddress) +
+                : "'" + text + "' is not an address from 1 to " + std::to_string(MaxDirectAddress) +
                       ", such as 888 or 0x378";
 }
 
@@ -66,7 +66,7 @@ std::string RefuseOtherThanMicroseconds(const std::string& text) {
     } catch (const RuntimeError&) {
         // Refused below, like a number outside the range.
     }
-    return "'" + text + "' is no number of microseconds from 0 to 1000000";
+    return "'" + text + "' is not a number of microseconds from 0 to 1000000";
 }
 
 std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
@@ -119,7 +119,7 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
                                                 "Work on the simulated board, without a real one");
     app.add_option_function<std::vector<std::string>>(
            "--fault",
-           [&choice](const std::vector<std::string>& names) { TakeFaults(names, choice.faults); },
+           [&choice](const std::vector<std::string>& names) { AddFaults(names, choice.faults); },
            "Give the simulated board's wires a fault; may be repeated. \"list\" shows the faults")
         ->type_name("NAME")
         ->allow_extra_args(false)

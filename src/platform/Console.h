@@ -7,10 +7,10 @@
 
 namespace vx3260 {
 
-/// The terminal that a command was started in.
+/// The terminal in which a command was started.
 struct Console {
     bool errIsTerminal = false;
-    std::size_t outWidth = 0;          ///< characters of a line; 0 where the output is no terminal
+    std::size_t outWidth = 0;          ///< characters in a line; 0 if the output is not a terminal
     std::shared_ptr<void> restorer{};  ///< leaves the terminal as it was, with the last copy
 };
 
@@ -25,8 +25,8 @@ bool OutputReaderHasGone();
 enum class StandardStream { Output, Error };
 
 /// For a program with windows, which may have been started without a terminal: writes a text to
-/// the stream or, where that leads nowhere, to the terminal of the program that started this one.
-/// False where there is none either.
+/// the stream or, if that is not connected, to the terminal of the program that started this one.
+/// False if there is none either.
 bool Print(StandardStream stream, const std::string& text);
 
 }  // namespace vx3260

@@ -3,10 +3,10 @@
 
 namespace vx3260 {
 
-/// SIGINT, SIGTERM and SIGHUP as something to read, for a program with an event loop. While one
-/// exists they do not end the process; the first Release lets them do so again. A signal that the
-/// process was started to ignore, as by nohup, stays ignored. To be made before any other thread,
-/// which would take the signals. On Windows, which has none of them, it does nothing.
+/// SIGINT, SIGTERM and SIGHUP as a readable descriptor, for a program with an event loop. While an
+/// object exists they do not end the process; after Release they do again. A signal that the
+/// process was started to ignore, as by nohup, stays ignored. Create it before any other thread,
+/// which would receive the signals. Does nothing on Windows, which lacks these signals.
 class EndSignals {
   public:
     EndSignals();
@@ -19,7 +19,7 @@ class EndSignals {
     /// A file descriptor that becomes readable with the first signal; -1 where there is none.
     int Descriptor() const { return descriptor_; }
 
-    /// Takes the signals that have arrived. Those to come have their usual effect.
+    /// Discards the signals that have arrived. Later ones have their usual effect.
     void Release();
 
   private:

@@ -16,7 +16,7 @@ bool IsIgnored(int signal) {
     return action.sa_handler == SIG_IGN;
 }
 
-/// Those that are not ignored: a blocked signal would arrive here all the same.
+/// Ignored signals are left out: while blocked they would be delivered here all the same.
 sigset_t SignalsToTake() {
     sigset_t signals;
     sigemptyset(&signals);

@@ -15,7 +15,7 @@
 namespace vx3260 {
 namespace {
 
-/// Of the common desktops, and one that is at home on all of them.
+/// Those of the common desktops, then one for all of them.
 const std::vector<std::vector<std::string>>& SystemInformationPrograms() {
     static const std::vector<std::vector<std::string>> programs{
         {"kinfocenter"},
@@ -34,8 +34,8 @@ bool IsProgram(const std::string& path) {
            access(path.c_str(), X_OK) == 0;
 }
 
-/// The path of a program in the folders of PATH; empty where it is in none. Relative folders are
-/// skipped: what they hold depends on where the program was started.
+/// The path of a program in the folders of PATH; empty if it is in none. Relative folders are
+/// skipped: their contents depend on where the program was started.
 std::string FindInPath(const std::string& program) {
     const char* const path = std::getenv("PATH");
     std::istringstream folders(path == nullptr ? "" : path);
@@ -60,7 +60,8 @@ std::string FindInPath(const std::string& program) {
     }
     words.push_back(nullptr);
     setsid();
-    // What this process ignores (PrepareConsole) or blocks (EndSignals), the program would too.
+    // The program would inherit the signals that are ignored (PrepareConsole) or blocked
+    // (EndSignals).
     std::signal(SIGPIPE, SIG_DFL);
     std::signal(SIGXFSZ, SIG_DFL);
     sigset_t none;
@@ -101,8 +102,8 @@ std::vector<std::string> LinuxSystem::DesktopSystemInformation() {
     return {};
 }
 
-/// The pipe closes with the start of the program; what comes through it is the start's failure.
-/// The grandchild belongs to nobody here, so it is never left behind as a zombie.
+/// The pipe closes when the program starts; a byte in it means that it did not. The grandchild is
+/// not a child of this process, so it never becomes a zombie here.
 bool LinuxSystem::StartProgram(const std::vector<std::string>& command) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {

@@ -50,8 +50,8 @@ bool OutputReaderHasGone() {
     return false;
 }
 
-/// A program with windows leaves the starter's console at once: it would end with it, and with
-/// every Ctrl+C that is typed there.
+/// A program with windows detaches from the starter's console at once: otherwise it would end with
+/// the console, and with every Ctrl+C typed there.
 bool Print(StandardStream stream, const std::string& text) {
     const HANDLE given =
         GetStdHandle(stream == StandardStream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);

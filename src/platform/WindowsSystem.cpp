@@ -113,7 +113,7 @@ bool WindowsSystem::FileExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-/// By the shell, which asks the user for the rights that a program may need.
+/// Through the shell, which asks the user for elevated rights if the program needs them.
 bool WindowsSystem::StartProgram(const std::vector<std::string>& command) {
     std::string arguments;
     for (auto word = command.begin() + 1; word < command.end(); ++word) {

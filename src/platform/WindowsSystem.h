@@ -12,8 +12,8 @@ namespace vx3260 {
 /// The Windows side of the operating-system seam.
 class WindowsSystem final : public OperatingSystem {
   public:
-    /// The arguments of main are in the system's code page, which has not every letter: they are
-    /// taken from the system instead.
+    /// The arguments of main are in the system's code page, which lacks letters, so they are
+    /// queried from the system instead.
     WindowsSystem(int argumentCount, const char* const* arguments);
 
     /// The words of the command line, the program's own path left out.
@@ -28,9 +28,9 @@ class WindowsSystem final : public OperatingSystem {
 
     std::optional<std::string> GetKeyValue(const std::string& key,
                                            const std::string& name) override;
-    /// Folders are no files.
+    /// False for directories.
     bool FileExists(const std::string& path) override;
-    /// The registry names the program, or there is none.
+    /// Empty: on Windows only the registry names the program.
     std::vector<std::string> DesktopSystemInformation() override { return {}; }
     bool StartProgram(const std::vector<std::string>& command) override;
     void EndProcess(int exitCode) override;

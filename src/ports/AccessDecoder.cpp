@@ -65,7 +65,7 @@ bool IsHigh(std::int16_t outputs, std::int16_t line) {
 
 }  // namespace
 
-/// The chip and the program both take a bit while the clock rises. A chip in reset takes none.
+/// A bit is shifted on the rising clock edge. No bits are shifted in during reset.
 void AccessDecoder::Step(std::int16_t outputs, bool dout) {
     const bool din = IsHigh(outputs, BoardLines::Din);
     const bool inReset = !IsHigh(outputs, BoardLines::Reset);
@@ -80,7 +80,7 @@ void AccessDecoder::Step(std::int16_t outputs, bool dout) {
     }
 }
 
-/// The reset line goes low with each one bit of a software reset; alone it ends the row.
+/// During a software reset the line goes low with each one bit; otherwise it restarts the count.
 void AccessDecoder::CountOnes(bool rising, bool din, bool inReset) {
     if (onesInARow_ == onesThatReset || (rising ? !din : inReset)) {
         onesInARow_ = 0;

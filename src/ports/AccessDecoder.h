@@ -6,7 +6,7 @@
 
 namespace vx3260 {
 
-/// Follows the serial interface's lines and tells in words what they carry:
+/// Follows the serial interface's lines and describes in words what they carry:
 ///
 /// - "read mode" from the end of the communications byte on, "read mode = 03" from the end of the
 ///   word; registers have the command line's names, "main-data", "aux-data", "test1" and "test2"

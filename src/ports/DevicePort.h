@@ -9,9 +9,9 @@
 
 namespace vx3260 {
 
-/// A printer port of this machine, the only one that is offered: number 1. What its kinds share:
-/// which addresses are its own, and the pace of reads. Accesses at any other address, and all
-/// before the port has been claimed, read 255 and write nowhere.
+/// A printer port of this machine, reported as the only one, number 1. What all kinds share: their
+/// addresses and the pace of reads. Accesses at other addresses, and all before the port has been
+/// claimed, read 255 and write nothing.
 class DevicePort : public ParallelPort {
   public:
     std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) final;
@@ -26,7 +26,7 @@ class DevicePort : public ParallelPort {
 
     std::int32_t BaseAddress() const { return baseAddress_; }
 
-    /// Takes the port. False on failure; FailureDetail then tells why.
+    /// Claims the port. False on failure; FailureDetail then gives the reason.
     virtual bool Claim() = 0;
 
     /// One of the port's registers, counted from its base address as in BoardLines. Called only

@@ -11,7 +11,7 @@
 
 namespace vx3260 {
 
-/// What is wrong with the wires.
+/// The faults of the wires.
 struct Faults {
     static constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
 

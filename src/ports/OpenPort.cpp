@@ -66,7 +66,7 @@ TraceClock TimeSinceNow() {
     };
 }
 
-/// A port as it is, without what may be wrapped around it.
+/// A port without the wrappers for faults and trace.
 struct BarePort {
     OpenedPort opened;
     TraceClock clock;

@@ -18,7 +18,7 @@ namespace vx3260 {
 
 /// The largest base address for direct access: the address of a port's last register is a 16-bit
 /// number with a sign too.
-inline constexpr std::int32_t MostDirectAddress =
+inline constexpr std::int32_t MaxDirectAddress =
     std::numeric_limits<std::int16_t>::max() - (BoardLines::RegisterCount - 1);
 
 /// Whether real ports are devices, each with a path, that can also be reached directly. Elsewhere
@@ -51,9 +51,9 @@ struct OpenedPort {
     std::string badge;  ///< "Simulated board", or empty for a real port
 };
 
-/// The port that was chosen. Opening it never fails: a port that cannot be had shows itself when
-/// it is claimed. Throws FileAccessError when the trace cannot be written; its time is the
-/// simulated board's, or for a real port the time since this call.
+/// Opens the chosen port. Opening never fails: an unavailable port is detected when it is claimed.
+/// Throws FileAccessError when the trace cannot be written; its time is the simulated board's, or
+/// for a real port the time since this call.
 OpenedPort OpenPort(const PortChoice& choice);
 
 /// A port of this machine as `ports` lists it.

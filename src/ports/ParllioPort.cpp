@@ -14,7 +14,7 @@ namespace {
 
 constexpr const wchar_t* libraryName = L"parllio.dll";
 
-/// The path that one of the system's functions fills in.
+/// Calls a system function that fills in a path.
 template <typename Fill>
 std::wstring Filled(const Fill& fill) {
     constexpr std::size_t longestPath = 32767;
@@ -37,8 +37,8 @@ std::wstring LibraryPath() {
     });
 }
 
-/// Not from the current folder, where data files are, nor from those of PATH. Without a box of the
-/// system's own where the file is none of a library.
+/// Not from the current folder, which holds data files, nor from those of PATH. Suppresses the
+/// system's message box for a file that is not a library.
 HMODULE LoadPortLibrary() {
     DWORD before = 0;
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before);
@@ -90,7 +90,7 @@ std::string WhyNotLoaded(DWORD error) {
                "parllio.dll.";
     }
     if (error == ERROR_BAD_EXE_FORMAT) {
-        return ToUtf8(path) + " is no library of 64-bit Windows. Is the file whole?";
+        return ToUtf8(path) + " is not a library for 64-bit Windows. Is the file complete?";
     }
     if (error == ERROR_MOD_NOT_FOUND) {
         return ToUtf8(path) + " cannot be loaded: a library that it needs is missing.";
@@ -122,7 +122,7 @@ void ParllioPort::Load() {
     }
 }
 
-/// All of them are looked for, so that every one that is missing is named.
+/// Looks up all of them, so that the message names every one that is missing.
 bool ParllioPort::FindOperations() {
     Find(getCount_, "GetParallelPortCount");
     Find(claim_, "ClaimParallelPort");

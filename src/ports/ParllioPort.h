@@ -13,7 +13,7 @@ namespace vx3260 {
 
 /// The printer ports through the port library parllio.dll, which is loaded by name: from the
 /// program's folder, from one chosen with SetDllDirectory, or from the system's. Without it, or
-/// with one that lacks an operation, nothing can be claimed, reads give 255 and writes go nowhere.
+/// with one that lacks an operation, nothing can be claimed, reads give 255 and writes do nothing.
 class ParllioPort final : public ParallelPort {
   public:
     explicit ParllioPort(std::chrono::nanoseconds pollTime);

@@ -205,7 +205,7 @@ std::string OpenFailureDetail(const std::string& path, int error) {
 std::string ClaimFailureDetail(const std::string& path, int error) {
     if (error == ENOTTY || error == EINVAL) {
         return path +
-               " is no printer port. The command \"vx3260-cli ports\" lists those there are.";
+               " is not a printer port. The command \"vx3260-cli ports\" lists those there are.";
     }
     const std::string taken = path + " cannot be claimed: " + ReasonOf(error) + ".";
     if (const std::string process = HoldingProcess(path); !process.empty()) {

@@ -7,10 +7,10 @@
 
 namespace vx3260 {
 
-/// A printer port as Linux offers it.
+/// A printer port of the Linux parport driver.
 struct ParportDevice {
     std::string path;              ///< "/dev/parport0"
-    std::int32_t baseAddress = 0;  ///< I/O address; 0 where the kernel tells none
+    std::int32_t baseAddress = 0;  ///< I/O address; 0 if the kernel reports none
 };
 
 /// The machine's printer ports in the order of their numbers; empty where the kernel has none or

@@ -22,7 +22,7 @@ constexpr std::uint8_t noAnswer = 0xFF;
 
 std::optional<ParportDevice> ChosenDevice(const std::string& path) {
     if (!path.empty()) {
-        // What cannot be looked at may be there: opening it tells.
+        // A device that cannot be examined may exist: opening it shows.
         std::error_code error;
         const bool missing = !std::filesystem::exists(path, error) && !error;
         return missing ? std::nullopt : std::optional(ParportDeviceAt(path));

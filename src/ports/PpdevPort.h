@@ -10,7 +10,7 @@
 namespace vx3260 {
 
 /// A printer port through Linux's ppdev driver: for an ordinary user of the group that owns the
-/// device. One ioctl a data or status access.
+/// device. One ioctl for each data or status access.
 ///
 /// The driver keeps a copy of the control register and knows only its low 4 bits. Bit 5, which
 /// turns the data lines to inputs, is set by an ioctl of its own and remembered here; bits 4, 6 and

@@ -5,12 +5,12 @@
 
 namespace vx3260 {
 
-/// How long a status access takes at least, so that the limit of 100000 polls outlasts the slowest
+/// Minimum time of a status access, chosen so that the limit of 100000 polls outlasts the slowest
 /// conversion (187 ms) on a machine that reads a port in less than 2 us.
 inline constexpr std::chrono::nanoseconds DefaultPollTime = std::chrono::microseconds(4);
 
-/// Holds a real port's reads to a least time, by looking at the monotonic clock: a call that sleeps
-/// would cost some 50 us.
+/// Holds a real port's reads to a minimum time by polling the monotonic clock: a call that sleeps
+/// would take some 50 us.
 class ReadPace {
   public:
     explicit ReadPace(std::chrono::nanoseconds least) : least_(least) {}

@@ -6,8 +6,8 @@
 
 namespace vx3260 {
 
-/// The simulated board on the machine's only printer port, at 888. Elsewhere reads give 255 and
-/// writes go nowhere.
+/// The simulated board on the machine's only printer port, at 888. At other addresses reads give
+/// 255 and writes do nothing.
 class SimulatedPort final : public ParallelPort {
   public:
     std::int32_t GetParallelPortCount() override { return 1; }

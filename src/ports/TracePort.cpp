@@ -17,7 +17,7 @@ constexpr std::int16_t tracedInputs = BoardLines::Dout | BoardLines::NotReady;
 
 constexpr std::size_t variableCount = 6;
 
-/// The clock rests high: with one that starts low or unknown, serial decoders see an edge too many.
+/// The clock rests high: if it started low or unknown, serial decoders would see an extra edge.
 const std::array<VcdVariable, variableCount>& Variables() {
     static const std::array<VcdVariable, variableCount> variables{{
         {"SCLK", VcdType::Wire, "1"},

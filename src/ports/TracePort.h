@@ -17,11 +17,10 @@ namespace vx3260 {
 /// The time since a port was opened.
 using TraceClock = std::function<std::chrono::nanoseconds()>;
 
-/// Any port, with a trace of its wires as the program sees them: SCLK, DIN, RESET, DOUT, RDY and
-/// the access that they carry, in words, as a Value Change Dump. Of the accesses at the port's own
-/// base address each that changes a line is a step of its own, later than the one before; DOUT and
-/// RDY change when the program reads them and are unknown until then. Before the program's first
-/// write the outputs are shown at rest.
+/// Any port, with a trace of its wires as a Value Change Dump: SCLK, DIN, RESET, DOUT, RDY and the
+/// access that they carry, in words. Each access at the port's base address that changes a line is
+/// a step with a time of its own; DOUT and RDY change when the program reads them and are unknown
+/// until then. Before the program's first write the outputs are shown at rest.
 ///
 /// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
 /// goes on.
@@ -31,8 +30,8 @@ class TracePort final : public WrappedPort {
     /// may refer to `port`.
     TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path);
 
-    /// The trace then reaches until now, so that it shows how long a last wait was. A process that
-    /// ends without this misses no change.
+    /// Extends the trace to the present, so that it shows the duration of a last wait. A process
+    /// that ends without this loses no change.
     ~TracePort() override;
     TracePort(const TracePort&) = delete;
     TracePort(TracePort&&) = delete;

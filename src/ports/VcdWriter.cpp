@@ -58,7 +58,7 @@ std::string DeclarationOf(const VcdVariable& variable, std::size_t number) {
 constexpr std::string_view firstSections[] = {"$version", "$date", "$timescale", "$comment",
                                               "$scope"};
 
-/// A pipe or a device holds nothing that could be lost.
+/// Only a regular file has contents that could be lost.
 void RefuseOtherThanDump(const std::string& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(FilePath(path), error) ||
@@ -134,7 +134,7 @@ void VcdWriter::ExtendTo(std::chrono::nanoseconds time) {
     }
 }
 
-/// In one write: a process that is killed leaves no half of it.
+/// In one write, so that a killed process does not leave half a step.
 void VcdWriter::Append(const std::string& text) {
     errno = 0;
     if (file_.write(text.data(), static_cast<std::streamsize>(text.size()))) {

@@ -11,37 +11,36 @@
 
 namespace vx3260 {
 
-/// What a variable of a trace can hold.
+/// The type of a variable of a trace.
 enum class VcdType {
     Wire,  ///< one bit: "0", "1", or "x" while it is not known
     Text,  ///< any printable characters but a backslash
 };
 
 struct VcdVariable {
-    std::string_view name;  ///< no blanks
+    std::string_view name;  ///< without spaces
     VcdType type;
     std::string start;  ///< its value at time 0
 };
 
-/// A Value Change Dump, IEEE 1364, of one scope, in microseconds: about what one access of a
-/// printer port takes, and some viewers hold a sample for every unit of time. The file is complete
-/// after every call: it has been handed to the operating system, and it ends with a time later than
-/// the last change, without which viewers do not show that change.
+/// A Value Change Dump, IEEE 1364, of one scope. The unit of time is the microsecond, about the
+/// duration of one port access; some viewers store a sample for every unit. The file is complete
+/// after every call: everything has been passed to the operating system, and it ends with a time
+/// later than the last change, without which viewers do not show that change.
 class VcdWriter {
   public:
-    /// Writes the header and the values at time 0, over what a file of such a dump held. Throws
-    /// FileAccessError, also for a file that holds anything else: it is left as it is.
+    /// Writes the header and the values at time 0. Replaces an existing dump. Throws
+    /// FileAccessError, also for an existing file that is not a dump, which is left unchanged.
     VcdWriter(const std::string& path, std::string_view scope,
               std::span<const VcdVariable> variables);
 
-    /// `values`, one of each variable, hold from `time` on; those that are as before cost nothing.
-    /// A time that is not later than all before, or less than a microsecond later, is taken as the
-    /// microsecond after them.
-    /// Throws FileAccessError; the file then ends with the step before, and the writer is of no
-    /// further use.
+    /// Records `values`, one for each variable, from `time` on; unchanged ones take no space. A
+    /// time less than a microsecond after the previous one becomes the microsecond after that.
+    /// Throws FileAccessError; the file then ends with the previous step, and the writer must not
+    /// be used any more.
     void Write(std::chrono::nanoseconds time, std::span<const std::string> values);
 
-    /// The values as they are hold until `time` at least. Throws as Write does.
+    /// Extends the last values to `time` at least. Throws as Write does.
     void ExtendTo(std::chrono::nanoseconds time);
 
   private:

@@ -10,7 +10,7 @@
 
 namespace vx3260 {
 
-/// A port around another one: what is not an access to the wires goes through as it is.
+/// A port around another one. Forwards everything except reads and writes.
 class WrappedPort : public ParallelPort {
   public:
     std::int32_t GetParallelPortCount() final { return inner_->GetParallelPortCount(); }

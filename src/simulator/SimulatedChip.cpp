@@ -195,7 +195,7 @@ void SimulatedChip::Write(unsigned address, std::uint32_t value) {
         case test2:
             registers_[address] = value;
             break;
-        default:  // the data registers take no writes
+        default:  // the data registers cannot be written
             break;
     }
 }

@@ -9,16 +9,16 @@
 
 namespace vx3260 {
 
-/// The chip as its pins show it: a serial interface that decodes clock edges, the registers behind
-/// it, conversions and calibrations that take their time. It spells its own addresses and bits, so
+/// The chip at its pins: a serial interface that decodes clock edges, the registers behind it,
+/// conversions and calibrations with their durations. It spells its own addresses and bits, so
 /// that it can disagree with the program that drives it.
 ///
-/// Where the wires do something no rule covers: a communications byte with bit 7, 5 or 4 set, or
+/// Undefined accesses: a communications byte with bit 7, 5 or 4 set, or
 /// for a register that has no such access, is ignored and the next byte is taken as another one.
 /// 32 one bits in a row reset the chip as the reset line does.
 class SimulatedChip {
   public:
-    /// A bench that is ready to read: continuous conversion, both converters enabled.
+    /// Starts ready to read: continuous conversion, both converters enabled.
     explicit SimulatedChip(std::uint64_t seed);
 
     /// The levels on the chip's inputs. DIN is taken on the rising clock edge, DOUT changes on the
@@ -30,7 +30,7 @@ class SimulatedChip {
     /// True while an enabled converter holds an unread result; the pin is low then.
     bool Ready() const;
 
-    /// Lets conversions and calibrations come to their end. `now` is in nanoseconds and never
+    /// Completes conversions and calibrations that are due. `now` is in nanoseconds and never
     /// goes back.
     void AdvanceTo(std::int64_t now) {
         now_ = now;

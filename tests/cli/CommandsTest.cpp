@@ -7,8 +7,8 @@
 #include <sstream>
 
 #include "cli/CliRun.h"
-#include "options/ExitCodes.h"
 #include "link/BoardCheck.h"
+#include "options/ExitCodes.h"
 #include "ports/OpenPort.h"
 #include "ports/SimulatedPort.h"
 #include "support/Folder.h"
@@ -31,13 +31,13 @@ TEST(CommandLine, WrongOnesAreRefused) {
                       {"noise main x.dat --full-scale half", "the Main ADC takes --range in its"},
                       {"noise main x.dat --range 7 --polarity bipolar --count 20", "excludes"},
                       {"--simulated noise main --range 7", "--range requires FILE"},
-                      {"--simulated noise main --reference 1e39", "no positive number"},
+                      {"--simulated noise main --reference 1e39", "not a positive number"},
                       {"read main --output ''", "--output: the name is empty"},
                       {"noise main ''", "FILE: the name is empty"},
                       {"histogram main ''", "FILE: the name is empty"},
                       {"script ''", "FILE: the name is empty"},
                       {"--simulated --trace '' registers", "--trace: the name is empty"},
-                      {"read main --poll-time -1", "is no number of microseconds"},
+                      {"read main --poll-time -1", "is not a number of microseconds"},
                   });
 }
 
@@ -79,7 +79,7 @@ TEST(CommandLine, RealPortsAreChosenWhereTheyAreDevices) {
         ExitCode::NoAnswer,
         {{"read main --port /dev/none", "failed\n  There is no /dev/none."},
          {"read main --port /dev/none", "GetPortAddress Error: This PC does not appear to have a"},
-         {"check --port /dev/null", "/dev/null is no printer port."},
+         {"check --port /dev/null", "/dev/null is not a printer port."},
          {"reset hardware --port /dev/null", "the printer port could not be claimed; --simulated"},
          {"noise main --port /dev/none", "no printer port to reach a board through; --simulated"}});
 }
@@ -256,7 +256,7 @@ TEST_F(NoiseOfFile, EachKindOfBadFileHasItsExitCode) {
     ExpectRefused(ExitCode::CountRefused,
                   {{LineFor(" 1\n"), "(1 given; accepted are 10 to 5000)"}});
     ExpectRefused(ExitCode::BadDataFile,
-                  {{LineFor(" 1\nFF\n"), "line 2: \"FF\" is no decimal code"}});
+                  {{LineFor(" 1\nFF\n"), "line 2: \"FF\" is not a decimal code"}});
     ExpectRefused(ExitCode::BadDataFile,
                   {{LineFor(block + "-2147483648\n"), "line 11: the time-out value"}});
     ExpectRefused(ExitCode::BadDataFile,

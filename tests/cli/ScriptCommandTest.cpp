@@ -136,7 +136,7 @@ TEST_F(Script, WhatIsNoScriptIsRefused) {
     const std::string binary = folder.Make("b", "registers\n\x7F");
     ExpectRefused(ExitCode::BadDataFile,
                   {{"script /dev/zero", "/dev/zero: more than 1048576 bytes"},
-                   {"script " + binary, "b:2: binary data, no script"}});
+                   {"script " + binary, "b:2: binary data, not a script"}});
 }
 
 }  // namespace

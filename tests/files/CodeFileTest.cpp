@@ -73,7 +73,7 @@ TEST(CodeFile, WhatCannotBeReadIsNoBadData) {
     EXPECT_EQ(ErrorOf<FileAccessError>(load(folder.Path(""))),
               "cannot read " + folder.Path("") + ": Is a directory");
     EXPECT_EQ(ErrorOf<BadDataError>(load(folder.Make("bad", "1\nx\n"))),
-              folder.Path("bad") + ": line 2: \"x\" is no decimal code");
+              folder.Path("bad") + ": line 2: \"x\" is not a decimal code");
     const std::string size =
         ": more than 4194304 bytes; a data file has at most 32767 lines of "
         "one code each";

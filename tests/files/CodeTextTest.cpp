@@ -58,20 +58,20 @@ TEST(CodeText, RefusesAndTellsLineAndReason) {
         {"", dec, "x: line 1: holds no codes"},
         {"\xEF\xBB\xBF\r\n \n", dec, "x: line 1: holds no codes"},
         {"1\n\n2\n", dec, "x: line 2: a blank line where a code is expected"},
-        {"1\n2\n1.5\n", dec, "x: line 3: \"1.5\" is no decimal code"},
-        {"1, 2\n", dec, "x: line 1: \"1, 2\" is no decimal code"},
-        {"80F\n", dec, "x: line 1: \"80F\" is no decimal code"},
-        {"1\r2\n", dec, "x: line 1: \"1\\x0D2\" is no decimal code"},
-        {"\xC3\xA4", dec, "x: line 1: \"\\xC3\\xA4\" is no decimal code"},
-        {"0x10", hex, "x: line 1: \"0x10\" is no hexadecimal code"},
-        {"-1", hex, "x: line 1: \"-1\" is no hexadecimal code"},
+        {"1\n2\n1.5\n", dec, "x: line 3: \"1.5\" is not a decimal code"},
+        {"1, 2\n", dec, "x: line 1: \"1, 2\" is not a decimal code"},
+        {"80F\n", dec, "x: line 1: \"80F\" is not a decimal code"},
+        {"1\r2\n", dec, "x: line 1: \"1\\x0D2\" is not a decimal code"},
+        {"\xC3\xA4", dec, "x: line 1: \"\\xC3\\xA4\" is not a decimal code"},
+        {"0x10", hex, "x: line 1: \"0x10\" is not a hexadecimal code"},
+        {"-1", hex, "x: line 1: \"-1\" is not a hexadecimal code"},
         {"2147483648", dec, "x: line 1: \"2147483648\" does not fit into 32 bits"},
         {"1\n-2147483649\n", dec, "x: line 2: \"-2147483649\" does not fit into 32 bits"},
         {"100000000", hex, "x: line 1: \"100000000\" does not fit into 32 bits"},
         {"000000001", hex, "x: line 1: \"000000001\" does not fit into 32 bits"},
         {"1\n2\0"sv, dec, "x: line 2: binary data, not a text: \"2\\x00\""},
         {"abcdefghijabcdefghijabcdefghijabcdefghijZ", dec,
-         "x: line 1: \"abcdefghijabcdefghijabcdefghijabcdefghij...\" is no decimal code"},
+         "x: line 1: \"abcdefghijabcdefghijabcdefghijabcdefghij...\" is not a decimal code"},
     };
     for (const auto& [text, notation, message] : cases) {
         EXPECT_EQ(Refusal(text, notation), message) << text;
@@ -79,8 +79,8 @@ TEST(CodeText, RefusesAndTellsLineAndReason) {
 }
 
 TEST(CodeText, TakesNoMoreThanABlockCanHave) {
-    Codes codes(MostCodesInBlock, 5);
-    EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").codes.size(), MostCodesInBlock);
+    Codes codes(MaxCodesInBlock, 5);
+    EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").codes.size(), MaxCodesInBlock);
     codes.push_back(5);
     EXPECT_EQ(Refusal(FormatCodes(codes, dec), dec),
               "x: line 32768: more than the 32767 codes that a block can have");

@@ -67,7 +67,7 @@ TEST(LinuxFiles, AFullOrEndlessDeviceIsTold) {
     EXPECT_EQ(ErrorOf<FileAccessError>([&] { device.Write(Codes{1}, {}); }),
               "cannot write /dev/full: No space left on device");
     EXPECT_EQ(ErrorOf<FileAccessError>([] { ReplaceFile("/dev/full", "1"); }),
-              "/dev/full is a pipe, a device or an open file, no file of its own");
+              "/dev/full is a pipe, a device or the name of an open file, not a regular file");
     EXPECT_EQ(ErrorOf<BadDataError>([] { LoadCodes("/dev/zero", {}); }),
               "/dev/zero: more than 4194304 bytes; a data file has at most 32767 lines of one code "
               "each");

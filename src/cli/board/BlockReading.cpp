@@ -31,8 +31,8 @@ std::string HexByte(std::int32_t value) {
                            ". Check the cable and the board's power.");
 }
 
-/// What is told of a reading that did not get to its end.
-void TellEnd(Services& services, ReadingEnd end, std::size_t codes) {
+/// Reports a reading that did not complete.
+void ReportEnd(Services& services, ReadingEnd end, std::size_t codes) {
     const std::string soFar =
         "\nRead so far: " + CountText(static_cast<std::int64_t>(codes), "code");
     if (end == ReadingEnd::TimedOut) {
@@ -91,7 +91,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
             {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
     }();
     BlockReading reading{GoodCodes(block, end), end};
-    TellEnd(services, end, reading.codes.size());
+    ReportEnd(services, end, reading.codes.size());
     return reading;
 }
 

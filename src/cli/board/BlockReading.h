@@ -18,15 +18,15 @@ namespace vx3260 {
 /// CommandError when the mode register does not read back as written: no board answers.
 void EnsureContinuousConversion(Services& services, std::ostream& err);
 
-/// One block of codes as commands take it.
+/// The outcome of reading a block.
 struct BlockReading {
-    std::vector<std::int32_t> codes;  ///< the good ones; a time-out is none
+    std::vector<std::int32_t> codes;  ///< without the value of a time-out
     ReadingEnd end;
 };
 
 /// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
-/// told on `streams.err`. Throws CommandError when the converter is disabled or the data-ready line
-/// is stuck low.
+/// reported on `streams.err`. Throws CommandError when the converter is disabled or the data-ready
+/// line is stuck low.
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 
@@ -34,8 +34,8 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
 void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
                            std::ostream& err);
 
-/// The exit code of a command whose reading ended this way. A stop that was asked for after the
-/// reading, while its codes were being written, counts too: it is meant for a whole script.
+/// The exit code of a command whose reading ended this way. A stop requested after the reading,
+/// while its codes were being written, counts too, because it is meant for a whole script.
 ExitCode ExitCodeOf(ReadingEnd end, bool stopRequested);
 
 }  // namespace vx3260

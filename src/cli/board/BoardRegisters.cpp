@@ -12,7 +12,7 @@
 namespace vx3260 {
 namespace {
 
-/// The level of a line through which a register reads like this; nothing where its bits differ.
+/// The level of a dead line that would give this value; empty if the bits differ.
 std::optional<int> LevelOfDeadLine(std::int32_t value, const RegisterMap::RegisterAccess& access) {
     const std::int32_t allOnes = (std::int32_t{1} << access.wordLength) - 1;
     if (value != 0 && value != allOnes) {

@@ -14,9 +14,9 @@ std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess&
 RegisterReading ReadRegister(Services& services,
                              const RegisterMap::RegisterDescription& description);
 
-/// Makes sure that a value was read from a board. All bits alike are what a dead line gives, so
-/// such a value counts only when another register reads otherwise. Throws CommandError when none
-/// does; `consequence` is the sentence of its message about what that means for the command.
+/// Ensures that a value was read from a board. A dead line makes all bits alike, so such a value is
+/// accepted only if another register reads differently. Throws CommandError if none does;
+/// `consequence` is the sentence of its message that states what this means for the command.
 void RequireAnswer(Services& services, const RegisterReading& reading,
                    std::string_view consequence);
 

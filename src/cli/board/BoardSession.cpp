@@ -11,7 +11,7 @@
 namespace vx3260 {
 namespace {
 
-/// A file that holds the trace and the results would be neither. On Windows there is no such name.
+/// Trace and results in one file would make both unusable. Windows has no name for standard output.
 void RefuseTraceAsStandardOutput(const std::string& trace) {
     std::error_code error;
     if (std::filesystem::is_regular_file(FilePath(trace), error) &&
@@ -52,7 +52,7 @@ Services& BoardSession::Services() {
     return *services_;
 }
 
-bool BoardSession::TellFailure() {
+bool BoardSession::ReportFailure() {
     if (!services_ || services_->port.FailureDetail() == failureAtStart_) {
         return false;
     }

@@ -21,8 +21,7 @@ struct CliStreams {
     bool (*readerHasGone)() = nullptr;  ///< whether nobody reads `out` any more; may be null
 };
 
-/// The one board of a run. Commands that need none leave the port alone; the first that needs it
-/// opens it, for all that follow.
+/// The board of a run. The first command that needs it opens the port, for all that follow.
 class BoardSession {
   public:
     /// References outlive the session. Nothing is opened yet. With `statusRequested` start-up shows
@@ -40,8 +39,8 @@ class BoardSession {
     BoardSession& operator=(const BoardSession&) = delete;
     BoardSession& operator=(BoardSession&&) = delete;
 
-    /// Opens the port and starts up, unless that has been done. What start-up has to tell goes to
-    /// `err`, and so does the badge of a board that is not a real one.
+    /// Opens the port and starts up, unless that has been done. Messages of start-up go to
+    /// `err`, and so does the label of a simulated board.
     void Open();
 
     /// Which port the user asked for.
@@ -53,8 +52,8 @@ class BoardSession {
     /// through.
     vx3260::Services& Services();
 
-    /// Tells on `err` where the port has failed since start-up, and returns whether it has.
-    bool TellFailure();
+    /// Reports on `err` if the port has failed since start-up, and returns whether it has.
+    bool ReportFailure();
 
   private:
     const PortChoice& portChoice_;

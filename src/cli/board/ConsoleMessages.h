@@ -8,7 +8,7 @@
 namespace vx3260 {
 
 /// Message boxes for a shell: title, text and detail are printed, the further lines indented.
-/// Nobody is asked: a question is answered with No.
+/// Questions are not asked but answered with No.
 class ConsoleMessages final : public MessageBoxes {
   public:
     explicit ConsoleMessages(std::ostream& stream) : stream_(stream) {}

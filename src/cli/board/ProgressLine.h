@@ -7,7 +7,7 @@
 
 namespace vx3260 {
 
-/// A bar with a count in one line of a terminal. Cleared when the object goes.
+/// A progress bar with a count in one line of a terminal. The destructor clears it.
 class ProgressLine {
   public:
     /// Without `visible` nothing is ever drawn.

@@ -13,7 +13,7 @@ constexpr std::array<int, StopSignal::Count> stopSignals{SIGINT, SIGTERM};
 constexpr std::array<int, StopSignal::Count> stopSignals{SIGINT, SIGTERM, SIGHUP};
 #endif
 
-// A signal handler gets nothing handed and can reach no object.
+// A signal handler has no argument through which it could reach an object.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 volatile std::sig_atomic_t stopRequested = 0;
 

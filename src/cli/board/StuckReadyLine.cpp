@@ -17,8 +17,8 @@ struct ReadyBit {
 
 constexpr ReadyBit readyBits[] = {{"rdy0", Converter::Main}, {"rdy1", Converter::Aux}};
 
-/// A result stays ready until it is read, so one contradiction would do; the rest are for a status
-/// read at the moment of an update or of a disturbance. Together they take less than a conversion.
+/// A result stays ready until it is read, so one contradiction would prove a stuck line; the others
+/// allow for a status read during an update or a disturbance. All take less than a conversion.
 constexpr int contradictionsThatProve = 3;
 constexpr int maxLooks = 8;
 
@@ -33,7 +33,7 @@ bool IsSet(const RegisterReading& status, std::string_view bit) {
 }
 
 /// Reads the results that the status register shows. False when it shows none.
-bool TakeResults(Services& services) {
+bool DiscardResults(Services& services) {
     const RegisterReading status =
         ReadRegister(services, RegisterMap::DescriptionOf(RegisterMap::Status));
     bool taken = false;
@@ -52,7 +52,7 @@ void CheckReadyLine(Services& services) {
     int contradictions = 0;
     for (int look = 0; look < maxLooks && IsReady(services.port, services.state.PortAddress);
          ++look) {
-        contradictions = TakeResults(services) ? 0 : contradictions + 1;
+        contradictions = DiscardResults(services) ? 0 : contradictions + 1;
         if (contradictions == contradictionsThatProve) {
             RefuseStuckLine("it announces a result while the status register shows none");
         }

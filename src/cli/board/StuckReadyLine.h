@@ -6,8 +6,8 @@
 namespace vx3260 {
 
 /// Throws CommandError when the data-ready line announces results that the status register does
-/// not know of: the line is stuck low, and what is read then are no results. Says nothing of a
-/// chip that has a result; one that was ready before is taken from it and dropped.
+/// not show: the line is stuck low, and what is read are not results. Accepts a chip with a pending
+/// result, which is read and discarded.
 void CheckReadyLine(Services& services);
 
 /// The same for a calibration whose end the line has announced.

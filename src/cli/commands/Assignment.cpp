@@ -24,13 +24,13 @@ struct CodeLimits {
     bool Include(std::int64_t code) const { return least <= code && code <= most; }
 };
 
-/// All codes that fit a field's bits may be written, but for these fields.
+/// Fields that do not accept all codes that fit their bits.
 constexpr struct {
     std::string_view field;
     CodeLimits limits;
 } narrowerLimits[] = {
     {RegisterMap::OperatingMode.name, {0, CalibrationModes.front().code - 1}},
-    {RegisterMap::FilterWord.name, {LeastFilterWord, MostFilterWord}},
+    {RegisterMap::FilterWord.name, {MinFilterWord, MaxFilterWord}},
 };
 
 CodeLimits LimitsOf(const Field& field) {
@@ -90,7 +90,7 @@ std::int32_t CodeToWrite(const Field& field, std::string_view text) {
     if (!code || !LimitsOf(field).Include(*code)) {
         std::vector<std::string> accepted = WritableNames(field);
         accepted.push_back("a number from " + NumberRange(field));
-        Refuse(Quoted(text) + " is no value of " + std::string(field.name) +
+        Refuse(Quoted(text) + " is not a valid value for " + std::string(field.name) +
                "; it takes: " + CLI::detail::join(accepted, ", "));
     }
     return static_cast<std::int32_t>(*code);
@@ -106,7 +106,7 @@ Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
                                     [name](const Field& f) { return f.name == name; });
     if (equals == std::string_view::npos || field == description.fields.end()) {
         const auto nameOf = [](const Field& f) { return std::string(f.name); };
-        Refuse(Quoted(text) + " is no FIELD=VALUE for the register " +
+        Refuse(Quoted(text) + " is not a FIELD=VALUE of the register " +
                std::string(description.name) +
                "; it has the fields: " + CLI::detail::join(description.fields, nameOf, ", "));
     }

@@ -21,8 +21,8 @@ struct Assignment {
 inline constexpr std::span CalibrationModes = std::span(RegisterMap::ModeValues).subspan(4);
 
 /// Looks up "FIELD=VALUE". VALUE is one of the field's names or a number, decimal or hexadecimal
-/// with 0x; a name goes before a number. Throws CommandError, with a list of what there is, for
-/// anything else and for a value that must not be written.
+/// with 0x; a name takes precedence over a number. Throws CommandError, with the list of valid
+/// ones, for anything else and for a value that must not be written.
 Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
                            std::string_view text);
 

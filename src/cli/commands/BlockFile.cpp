@@ -15,7 +15,7 @@ std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation, 
     if (timeout != codes.end()) {
         throw BadDataError(path + ": line " + std::to_string(timeout - codes.begin() + 1) +
                            ": the time-out value " + std::to_string(ReadTimeout) +
-                           " of a reading that failed, no code to analyse");
+                           " of a reading that failed; it cannot be analysed");
     }
     if (!warning.empty()) {
         err << "Warning: " << warning << std::endl;

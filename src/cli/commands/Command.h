@@ -21,10 +21,10 @@ class Command {
     Command& operator=(const Command&) = delete;
     Command& operator=(Command&&) = delete;
 
-    /// Whether the command line that was parsed asks for this command.
+    /// Whether the parsed command line names this command.
     bool Chosen() const { return parser_.parsed(); }
 
-    /// Does what was asked. Throws CommandError, FileAccessError, BadDataError or RuntimeError.
+    /// Runs the command. Throws CommandError, FileAccessError, BadDataError or RuntimeError.
     virtual ExitCode Run(const CommandContext& context) = 0;
 
   protected:
@@ -40,8 +40,7 @@ class Command {
 /// Adds the word that names the converter.
 void AddConverter(CLI::App& parser, Converter& converter);
 
-/// Adds an option with a whole decimal number; one beyond 64 bits becomes the largest or the least
-/// there is.
+/// Adds an option with a decimal integer; a number beyond 64 bits is clamped.
 CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
                             const std::string& description);
 

@@ -23,7 +23,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     parser.allow_windows_style_options(false);  // the same words on every system
     parser.allow_extras();
     parser.require_subcommand(0, 1);
-    // Asked for last, so that a command that does not exist is named by then.
+    // Checked last, so that the message names a command that does not exist.
     parser.final_callback([&parser] {
         const std::vector<std::string> unknown = parser.remaining(true);
         if (!unknown.empty()) {

@@ -9,7 +9,7 @@
 
 namespace vx3260 {
 
-/// The commands that work on a board, of which a command line names one.
+/// The commands, of which a command line names one.
 class CommandSet {
   public:
     /// Adds them to the parser, which must have no options yet and outlives the set.

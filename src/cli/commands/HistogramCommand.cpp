@@ -12,12 +12,12 @@
 namespace vx3260 {
 namespace {
 
-/// The least that always do, and one for each code of the aux ADC.
-constexpr int leastBins = 2;
-constexpr int mostBinsAllowed = 65536;
+/// Two always suffice; the maximum is one for each code of the aux ADC.
+constexpr int minBins = 2;
+constexpr int maxBinsAllowed = 65536;
 
 /// Lines of a terminal.
-constexpr std::size_t mostBars = 20;
+constexpr std::size_t maxBars = 20;
 
 }  // namespace
 
@@ -29,10 +29,10 @@ HistogramCommand::HistogramCommand(CLI::App& program)
         ->required()
         ->check(NotEmpty());
     AddHex(Parser(), notation_, "FILE is in hexadecimal");
-    AddWholeNumber(Parser(), "--bins", mostBins_,
+    AddWholeNumber(Parser(), "--bins", maxBins_,
                    "Into how many bins at most; each is 1, 2, 5, 10, 20, 50 ... codes wide")
-        ->check(CLI::Range(leastBins, mostBinsAllowed))
-        ->default_str(std::to_string(mostBars) + ", " + std::to_string(MostHistogramBins) +
+        ->check(CLI::Range(minBins, maxBinsAllowed))
+        ->default_str(std::to_string(maxBars) + ", " + std::to_string(MostHistogramBins) +
                       " for csv");
     AddFormat(Parser(), format_, ReportFormat::Csv);
 }
@@ -43,14 +43,14 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
     WarnOfSuspiciousCodes(block, converter_, context.streams.err);
     const std::vector<double> codes(block.begin(), block.end());
     const bool csv = format_ == ReportFormat::Csv;
-    const std::size_t fitting = csv ? MostHistogramBins : mostBars;
+    const std::size_t fitting = csv ? MostHistogramBins : maxBars;
     const FileHistogram counted{
         .file = file_,
         .converter = converter_,
         .count = codes.size(),
         .statistics = ComputeExactStatistics(codes),
         .histogram =
-            ComputeHistogram(codes, mostBins_ == 0 ? fitting : static_cast<std::size_t>(mostBins_)),
+            ComputeHistogram(codes, maxBins_ == 0 ? fitting : static_cast<std::size_t>(maxBins_)),
     };
     context.streams.out << (csv ? HistogramCsv(counted.histogram, counted.statistics, counted.count)
                                 : HistogramText(counted, context.streams.outWidth));

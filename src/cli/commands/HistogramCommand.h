@@ -19,7 +19,7 @@ class HistogramCommand final : public Command {
     Converter converter_ = Converter::Main;
     std::string file_;
     Notation notation_ = Notation::Decimal;
-    std::int64_t mostBins_ = 0;  ///< 0: what suits the format
+    std::int64_t maxBins_ = 0;  ///< 0: what suits the format
     ReportFormat format_ = ReportFormat::Text;
 };
 

@@ -24,7 +24,7 @@ namespace {
 constexpr const char* rangeOption = "--range";
 constexpr const char* fullScaleOption = "--full-scale";
 
-/// Throws where the text is no number that single precision can hold.
+/// Throws if the text is not a number representable as float.
 float ToVolts(const std::string& text) {
     const double volts = TextToDouble(text);
     if (volts > std::numeric_limits<float>::max()) {
@@ -41,7 +41,7 @@ std::string RefuseOtherThanVoltage(const std::string& text) {
     } catch (const RuntimeError&) {
         // Refused below, like a number that is not positive.
     }
-    return "'" + text + "' is no positive number of volts";
+    return "'" + text + "' is not a positive number of volts";
 }
 
 /// Adds an option that puts one of a field's values, by name, into the value of a register.
@@ -61,7 +61,7 @@ CLI::Option* AddField(CLI::App& parser, const std::string& option, const Registe
         ->check(CLI::IsMember(codes));
 }
 
-/// Refuses an option for the converter that is told the same by another one.
+/// Refuses an option for the converter that has another option in its place.
 CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::string& ofTwin) {
     const auto refusal = [converter, &chosen, ofTwin](const std::string& /*value*/) {
         return chosen == converter ? ""
@@ -101,7 +101,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
     AddFormat(Parser(), format_, ReportFormat::Json);
 }
 
-/// FILE, and what has to be told of it. The converter, an option before these, is known when they
+/// FILE and the options that describe it. The converter, an option before these, is known when they
 /// are checked.
 CLI::Option* NoiseCommand::AddFile() {
     CLI::Option* const file =

@@ -37,7 +37,7 @@ std::string Save(const BlockReading& reading, Notation notation, CodeWriter& wri
 ReadCommand::ReadCommand(CLI::App& program)
     : Command(program, "read", "Read a block of codes into a data file, one code a line") {
     AddConverter(Parser(), converter_);
-    AddCount(Parser(), count_)->check(CLI::Range(1, static_cast<int>(MostCodesInBlock)));
+    AddCount(Parser(), count_)->check(CLI::Range(1, static_cast<int>(MaxCodesInBlock)));
     Parser()
         .add_option("-o,--output", output_, "Data file to write, in place of standard output")
         ->type_name("FILE")
@@ -50,7 +50,7 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     CodeWriter writer(output_, context.streams.out);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    // Until the codes are safe, no signal that asks for an end may end the process.
+    // Until the codes are saved, a signal must not end the process.
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),

@@ -13,8 +13,8 @@ namespace vx3260 {
 inline constexpr const char* ProgramName = "vx3260-cli";
 
 /// Does `work`. An exception that leaves it is reported on `streams.err`, after `place` where there
-/// is one, and becomes the exit code that it stands for. A reader of `streams.out` that has gone
-/// has seen enough: nothing is reported then.
+/// is one, and becomes its exit code. If the reader of `streams.out` has closed it, nothing is
+/// reported.
 ExitCode ReportErrors(const CliStreams& streams, const std::string& place,
                       const std::function<ExitCode()>& work);
 

@@ -49,16 +49,15 @@ class Program {
         BoardSession board(portChoice_, statusRequested, system, streams.err);
         try {
             const ExitCode code = commands_.Chosen().Run({board, system, streams});
-            return board.TellFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
+            return board.ReportFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
         } catch (...) {
-            board.TellFailure();
+            board.ReportFailure();
             throw;
         }
     }
 
   private:
-    /// The parser takes its words from the end of the list. The status switch is not an option of
-    /// its.
+    /// The parser expects its words in reverse order. The status switch is not one of its options.
     void Parse(std::span<const std::string> arguments) {
         std::vector<std::string> words(arguments.rbegin(), arguments.rend());
         std::erase_if(words, IsStatusSwitch);
@@ -70,7 +69,7 @@ class Program {
     PortChoice portChoice_;
 };
 
-/// What was printed counts only once it has left the process.
+/// Output that cannot be flushed is an error.
 ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
                      CliStreams& streams) {
     const ExitCode code = Program().Run(arguments, system, streams);

@@ -9,7 +9,7 @@
 
 namespace vx3260 {
 
-/// The whole program but for what belongs to the process: `arguments`, UTF-8, are those of main
+/// The whole program except what belongs to the process: `arguments`, UTF-8, are those of main
 /// without the program's name. Returns the exit code, a value of ExitCode.
 int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams);
 

@@ -13,13 +13,13 @@ namespace vx3260 {
 namespace {
 
 constexpr std::string_view standardInput = "-";
-constexpr SizeLimit scriptLimit{std::size_t{1} << 20U, "that is no script"};
+constexpr SizeLimit scriptLimit{std::size_t{1} << 20U, "that is not a script"};
 
 std::string LoadScript(const std::string& file) {
     return file == standardInput ? LoadStandardInput(scriptLimit) : LoadBytes(file, scriptLimit);
 }
 
-/// What belongs to the program as a whole: known here only to say so.
+/// Options of the whole program: recognised here only to refuse them with a reason.
 void AddRefusedWords(CLI::App& line) {
     for (const char* const name : {"--simulated", "--fault"}) {
         line.add_option_function<std::string>(
@@ -62,7 +62,7 @@ class LineParser {
     CommandSet commands_{parser_};
 };
 
-/// What a line prints has left the process before the next one is run.
+/// The output of a line is flushed before the next line runs.
 ExitCode RunLine(const ScriptLine& line, const CommandContext& context) {
     LineParser parser;
     Command* const command = parser.Parse(line.text, context.streams);

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t";
 
-/// Bytes above 127 may be part of a file's name; these are in no text at all.
+/// Control characters never occur in a script. Bytes above 127 may be part of a file's name.
 bool IsBinary(char c) {
     return (c >= '\0' && c < ' ' && c != '\t') || c == '\x7F';
 }
@@ -37,7 +37,7 @@ std::vector<ScriptLine> ScriptLines(std::string_view text, std::string_view sour
         const std::string_view line = WithoutCarriageReturn(text.substr(0, end));
         if (std::any_of(line.begin(), line.end(), IsBinary)) {
             throw BadDataError(std::string(source) + ":" + std::to_string(number) +
-                               ": binary data, no script");
+                               ": binary data, not a script");
         }
         if (IsCommand(line)) {
             lines.push_back({number, std::string(line)});

@@ -46,7 +46,7 @@ std::string FieldHelp() {
     return help;
 }
 
-/// The chip would ignore the write, and nothing but the read-back would tell.
+/// The chip would ignore the write, which only the read-back would show.
 void RequirePowerDown(Services& services, const RegisterDescription& description) {
     if (!description.writesNeedPowerDown) {
         return;
@@ -62,7 +62,7 @@ void RequirePowerDown(Services& services, const RegisterDescription& description
     }
 }
 
-/// An I/O pin of which one bit is the level: the one put out, or, of an input, the one found.
+/// An I/O pin with a bit for its level: the driven one of an output, the actual one of an input.
 struct Pin {
     const RegisterMap::Field& direction;
     const RegisterMap::Field& state;
@@ -71,8 +71,8 @@ struct Pin {
 constexpr Pin pins[] = {{RegisterMap::P3Direction, RegisterMap::P3State},
                         {RegisterMap::P4Direction, RegisterMap::P4State}};
 
-/// The level of a pin that is an input comes from outside, so it is no part of the comparison
-/// unless it is what was to be set.
+/// The level of an input comes from outside, so it is left out of the comparison unless it was to
+/// be set.
 std::int32_t ComparedBits(const RegisterDescription& description, const Assignment& assignment,
                           std::int32_t wanted) {
     std::int32_t bits = -1;

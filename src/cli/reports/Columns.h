@@ -7,7 +7,7 @@
 
 namespace vx3260 {
 
-/// The blanks that widen a text to a column of `width` characters; none for a wider text.
+/// The spaces that widen a text to a column of `width` characters; none for a wider text.
 inline std::string BlanksBeside(std::string_view text, std::size_t width) {
     return std::string(width - std::min(width, text.size()), ' ');
 }

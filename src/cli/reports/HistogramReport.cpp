@@ -21,9 +21,9 @@ constexpr std::size_t eighths = 8;
 constexpr std::string_view fullBlock = "█";
 constexpr std::string_view blocks[eighths] = {"", "▏", "▎", "▍", "▌", "▋", "▊", "▉"};
 
-/// What was counted once is seen, however small its share is.
-std::string Bar(std::size_t count, std::size_t mostCount, std::size_t width) {
-    const std::size_t share = (count * width * eighths + mostCount / 2) / mostCount;
+/// A single code stays visible, however small its share is.
+std::string Bar(std::size_t count, std::size_t maxCount, std::size_t width) {
+    const std::size_t share = (count * width * eighths + maxCount / 2) / maxCount;
     const std::size_t length = count > 0 ? std::max<std::size_t>(share, 1) : 0;
     std::string bar;
     for (std::size_t i = 0; i < length / eighths; ++i) {
@@ -32,7 +32,7 @@ std::string Bar(std::size_t count, std::size_t mostCount, std::size_t width) {
     return bar + std::string(blocks[length % eighths]);
 }
 
-/// Empty for a code that the converter does not give.
+/// Empty for a code outside the converter's range.
 std::string HexCode(std::int64_t code, Converter converter) {
     return code < 0 || code > LargestCodeOf(converter)
                ? ""
@@ -46,24 +46,24 @@ class Bars {
         : counted_(counted),
           codeWidth_(std::max(codeHeading.size(), DecimalWidth())),
           hexWidth_(HexCode(0, counted.converter).size()),
-          mostCount_(*std::max_element(counts_.begin(), counts_.end())),
-          countWidth_(std::max(countHeading.size(), std::to_string(mostCount_).size())) {
+          maxCount_(*std::max_element(counts_.begin(), counts_.end())),
+          countWidth_(std::max(countHeading.size(), std::to_string(maxCount_).size())) {
         const std::size_t before = Label("", "", "", "").size() + gap.size();
-        barWidth_ = std::max(leastBarWidth, width - std::min(width, before));
+        barWidth_ = std::max(minBarWidth, width - std::min(width, before));
     }
 
     std::string Heading() const { return Label("", codeHeading, "", countHeading) + "\n"; }
 
     std::string Line(std::size_t bin) const {
         const std::int64_t code = counted_.histogram.FirstCodeOf(bin);
-        const std::string bar = Bar(counts_[bin], mostCount_, barWidth_);
+        const std::string bar = Bar(counts_[bin], maxCount_, barWidth_);
         return Label(bin == MeanBin() ? meanMark : "", std::to_string(code),
                      HexCode(code, counted_.converter), std::to_string(counts_[bin])) +
                (bar.empty() ? "" : std::string(gap) + bar) + "\n";
     }
 
   private:
-    static constexpr std::size_t leastBarWidth = 10;
+    static constexpr std::size_t minBarWidth = 10;
     static constexpr std::string_view codeHeading = "First Code";
     static constexpr std::string_view countHeading = "Count";
 
@@ -89,7 +89,7 @@ class Bars {
     const std::vector<std::size_t>& counts_ = counted_.histogram.counts;
     std::size_t codeWidth_;
     std::size_t hexWidth_;
-    std::size_t mostCount_;
+    std::size_t maxCount_;
     std::size_t countWidth_;
     std::size_t barWidth_;
 };

@@ -40,7 +40,7 @@ std::string ResolutionLines(const NoiseAnalysis& analysis) {
     return lines;
 }
 
-/// 2.56 in single precision is 2.55999994...; as the number it was meant to be.
+/// The shortest decimal number of the same single-precision value: 2.56, not 2.55999994.
 double AsEntered(float value) {
     return TextToDouble(ShortestText(value));
 }

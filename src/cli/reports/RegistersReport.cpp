@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view indent = "  ";
 
-/// Of the first column, with the two blanks that part it from the second.
+/// Of the first column, with the two spaces that separate it from the second.
 std::size_t NameWidth(std::span<const RegisterReading> readings) {
     std::size_t width = 0;
     for (const RegisterReading& reading : readings) {
@@ -32,7 +32,7 @@ std::string HexOf(const RegisterReading& reading) {
     return RegisterHex(reading.value, reading.description.access);
 }
 
-/// In hertz, of the filter register; a word of 0 has none.
+/// In hertz, for the filter register; empty for a word of 0.
 std::optional<double> UpdateRate(const RegisterReading& reading) {
     const bool filter = reading.description.access.readByte == RegisterMap::Filter.readByte;
     return filter && reading.value != 0 ? std::optional(UpdateRateOf(reading.value)) : std::nullopt;

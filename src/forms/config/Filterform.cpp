@@ -91,12 +91,12 @@ void Filterform::TakeFilterWord() {
         Refuse(ui_->TxtFilter, tr("The Filter Word is not a hexadecimal number"));
         return;
     }
-    if (word > MostFilterWord) {
+    if (word > MaxFilterWord) {
         ShowExclamation("The maximum Filter Word is  FF Hex");
         return;
     }
-    if (word < LeastFilterWord) {
-        ShowExclamation("The minimum Filter Word is " + HexText(LeastFilterWord) + " Hex");
+    if (word < MinFilterWord) {
+        ShowExclamation("The minimum Filter Word is " + HexText(MinFilterWord) + " Hex");
         return;
     }
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedWord));

@@ -86,7 +86,7 @@ std::string DataFileForm::Path() const {
     if (ui_->PathText->text().trimmed().isEmpty()) {
         throw FileAccessError("Enter the name of a file, or choose one with \"Browse...\"");
     }
-    CheckIsNoDevice(path);
+    CheckIsNotDevice(path);
     return path;
 }
 

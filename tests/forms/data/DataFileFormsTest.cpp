@@ -95,10 +95,10 @@ TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
     const std::string bad = folder.Make("bad.dat", " 1\n 1.5\n");
     const std::string none = folder.Path("none.dat");
     const std::pair<std::string, std::string> cases[] = {
-        {bad, bad + ": line 2: \"1.5\" is no decimal code"},
+        {bad, bad + ": line 2: \"1.5\" is not a decimal code"},
         {none, "Cannot read " + none + ": " + Folder::ReasonOfNoFile(none)},
 #if defined(__linux__)
-        {"/dev/zero", "/dev/zero is a pipe, a device or an open file, no file of its own"},
+        {"/dev/zero", "/dev/zero is a pipe, a device or the name of an open file, not a regular file"},
 #endif
         {"  ", "Enter the name of a file, or choose one with \"Browse...\""},
     };

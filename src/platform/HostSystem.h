@@ -11,9 +11,9 @@ namespace vx3260 {
 
 /// The system that this program was built for.
 #if defined(_WIN32)
-using MachineSystem = WindowsSystem;
+using HostSystem = WindowsSystem;
 #else
-using MachineSystem = LinuxSystem;
+using HostSystem = LinuxSystem;
 #endif
 
 }  // namespace vx3260
