@@ -6,7 +6,7 @@
 #include <random>
 
 #include "analysis/Histogram.h"
-#include "analysis/PlotForm.h"
+#include "analysis/forms/PlotForm.h"
 #include "platform/LinuxSystem.h"
 #include "ports/SimulatedPort.h"
 #include "ui/QtMessageBoxes.h"
@@ -42,7 +42,7 @@ void HistogramOf32767(benchmark::State& state) {
     constexpr std::size_t count = 32767;
     const std::vector<double> codes = NormalCodes(count);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(ComputeHistogram(codes, MostHistogramBins));
+        benchmark::DoNotOptimize(ComputeHistogram(codes, MaxHistogramBins));
     }
 }
 BENCHMARK(HistogramOf32767)->Unit(benchmark::kMicrosecond);

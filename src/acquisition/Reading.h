@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "acquisition/ConverterReader.h"
-#include "app/ApplicationState.h"
+#include "link/CodeBlock.h"
 
 namespace vx3260 {
 

@@ -4,24 +4,12 @@
 #include <cmath>
 
 #include "link/RegisterMap.h"
-#include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr double fullScaleOfReference = 1.024;
 constexpr int largestRangeCode = 7;
-
-std::string Signed(Polarity polarity, const std::string& range) {
-    return (polarity == Polarity::Unipolar ? "" : "± ") + range;
-}
-
-/// The two largest ranges are named in volts and without a blank before the unit.
-std::string MainRangeText(int rangeCode) {
-    const float range = RegisterMap::InputRanges.at(static_cast<std::size_t>(rangeCode));
-    return rangeCode >= largestRangeCode - 1 ? ShortestText(range) + "V"
-                                             : ShortestText(range * 1000.0F) + " mV";
-}
 
 /// `fullScale` is the input of the largest code, in volts.
 double LsbVolts(double fullScale, Polarity polarity, int bits) {
@@ -44,7 +32,6 @@ ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polar
         .polarity = polarity,
         .lsbVolts = LsbVolts(referenceVoltage * fullScaleOfReference / gain, polarity, bits),
         .zeroCode = ZeroCode(polarity, bits),
-        .rangeText = Signed(polarity, MainRangeText(rangeCode)),
     };
 }
 
@@ -60,7 +47,6 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
         .polarity = polarity,
         .lsbVolts = LsbVolts(volts, polarity, bits),
         .zeroCode = ZeroCode(polarity, bits),
-        .rangeText = Signed(polarity, half ? "REFIN2 / 2" : "REFIN2"),
     };
 }
 

@@ -2,22 +2,19 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
-#include "app/ApplicationState.h"
 #include "link/Converter.h"
 
 namespace vx3260 {
 
-/// Under which conditions codes are read: what turns them into volts.
+/// The conditions under which codes are read, which turn them into volts.
 struct ConversionConditions {
     Converter converter;
     float referenceVoltage;  ///< volts
     float inputRange;        ///< volts: the main ADC's nominal range, the aux ADC's full scale
     Polarity polarity;
-    double lsbVolts;        ///< size of one code
-    double zeroCode;        ///< code of zero volts: mid-scale when bipolar, else 0
-    std::string rangeText;  ///< as the noise forms show it
+    double lsbVolts;  ///< size of one code
+    double zeroCode;  ///< code of zero volts: mid-scale when bipolar, else 0
 
     /// Width of a code: 24 or 16.
     int Bits() const { return TraitsOf(converter).data.wordLength; }
@@ -25,7 +22,7 @@ struct ConversionConditions {
     /// The input voltage that a code stands for. It may be the mean of several codes.
     double VoltsOf(double code) const { return (code - zeroCode) * lsbVolts; }
 
-    /// The code that an input voltage is converted to, before it is rounded to a whole one.
+    /// The code that an input voltage is converted to, before rounding.
     double CodeOf(double volts) const { return volts / lsbVolts + zeroCode; }
 };
 
@@ -34,7 +31,7 @@ struct ConversionConditions {
 /// definition. `rangeCode` is 0 to 7.
 ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polarity polarity);
 
-/// What the aux ADC takes for full scale.
+/// What the aux ADC uses as full scale.
 enum class AuxFullScale { HalfReference, Reference };
 
 /// Conditions of the aux ADC. One code is full scale x (1 unipolar, 2 bipolar) / 2^16 volts.

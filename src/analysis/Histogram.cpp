@@ -19,10 +19,10 @@ std::int64_t BinsBetween(std::int64_t least, std::int64_t most, std::int64_t wid
     return FloorDivide(most, width) - FloorDivide(least, width) + 1;
 }
 
-std::int64_t WidthFor(std::int64_t least, std::int64_t most, std::int64_t mostBins) {
+std::int64_t WidthFor(std::int64_t least, std::int64_t most, std::int64_t maxBins) {
     for (std::int64_t decade = 1;; decade *= 10) {
         for (const std::int64_t width : {decade, 2 * decade, 5 * decade}) {
-            if (BinsBetween(least, most, width) <= mostBins) {
+            if (BinsBetween(least, most, width) <= maxBins) {
                 return width;
             }
         }
@@ -31,15 +31,15 @@ std::int64_t WidthFor(std::int64_t least, std::int64_t most, std::int64_t mostBi
 
 }  // namespace
 
-Histogram ComputeHistogram(std::span<const double> codes, std::size_t mostBins) {
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins) {
     // Codes on both sides of 0 are in two bins at any width.
-    if (codes.empty() || mostBins < 2) {
+    if (codes.empty() || maxBins < 2) {
         throw SubscriptError();
     }
     const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
     const std::int64_t leastCode = ToInt32(*least);
     const std::int64_t mostCode = ToInt32(*most);
-    const std::int64_t width = WidthFor(leastCode, mostCode, static_cast<std::int64_t>(mostBins));
+    const std::int64_t width = WidthFor(leastCode, mostCode, static_cast<std::int64_t>(maxBins));
     Histogram histogram{FloorDivide(leastCode, width) * width, width, {}};
     histogram.counts.resize(static_cast<std::size_t>(BinsBetween(leastCode, mostCode, width)));
     for (const double code : codes) {

@@ -28,13 +28,13 @@ struct Histogram {
 
 /// Into how many bins a block is counted at most for a drawing and for a spreadsheet: bars that
 /// narrow can still be told apart.
-inline constexpr std::size_t MostHistogramBins = 150;
+inline constexpr std::size_t MaxHistogramBins = 150;
 
-/// One bin per code while the block's codes fit into `mostBins`, else the smallest width of the
+/// One bin per code while the block's codes fit into `maxBins`, else the smallest width of the
 /// series 1, 2, 5, 10, 20, 50 ... with which they do. The first bin and the last are never empty.
 /// Codes are rounded to whole ones. Throws SubscriptError for an empty block or less than 2 bins,
 /// OverflowError for codes beyond 32 bits.
-Histogram ComputeHistogram(std::span<const double> codes, std::size_t mostBins);
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins);
 
 /// How many of `readings` normally distributed codes a bin of `binWidth` codes with the middle
 /// `code` is expected to count: readings x the normal distribution over the width of the bin, which

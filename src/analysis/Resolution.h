@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <string>
-#include <string_view>
 
 #include "analysis/ConversionConditions.h"
 #include "analysis/NoiseStatistics.h"
@@ -33,34 +30,5 @@ struct Resolution {
 
 /// `span` is the largest minus the smallest code, `bits` the width of a code.
 Resolution ComputeResolution(std::size_t readings, double sigma, double span, int bits);
-
-/// One row of the frame "Resolution".
-struct ResolutionRow {
-    std::string_view caption;
-    std::string_view label;  ///< name of the label that shows the figure
-    std::string_view
-        voltsLabel;  ///< name of the one that shows it in volts; empty if there is none
-};
-
-inline constexpr std::string_view ResolutionFrame = "Resolution";
-
-inline constexpr std::array ResolutionRows{
-    ResolutionRow{"Readings N", "ReadingsLabel", ""},
-    ResolutionRow{"RMS Noise (divisor N - 1)", "ExactRMSLabelLSB", "ExactRMSLabel"},
-    ResolutionRow{"Std. Error of the Mean", "StdErrorLabelLSB", "StdErrorLabel"},
-    ResolutionRow{"Est. Pk to Pk (6.6 sigma)", "EstPkPkLabelLSB", "EstPkPkLabel"},
-    ResolutionRow{"Effective Resolution", "EffectiveLabel", ""},
-    ResolutionRow{"Noise-Free Resolution", "NoiseFreeLabel", ""},
-};
-
-struct ResolutionText {
-    std::string figure;
-    std::string volts;  ///< empty where the row has none
-};
-
-/// The rows' texts, in the order of ResolutionRows.
-using ResolutionTexts = std::array<ResolutionText, ResolutionRows.size()>;
-
-ResolutionTexts TextsOf(const Resolution& resolution, double lsbVolts);
 
 }  // namespace vx3260

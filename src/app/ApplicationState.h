@@ -7,17 +7,10 @@
 #include <vector>
 
 #include "app/PrinterPorts.h"
+#include "link/CodeBlock.h"
 #include "link/Converter.h"
 
 namespace vx3260 {
-
-/// One block of readings. Code number i, counted from 1, is codes[i - 1].
-struct CodeBlock {
-    std::vector<double>& codes;
-    std::int16_t& count;  ///< codes read; never more than codes.size()
-};
-
-enum class Polarity : std::int16_t { Unset = 0, Unipolar = 1, Bipolar = 2 };
 
 /// Everything the forms share, for the whole run. Nothing here outlives the process.
 struct ApplicationState {

@@ -25,6 +25,15 @@ constexpr const ConverterTraits& TraitsOf(Converter converter) {
     return converter == Converter::Main ? MainTraits : AuxTraits;
 }
 
+/// The largest code of a converter: 0xFFFFFF or 0xFFFF.
+constexpr std::int32_t LargestCodeOf(Converter converter) {
+    return (std::int32_t{1} << TraitsOf(converter).data.wordLength) - 1;
+}
+
+/// Whether a converter's input range is on one side of zero or on both; the number is how many
+/// times the range's magnitude the codes cover.
+enum class Polarity : std::int16_t { Unset = 0, Unipolar = 1, Bipolar = 2 };
+
 constexpr Converter OtherConverter(Converter converter) {
     return converter == Converter::Main ? Converter::Aux : Converter::Main;
 }

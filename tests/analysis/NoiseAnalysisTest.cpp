@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/NoiseAnalysis.h"
+#include "analysis/NoiseTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -13,10 +13,9 @@ namespace vx3260 {
 namespace {
 
 std::string TextOf(const NoiseAnalysis& analysis, std::string_view label) {
-    const auto* const figure =
-        std::find_if(NoiseFigures.begin(), NoiseFigures.end(),
-                     [label](const NoiseFigure& f) { return f.label == label; });
-    return analysis.texts.at(static_cast<std::size_t>(figure - NoiseFigures.begin()));
+    const auto* const row = std::find_if(NoiseRows.begin(), NoiseRows.end(),
+                                         [label](const NoiseRow& r) { return r.label == label; });
+    return TextOf(analysis, row->figure);
 }
 
 NoiseAnalysis Analyse(const std::vector<double>& codes, int rangeCode = 7,
@@ -45,7 +44,7 @@ TEST(NoiseAnalysis, NamesRangeAndLsbOfEverySetting) {
     const ConversionConditions unipolar = ConditionsOf(Converter::Main, 2.5F, 0x8E);
     EXPECT_EQ(unipolar.inputRange, 1.28F);
     EXPECT_EQ(unipolar.polarity, Polarity::Unipolar);
-    EXPECT_EQ(ConditionsOf(Converter::Main, 2.5F, 0xF0).rangeText, "± 20 mV");
+    EXPECT_EQ(RangeText(ConditionsOf(Converter::Main, 2.5F, 0xF0)), "± 20 mV");
 }
 
 TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
@@ -57,7 +56,7 @@ TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
     };
     for (const auto& [control, range, fullScale, lsb, zeroCode] : cases) {
         const ConversionConditions conditions = ConditionsOf(Converter::Aux, 2.5F, control);
-        EXPECT_EQ(conditions.rangeText, range);
+        EXPECT_EQ(RangeText(conditions), range);
         EXPECT_EQ(conditions.inputRange, fullScale) << range;
         EXPECT_DOUBLE_EQ(conditions.lsbVolts, lsb) << range;
         EXPECT_EQ(conditions.zeroCode, zeroCode) << range;
@@ -66,10 +65,10 @@ TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
 }
 
 TEST(NoiseAnalysis, KnowsNoResolutionBeyondTheCodes) {
-    const ResolutionTexts quiet = TextsOf(Analyse({7, 7, 7}).resolution, 1);
-    EXPECT_EQ(quiet[1].volts, "0 V");
-    EXPECT_EQ(quiet[4].figure, "≥ 24 bits");
-    EXPECT_EQ(quiet[5].figure, "≥ 24 bits");
+    const NoiseAnalysis quiet = Analyse({7, 7, 7});
+    EXPECT_EQ(TextOf(quiet, ResolutionFigure::RmsNoise).volts, "0 V");
+    EXPECT_EQ(TextOf(quiet, ResolutionFigure::Effective).figure, "≥ 24 bits");
+    EXPECT_EQ(TextOf(quiet, ResolutionFigure::NoiseFree).figure, "≥ 24 bits");
 }
 
 TEST(NoiseAnalysis, ShowsASmallBlock) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/AuxNoiseForm.h"
-#include "analysis/MainNoiseForm.h"
+#include "analysis/NoiseTexts.h"
+#include "analysis/forms/AuxNoiseForm.h"
+#include "analysis/forms/MainNoiseForm.h"
 #include "support/Forms.h"
 
 namespace vx3260::test {
@@ -12,18 +13,17 @@ TEST_F(NoiseFormsTest, ShowTheFiguresUnderTheirCaptions) {
     bench->Fill(Converter::Main, {8388608, 8388612, 8388616});
     Preset(mainControlAt, 0x80);
     Open<MainNoiseForm>();
-    const NoiseTexts texts =
-        AnalyseNoise(bench->state.MainCodes, ConditionsOf(Converter::Main, 2.5F, 0x80)).texts;
-    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
-        const NoiseFigure& figure = NoiseFigures[i];
-        const auto& value = Find<QLabel>(*form, std::string(figure.label));
-        EXPECT_EQ(TextOf(value), texts[i]) << figure.label;
-        EXPECT_EQ(TextOf(*value.parentWidget()), figure.frame);
+    const NoiseAnalysis analysis =
+        AnalyseNoise(bench->state.MainCodes, ConditionsOf(Converter::Main, 2.5F, 0x80));
+    for (const NoiseRow& row : NoiseRows) {
+        const auto& value = Find<QLabel>(*form, std::string(row.label));
+        EXPECT_EQ(TextOf(value), vx3260::TextOf(analysis, row.figure)) << row.label;
+        EXPECT_EQ(TextOf(*value.parentWidget()), row.frame);
         std::string captions;
         for (const QLabel* caption : form->findChildren<QLabel*>()) {
             captions += caption->buddy() == &value ? TextOf(*caption) : "";
         }
-        EXPECT_EQ(captions, figure.caption);
+        EXPECT_EQ(captions, row.caption);
     }
     Expect(
         "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <random>
 
-#include "analysis/HistogramForm.h"
-#include "analysis/PlotForm.h"
+#include "analysis/forms/HistogramForm.h"
+#include "analysis/forms/PlotForm.h"
 #include "support/Folder.h"
 #include "support/Forms.h"
 

@@ -32,7 +32,7 @@ HistogramCommand::HistogramCommand(CLI::App& program)
     AddWholeNumber(Parser(), "--bins", maxBins_,
                    "Into how many bins at most; each is 1, 2, 5, 10, 20, 50 ... codes wide")
         ->check(CLI::Range(minBins, maxBinsAllowed))
-        ->default_str(std::to_string(maxBars) + ", " + std::to_string(MostHistogramBins) +
+        ->default_str(std::to_string(maxBars) + ", " + std::to_string(MaxHistogramBins) +
                       " for csv");
     AddFormat(Parser(), format_, ReportFormat::Csv);
 }
@@ -43,7 +43,7 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
     WarnOfSuspiciousCodes(block, converter_, context.streams.err);
     const std::vector<double> codes(block.begin(), block.end());
     const bool csv = format_ == ReportFormat::Csv;
-    const std::size_t fitting = csv ? MostHistogramBins : maxBars;
+    const std::size_t fitting = csv ? MaxHistogramBins : maxBars;
     const FileHistogram counted{
         .file = file_,
         .converter = converter_,

@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "analysis/NoiseTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/StopSignal.h"
@@ -72,11 +73,11 @@ CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::
 }
 
 void CheckCount(std::int64_t count) {
-    if (count < LeastCodesForAnalysis || count > MostCodesForAnalysis) {
+    if (count < MinCodesForAnalysis || count > MaxCodesForAnalysis) {
         throw CommandError(ExitCode::CountRefused,
                            std::string(CountRefusal) + " (" + std::to_string(count) +
-                               " given; accepted are " + std::to_string(LeastCodesForAnalysis) +
-                               " to " + std::to_string(MostCodesForAnalysis) + ")");
+                               " given; accepted are " + std::to_string(MinCodesForAnalysis) +
+                               " to " + std::to_string(MaxCodesForAnalysis) + ")");
     }
 }
 

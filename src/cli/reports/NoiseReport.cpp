@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "analysis/NoiseTexts.h"
 #include "cli/reports/Columns.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
@@ -27,15 +28,15 @@ std::string FigureAndVolts(const ResolutionText& text, std::size_t figureWidth) 
 }
 
 std::string ResolutionLines(const NoiseAnalysis& analysis) {
-    const ResolutionTexts texts = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
     std::size_t figureWidth = 0;
-    for (const ResolutionText& text : texts) {
+    for (const ResolutionRow& row : ResolutionRows) {
+        const ResolutionText text = TextOf(analysis, row.figure);
         figureWidth = std::max(figureWidth, text.volts.empty() ? 0 : text.figure.size() + 2);
     }
     std::string lines = std::string(ResolutionFrame) + "\n";
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        lines += "  " + Padded(ResolutionRows[i].caption, CaptionWidth(ResolutionRows)) +
-                 FigureAndVolts(texts[i], figureWidth) + "\n";
+    for (const ResolutionRow& row : ResolutionRows) {
+        lines += "  " + Padded(row.caption, CaptionWidth(ResolutionRows)) +
+                 FigureAndVolts(TextOf(analysis, row.figure), figureWidth) + "\n";
     }
     return lines;
 }
@@ -47,15 +48,14 @@ double AsEntered(float value) {
 
 QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
     QJsonObject texts;
-    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
-        texts[QString::fromUtf8(NoiseFigures[i].label)] = QString::fromUtf8(analysis.texts[i]);
+    for (const NoiseRow& row : NoiseRows) {
+        texts[QString::fromUtf8(row.label)] = QString::fromUtf8(TextOf(analysis, row.figure));
     }
-    const ResolutionTexts resolution = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
-    for (std::size_t i = 0; i < ResolutionRows.size(); ++i) {
-        texts[QString::fromUtf8(ResolutionRows[i].label)] = QString::fromUtf8(resolution[i].figure);
-        if (!ResolutionRows[i].voltsLabel.empty()) {
-            texts[QString::fromUtf8(ResolutionRows[i].voltsLabel)] =
-                QString::fromUtf8(resolution[i].volts);
+    for (const ResolutionRow& row : ResolutionRows) {
+        const ResolutionText text = TextOf(analysis, row.figure);
+        texts[QString::fromUtf8(row.label)] = QString::fromUtf8(text.figure);
+        if (!row.voltsLabel.empty()) {
+            texts[QString::fromUtf8(row.voltsLabel)] = QString::fromUtf8(text.volts);
         }
     }
     return texts;
@@ -66,8 +66,6 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
     const Resolution& resolution = analysis.resolution;
     const double reference = AsEntered(conditions.referenceVoltage);
     const double lsb = conditions.lsbVolts / conditions.referenceVoltage * reference;
-    // AnalyseNoise has seen to it that the span fits.
-    const std::int32_t span = analysis.statistics.maxCode - analysis.statistics.minCode;
     return {
         {"count", static_cast<qint64>(analysis.count)},
         {"referenceVoltage", reference},
@@ -76,7 +74,7 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
         {"lsbVolts", lsb},
         {"maxCode", analysis.statistics.maxCode},
         {"minCode", analysis.statistics.minCode},
-        {"spanCodes", span},
+        {"spanCodes", analysis.span},
         {"meanCodes", analysis.exact.mean},
         {"sigmaCodes", analysis.exact.sigma},
         {"sigmaVolts", analysis.exact.sigma * lsb},
@@ -88,7 +86,7 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
         {"effectiveResolutionIsLowerBound", resolution.effective.isLowerBound},
         {"noiseFreeResolutionBits", resolution.noiseFree.bits},
         {"noiseFreeResolutionIsLowerBound", resolution.noiseFree.isLowerBound},
-        {"peakToPeakVolts", span * lsb},
+        {"peakToPeakVolts", analysis.span * lsb},
         {"averageVolts", (analysis.exact.mean - conditions.zeroCode) * lsb},
     };
 }
@@ -96,16 +94,15 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
 }  // namespace
 
 std::string NoiseText(const NoiseAnalysis& analysis) {
-    const std::size_t width = CaptionWidth(NoiseFigures);
+    const std::size_t width = CaptionWidth(NoiseRows);
     std::string text;
     std::string_view frame;
-    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
-        const NoiseFigure& figure = NoiseFigures[i];
-        if (figure.frame != frame) {
-            frame = figure.frame;
+    for (const NoiseRow& row : NoiseRows) {
+        if (row.frame != frame) {
+            frame = row.frame;
             text += std::string(frame) + "\n";
         }
-        text += "  " + Padded(figure.caption, width) + analysis.texts[i] + "\n";
+        text += "  " + Padded(row.caption, width) + TextOf(analysis, row.figure) + "\n";
     }
     return text + ResolutionLines(analysis);
 }

@@ -2,7 +2,7 @@
 #include "forms/data/BlockReadingForm.h"
 
 #include "acquisition/Reading.h"
-#include "analysis/NoiseAnalysis.h"
+#include "analysis/forms/CountRefusal.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/ReadAuxDataForm.h"
 
-#include "analysis/AuxNoiseForm.h"
 #include "analysis/NoiseStatistics.h"
+#include "analysis/forms/AuxNoiseForm.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/ReadMainDataForm.h"
 
-#include "analysis/MainNoiseForm.h"
+#include "analysis/forms/MainNoiseForm.h"
 #include "ui_ReadMainDataForm.h"
 
 namespace vx3260 {

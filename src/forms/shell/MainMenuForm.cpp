@@ -3,9 +3,9 @@
 
 #include <QKeyEvent>
 
-#include "analysis/AuxNoiseForm.h"
-#include "analysis/MainNoiseForm.h"
-#include "analysis/NoiseAnalysis.h"
+#include "analysis/forms/AuxNoiseForm.h"
+#include "analysis/forms/CountRefusal.h"
+#include "analysis/forms/MainNoiseForm.h"
 #include "forms/data/ReadAuxDataForm.h"
 #include "forms/data/ReadDualDataForm.h"
 #include "forms/data/ReadFileForm.h"

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/NoiseForm.h"
+#include "analysis/forms/NoiseForm.h"
 
-#include "analysis/HistogramForm.h"
-#include "analysis/PlotForm.h"
+#include "analysis/NoiseTexts.h"
+#include "analysis/forms/HistogramForm.h"
+#include "analysis/forms/PlotForm.h"
 #include "link/RegisterMap.h"
 #include "link/Serial.h"
 #include "ui/Fonts.h"
@@ -82,8 +83,8 @@ void NoiseForm::KeepStatistics() {
 }
 
 void NoiseForm::ShowTexts() {
-    for (std::size_t i = 0; i < NoiseFigures.size(); ++i) {
-        ShowFigure(*this, NoiseFigures[i].label, block_.analysis.texts[i]);
+    for (const NoiseRow& row : NoiseRows) {
+        ShowFigure(*this, row.label, TextOf(block_.analysis, row.figure));
     }
     const QString why = tr(
         "The average is summed in single precision, 24 bits, as this form is designed. Near "
@@ -95,12 +96,11 @@ void NoiseForm::ShowTexts() {
 }
 
 void NoiseForm::ShowResolution() {
-    const NoiseAnalysis& analysis = block_.analysis;
-    const ResolutionTexts texts = TextsOf(analysis.resolution, analysis.conditions.lsbVolts);
-    for (std::size_t i = 0; i < ResolutionRows.size(); ++i) {
-        ShowFigure(*this, ResolutionRows[i].label, texts[i].figure);
-        if (!ResolutionRows[i].voltsLabel.empty()) {
-            ShowFigure(*this, ResolutionRows[i].voltsLabel, texts[i].volts);
+    for (const ResolutionRow& row : ResolutionRows) {
+        const ResolutionText text = TextOf(block_.analysis, row.figure);
+        ShowFigure(*this, row.label, text.figure);
+        if (!row.voltsLabel.empty()) {
+            ShowFigure(*this, row.voltsLabel, text.volts);
         }
     }
     ui_->Frame4->setToolTip(

@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "analysis/BlockPlotForm.h"
 #include "analysis/Histogram.h"
+#include "analysis/forms/BlockPlotForm.h"
 
 namespace Ui {
 class HistogramForm;

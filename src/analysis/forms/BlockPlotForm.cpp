@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/BlockPlotForm.h"
+#include "analysis/forms/BlockPlotForm.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/NoiseTexts.h"
 #include "analysis/PlotScale.h"
 #include "files/CodeFile.h"
 #include "numbers/NumberText.h"
@@ -167,12 +168,8 @@ bool IsPdf(const ChosenFile& file) {
     return (known ? typed : file.suffix) == PdfFile().suffix;
 }
 
-QString FigureText(const NoiseAnalysis& analysis, std::string_view label) {
-    const auto* const figure =
-        std::find_if(NoiseFigures.begin(), NoiseFigures.end(),
-                     [label](const NoiseFigure& f) { return f.label == label; });
-    return QString::fromStdString(
-        analysis.texts.at(static_cast<std::size_t>(figure - NoiseFigures.begin())));
+QString FigureText(const NoiseAnalysis& analysis, NoiseFigure figure) {
+    return QString::fromStdString(TextOf(analysis, figure));
 }
 
 std::string_view View(const QByteArray& bytes) {
@@ -248,9 +245,9 @@ QStringList BlockPlotForm::PictureLines() const {
     const QString board = QString::fromStdString(Shared().boardBadge);
     QStringList conditions{
         QString::fromStdString(CountText(static_cast<std::int64_t>(analysis.count), "reading")),
-        tr("input range %1").arg(FigureText(analysis, "RangeLabel")),
-        tr("LSB %1").arg(FigureText(analysis, "LSBLabel")),
-        tr("reference %1").arg(FigureText(analysis, "RefLabel"))};
+        tr("input range %1").arg(FigureText(analysis, NoiseFigure::InputRange)),
+        tr("LSB %1").arg(FigureText(analysis, NoiseFigure::LsbSize)),
+        tr("reference %1").arg(FigureText(analysis, NoiseFigure::ReferenceVoltage))};
     if (!board.isEmpty()) {
         conditions.append(board);
     }

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "analysis/BlockPlotForm.h"
+#include "analysis/forms/BlockPlotForm.h"
 #include "ui/PlotCursors.h"
 
 namespace Ui {

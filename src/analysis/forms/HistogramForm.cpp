@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/HistogramForm.h"
+#include "analysis/forms/HistogramForm.h"
 
+#include "analysis/NoiseTexts.h"
 #include "analysis/PlotCsv.h"
 #include "analysis/PlotScale.h"
 #include "numbers/NumberText.h"
@@ -9,8 +10,6 @@
 
 namespace vx3260 {
 namespace {
-
-/// A bin stays some pixels wide then.
 
 constexpr double curveSigmas = 5;
 constexpr int curvePoints = 400;
@@ -39,7 +38,7 @@ void FillCurve(QCPGraph* curve, const NoiseAnalysis& analysis, std::int64_t binW
 HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWidget* parent)
     : BlockPlotForm(services, block, parent),
       ui_(std::make_unique<Ui::HistogramForm>()),
-      histogram_(ComputeHistogram(block.codes, MostHistogramBins)) {
+      histogram_(ComputeHistogram(block.codes, MaxHistogramBins)) {
     ui_->setupUi(this);
     SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
            ui_->Command3, ui_->Command4, ui_->Command5},
@@ -97,11 +96,9 @@ void HistogramForm::ShowFigures() {
     const NoiseAnalysis& analysis = Block().analysis;
     const ConversionConditions& conditions = analysis.conditions;
     const MeanAndSigma texts = MeanAndSigmaOf(analysis);
-    const std::int64_t span =
-        std::int64_t{analysis.statistics.maxCode} - analysis.statistics.minCode;
     const std::pair<QLabel*, QString> figures[] = {
         {ui_->CodesLabel, QString::number(analysis.count)},
-        {ui_->RangeLabel, QString::fromStdString(conditions.rangeText)},
+        {ui_->RangeLabel, QString::fromStdString(RangeText(conditions))},
         {ui_->LSBLabel, DistanceText(conditions.lsbVolts)},
         {ui_->MeanLabelLSB, texts.mean},
         {ui_->MeanLabel, texts.meanVolts},
@@ -110,7 +107,7 @@ void HistogramForm::ShowFigures() {
         {ui_->BinLabel, QString::fromStdString(CountText(histogram_.binWidth, "code"))},
         {ui_->MaxLabel, QString::fromStdString(CodeText(analysis.statistics.maxCode))},
         {ui_->MinLabel, QString::fromStdString(CodeText(analysis.statistics.minCode))},
-        {ui_->SpanLabel, QString::fromStdString(CountText(span, "code"))},
+        {ui_->SpanLabel, QString::fromStdString(CountText(analysis.span, "code"))},
     };
     for (const auto& [label, text] : figures) {
         UseFixedFont(label);

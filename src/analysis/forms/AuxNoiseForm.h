@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "analysis/NoiseForm.h"
+#include "analysis/forms/NoiseForm.h"
 
 namespace vx3260 {
 

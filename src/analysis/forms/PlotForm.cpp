@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/PlotForm.h"
+#include "analysis/forms/PlotForm.h"
 
 #include "analysis/PlotCsv.h"
 #include "analysis/PlotScale.h"

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/forms/CountRefusal.h"
+
+#include "analysis/NoiseTexts.h"
+
+namespace vx3260 {
+
+bool RefusedByCount(MessageBoxes& messages, std::int32_t count) {
+    if (CountFitsAnalysis(count)) {
+        return false;
+    }
+    messages.Show({.text = std::string(CountRefusal)});
+    return true;
+}
+
+}  // namespace vx3260
