@@ -13,27 +13,27 @@ Form::Form(Services& services, QWidget* parent) : QDialog(parent), services_(ser
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
-void Form::ShowBadge(QLabel* label) {
+void Form::ShowBoardLabel(QLabel* label) {
     label->setText(QString::fromStdString(services_.boardBadge));
     label->setVisible(!services_.boardBadge.empty());
     label->setToolTip(tr("Readings come from the simulated board, not from a chip"));
-    badge_ = label;
-    ColourBadge();
+    boardLabel_ = label;
+    ColourBoardLabel();
 }
 
 /// Colours that a style sheet takes from the palette stay when the palette changes.
-void Form::ColourBadge() {
+void Form::ColourBoardLabel() {
     const QPalette colours = palette();
-    badge_->setStyleSheet(QStringLiteral("QLabel { border: 1px solid %1; color: %2;"
-                                         " border-radius: 4px; padding: 2px 8px; }")
-                              .arg(colours.color(QPalette::Highlight).name(),
-                                   colours.color(QPalette::WindowText).name()));
+    boardLabel_->setStyleSheet(QStringLiteral("QLabel { border: 1px solid %1; color: %2;"
+                                              " border-radius: 4px; padding: 2px 8px; }")
+                                   .arg(colours.color(QPalette::Highlight).name(),
+                                        colours.color(QPalette::WindowText).name()));
 }
 
 void Form::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && badge_ != nullptr) {
-        ColourBadge();
+    if (event->type() == QEvent::PaletteChange && boardLabel_ != nullptr) {
+        ColourBoardLabel();
     }
 }
 
@@ -42,7 +42,7 @@ void Form::ShowFailure(const std::exception& error, const std::string& detail) {
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
         text[0] = static_cast<char>(text[0] - 'a' + 'A');
     }
-    Show({.text = text, .icon = MessageIcon::Exclamation, .detail = detail});
+    ShowMessage({.text = text, .icon = MessageIcon::Exclamation, .detail = detail});
 }
 
 void Form::showEvent(QShowEvent* event) {
@@ -75,7 +75,7 @@ void Form::Guarded(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const std::exception& error) {
-        Show({.text = error.what(), .icon = MessageIcon::Critical});
+        ShowMessage({.text = error.what(), .icon = MessageIcon::Critical});
     }
 }
 

@@ -27,7 +27,7 @@ class Form : public QDialog {
     ApplicationState& State() { return services_.state; }
 
     /// Shows a message box over this form.
-    MessageAnswer Show(const Message& message) { return services_.messages.Show(message); }
+    MessageAnswer ShowMessage(const Message& message) { return services_.messages.Show(message); }
 
     /// Shows what went wrong with something that was tried, as a refusal; `detail` tells what was
     /// left as it was.
@@ -55,17 +55,17 @@ class Form : public QDialog {
     }
 
     /// Marks the form as working on a board that is not the real one.
-    void ShowBadge(QLabel* label);
+    void ShowBoardLabel(QLabel* label);
 
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
     void Guarded(const std::function<void()>& handler);
-    void ColourBadge();
+    void ColourBoardLabel();
 
     Services& services_;
-    QLabel* badge_ = nullptr;
+    QLabel* boardLabel_ = nullptr;
 };
 
 }  // namespace vx3260

@@ -47,29 +47,30 @@ PlotCursors::Cursor PlotCursors::MakeCursor(Name name) {
     return cursor;
 }
 
-void PlotCursors::UseLook(const PlotLook& look) {
-    look_ = look;
+void PlotCursors::UseTheme(const PlotTheme& theme) {
+    theme_ = theme;
     for (const Name name : {A, B}) {
         const Cursor& cursor = cursors_[name];
         const bool chosen = name == chosen_;
         QFont font = view_->font();
         font.setBold(chosen);
-        cursor.line->setPen(QPen(look.text, 1, name == A ? Qt::DashLine : Qt::DashDotLine));
-        cursor.marker->setPen(QPen(look.text, 2));
-        cursor.marker->setBrush(chosen ? look.reference : look.background);
+        cursor.line->setPen(QPen(theme.text, 1, name == A ? Qt::DashLine : Qt::DashDotLine));
+        cursor.marker->setPen(QPen(theme.text, 2));
+        cursor.marker->setBrush(chosen ? theme.reference : theme.background);
         cursor.flag->setFont(font);
-        cursor.flag->setPen(look.text);
-        cursor.flag->setBrush(chosen ? look.text : look.background);
-        cursor.flag->setColor(chosen ? look.background : look.text);
+        cursor.flag->setPen(theme.text);
+        cursor.flag->setBrush(chosen ? theme.text : theme.background);
+        cursor.flag->setColor(chosen ? theme.background : theme.text);
     }
 }
 
 bool PlotCursors::eventFilter(QObject* watched, QEvent* event) {
-    return (event->type() == QEvent::KeyPress && TakeKey(static_cast<const QKeyEvent&>(*event))) ||
+    return (event->type() == QEvent::KeyPress &&
+            HandleKey(static_cast<const QKeyEvent&>(*event))) ||
            QObject::eventFilter(watched, event);
 }
 
-bool PlotCursors::TakeKey(const QKeyEvent& event) {
+bool PlotCursors::HandleKey(const QKeyEvent& event) {
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
     const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
     const int points = shift ? leapPoints : 1;
@@ -89,7 +90,7 @@ bool PlotCursors::TakeKey(const QKeyEvent& event) {
 
 void PlotCursors::Choose(Name name) {
     chosen_ = name;
-    UseLook(look_);
+    UseTheme(theme_);
     Update();
 }
 

@@ -25,7 +25,7 @@ class PlotCursors final : public QObject {
     Name Chosen() const { return chosen_; }
 
     /// Draws the cursors in this look from now on.
-    void UseLook(const PlotLook& look);
+    void UseTheme(const PlotTheme& theme);
 
   signals:
     /// A cursor was moved, or the other one chosen.
@@ -43,7 +43,7 @@ class PlotCursors final : public QObject {
     };
 
     Cursor MakeCursor(Name name);
-    bool TakeKey(const QKeyEvent& event);
+    bool HandleKey(const QKeyEvent& event);
     void Choose(Name name);
     void MoveTo(int point);
     void MoveToKey(double key);
@@ -54,7 +54,7 @@ class PlotCursors final : public QObject {
     QCPGraph* graph_;
     std::array<Cursor, 2> cursors_;
     Name chosen_ = A;
-    PlotLook look_{};
+    PlotTheme theme_{};
 };
 
 }  // namespace vx3260

@@ -46,7 +46,7 @@ constexpr KeyStep keySteps[] = {
     {Qt::Key_Plus, true, 0, 0, zoomIn, zoomIn},
 };
 
-PlotLook LookOn(const QColor& background, const QColor& text) {
+PlotTheme ThemeOn(const QColor& background, const QColor& text) {
     constexpr int middle = 128;
     constexpr double gridPart = 0.2;
     constexpr double onePixelAtAnyScale = 0;
@@ -59,14 +59,14 @@ PlotLook LookOn(const QColor& background, const QColor& text) {
             .dataWidth = onePixelAtAnyScale};
 }
 
-PlotLook LookOf(const QPalette& palette) {
-    return LookOn(palette.color(QPalette::Base), palette.color(QPalette::Text));
+PlotTheme ThemeOf(const QPalette& palette) {
+    return ThemeOn(palette.color(QPalette::Base), palette.color(QPalette::Text));
 }
 
-PlotLook ExportLook() {
-    PlotLook look = LookOn(Qt::white, QColor(0x20, 0x20, 0x20));
-    look.dataWidth = 1 / exportScale;
-    return look;
+PlotTheme ExportTheme() {
+    PlotTheme theme = ThemeOn(Qt::white, QColor(0x20, 0x20, 0x20));
+    theme.dataWidth = 1 / exportScale;
+    return theme;
 }
 
 /// The part of `all` nearest to `range` and no smaller than `least`.
@@ -107,7 +107,7 @@ PlotView::PlotView(QWidget* parent)
     }
     SetUpLegend();
     UseFonts();
-    UseLook(LookOf(palette()));
+    UseTheme(ThemeOf(palette()));
 }
 
 /// In the middle of a row over the plot, where it hides nothing.
@@ -127,9 +127,9 @@ void PlotView::SetUpLegend() {
     legend->setVisible(true);
 }
 
-void PlotView::SetLook(std::function<void(const PlotLook&)> useLook) {
-    useLook_ = std::move(useLook);
-    UseLook(LookOf(palette()));
+void PlotView::SetTheme(std::function<void(const PlotTheme&)> useTheme) {
+    useTheme_ = std::move(useTheme);
+    UseTheme(ThemeOf(palette()));
 }
 
 void PlotView::SetExtent(const PlotExtent& extent) {
@@ -172,29 +172,29 @@ void PlotView::UseFonts() {
     legend->setIconSize(2 * line, line + fontMetrics().descent());
 }
 
-void PlotView::UseLook(const PlotLook& look) {
-    setBackground(look.background);
+void PlotView::UseTheme(const PlotTheme& theme) {
+    setBackground(theme.background);
     for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
         for (const auto setPen :
              {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
-            (axis->*setPen)(look.text);
+            (axis->*setPen)(theme.text);
         }
-        axis->setTickLabelColor(look.text);
-        axis->setLabelColor(look.text);
-        axis->grid()->setPen(look.grid);
+        axis->setTickLabelColor(theme.text);
+        axis->setLabelColor(theme.text);
+        axis->grid()->setPen(theme.grid);
         axis->grid()->setZeroLinePen(Qt::NoPen);
     }
-    legend->setTextColor(look.text);
-    QColor inside = look.data;
+    legend->setTextColor(theme.text);
+    QColor inside = theme.data;
     inside.setAlphaF(0.2F);
-    selectionRect()->setPen(look.data);
+    selectionRect()->setPen(theme.data);
     selectionRect()->setBrush(inside);
-    if (useLook_) {
-        useLook_(look);
+    if (useTheme_) {
+        useTheme_(theme);
     }
 }
 
-bool PlotView::Steer(const QKeyEvent& event) {
+bool PlotView::HandleKey(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Home) {
         ShowAll();
         return true;
@@ -215,7 +215,7 @@ bool PlotView::Steer(const QKeyEvent& event) {
 
 void PlotView::keyPressEvent(QKeyEvent* event) {
     const bool other = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (other || !Steer(*event)) {
+    if (other || !HandleKey(*event)) {
         QCustomPlot::keyPressEvent(event);
         return;
     }
@@ -250,7 +250,7 @@ void PlotView::processRectZoom(QRect rect, QMouseEvent* /*event*/) {
 void PlotView::changeEvent(QEvent* event) {
     QCustomPlot::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        UseLook(LookOf(palette()));
+        UseTheme(ThemeOf(palette()));
         replot(rpQueuedRefresh);
     } else if (event->type() == QEvent::FontChange) {
         UseFonts();
@@ -278,12 +278,12 @@ void PlotView::AddTextOnTop(const QString& text, const QFont& textFont, const QC
 void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>& draw) {
     replot();  // what depends on what is seen is up to date
     SampleAdaptively(*this, false);
-    const PlotLook look = ExportLook();
-    UseLook(look);
+    const PlotTheme theme = ExportTheme();
+    UseTheme(theme);
     QFont titleFont = font();
     titleFont.setBold(true);
-    AddTextOnTop(lines.mid(1).join(QLatin1Char('\n')), font(), look.text);
-    AddTextOnTop(lines.value(0), titleFont, look.text);
+    AddTextOnTop(lines.mid(1).join(QLatin1Char('\n')), font(), theme.text);
+    AddTextOnTop(lines.value(0), titleFont, theme.text);
 
     draw(exportSize * fontMetrics().height());
 
@@ -292,7 +292,7 @@ void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>
     }
     plotLayout()->simplify();
     SampleAdaptively(*this, true);
-    UseLook(LookOf(palette()));
+    UseTheme(ThemeOf(palette()));
     replot();
 }
 

@@ -12,7 +12,7 @@ namespace vx3260 {
 
 /// What a plot is drawn with. Data and reference are of the Okabe-Ito palette, which every kind of
 /// colour vision tells apart.
-struct PlotLook {
+struct PlotTheme {
     QColor background;
     QColor text;
     QColor grid;
@@ -42,9 +42,9 @@ class PlotView final : public QCustomPlot {
   public:
     explicit PlotView(QWidget* parent = nullptr);
 
-    /// Calls `useLook` with the look now and whenever it changes: in another theme, and for
+    /// Calls `useTheme` with the look now and whenever it changes: in another theme, and for
     /// an export and after it.
-    void SetLook(std::function<void(const PlotLook&)> useLook);
+    void SetTheme(std::function<void(const PlotTheme&)> useTheme);
 
     /// Sets the limits and shows everything.
     void SetExtent(const PlotExtent& extent);
@@ -75,13 +75,13 @@ class PlotView final : public QCustomPlot {
     void SetUpLegend();
     void KeepInside();
     void UseFonts();
-    void UseLook(const PlotLook& look);
+    void UseTheme(const PlotTheme& theme);
     void AddTextOnTop(const QString& text, const QFont& textFont, const QColor& colour);
-    bool Steer(const QKeyEvent& event);
+    bool HandleKey(const QKeyEvent& event);
     /// Calls `draw` while the plot looks as it is exported.
     void Export(const QStringList& lines, const std::function<void(QSize)>& draw);
 
-    std::function<void(const PlotLook&)> useLook_;
+    std::function<void(const PlotTheme&)> useTheme_;
     PlotExtent extent_;
 };
 

@@ -191,7 +191,7 @@ void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
             .arg(QString::fromUtf8(TraitsOf(block_.analysis.conditions.converter).name), subject);
     controls.heading->setText(subject_);
     UseHeadingFont(controls.heading);
-    ShowBadge(controls.badge);
+    ShowBoardLabel(controls.boardLabel);
     view_->setAccessibleName(subject_);
     On(controls.savePicture, &QPushButton::clicked, &BlockPlotForm::SavePicture);
     On(controls.saveCsv, &QPushButton::clicked, &BlockPlotForm::SaveCsv);

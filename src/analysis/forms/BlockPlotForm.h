@@ -21,7 +21,7 @@ class BlockPlotForm : public Form {
   protected:
     struct Controls {
         QLabel* heading;
-        QLabel* badge;
+        QLabel* boardLabel;
         PlotView* view;
         QPushButton* savePicture;
         QPushButton* saveCsv;

@@ -70,13 +70,13 @@ void HistogramForm::Draw() {
     mean->addData(analysis.exact.mean, 0);
     mean->addData(analysis.exact.mean, CountAxisOf(histogram_, analysis).upper);
 
-    view->SetLook([bars, curve, mean](const PlotLook& look) {
+    view->SetTheme([bars, curve, mean](const PlotTheme& theme) {
         constexpr double fill = 0.35;
         constexpr double lineWidth = 2;
-        bars->setBrush(Mixed(look.data, look.background, fill));
-        bars->setPen(look.data);
-        curve->setPen(QPen(look.reference, lineWidth));
-        mean->setPen(QPen(look.text, 1, Qt::DashLine));
+        bars->setBrush(Mixed(theme.data, theme.background, fill));
+        bars->setPen(theme.data);
+        curve->setPen(QPen(theme.reference, lineWidth));
+        mean->setPen(QPen(theme.text, 1, Qt::DashLine));
     });
 }
 

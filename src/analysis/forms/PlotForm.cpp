@@ -61,7 +61,7 @@ void PlotForm::Draw() {
         levels_.back()->addToLegend();
     }
     cursors_ = new PlotCursors(view, codes_);
-    view->SetLook([this](const PlotLook& look) { UseLook(look); });
+    view->SetTheme([this](const PlotTheme& theme) { UseTheme(theme); });
 }
 
 void PlotForm::SetUpAxes() {
@@ -81,18 +81,18 @@ void PlotForm::SetUpAxes() {
                      minCodesShown});
 }
 
-void PlotForm::UseLook(const PlotLook& look) {
+void PlotForm::UseTheme(const PlotTheme& theme) {
     constexpr double lineWidth = 2;
     constexpr double edgeWidth = 4;
-    codes_->setPen(QPen(look.data, look.dataWidth));
+    codes_->setPen(QPen(theme.data, theme.dataWidth));
     for (QCPGraph* edge : edges_) {
-        edge->setPen(QPen(look.background, edgeWidth));
+        edge->setPen(QPen(theme.background, edgeWidth));
     }
     for (QCPGraph* level : levels_) {
         const bool isMean = level == levels_.front();
-        level->setPen(QPen(look.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
+        level->setPen(QPen(theme.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
     }
-    cursors_->UseLook(look);
+    cursors_->UseTheme(theme);
 }
 
 std::vector<QCPGraph*> PlotForm::AddLevels() {

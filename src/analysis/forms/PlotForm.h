@@ -30,7 +30,7 @@ class PlotForm final : public BlockPlotForm {
   private:
     void Draw();
     void SetUpAxes();
-    void UseLook(const PlotLook& look);
+    void UseTheme(const PlotTheme& theme);
     /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
     std::vector<QCPGraph*> AddLevels();
     void FollowView();

@@ -23,7 +23,7 @@ AuxCalForm::AuxCalForm(Services& services, QWidget* parent)
     : CalibrationForm(services, auxTraits, parent), ui_(std::make_unique<Ui::AuxCalForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label53);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &AuxCalForm::reject);
     Load({ui_->AuxZeroText, ui_->AuxZeroLabel}, {ui_->AuxFullText, ui_->AuxFullLabel});
 }

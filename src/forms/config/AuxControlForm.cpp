@@ -17,7 +17,7 @@ AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::AuxControlForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     const Captions channels[] = {
         {ui_->OptAIN3_Agnd, "AIN3 - AGND", "AIN5 - AGND"},
         {ui_->OptAIN4_Agnd, "AIN4 - AGND", "AIN6 - AGND"},

@@ -82,9 +82,9 @@ bool CalibrationForm::eventFilter(QObject* watched, QEvent* event) {
 void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
     try {
         if ((ToInt16(modeRegister_.ReadReg()) & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
-            Show({.text = "The VX3260 must be placed in Power-Down Mode to program the "
-                          "Calibration Registers",
-                  .icon = MessageIcon::Exclamation});
+            ShowMessage({.text = "The VX3260 must be placed in Power-Down Mode to program the "
+                                 "Calibration Registers",
+                         .icon = MessageIcon::Exclamation});
             return;
         }
         if (enter) {
@@ -102,8 +102,8 @@ void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.reg.WriteReg();
     const double readBack = ToInt32(coefficient.reg.ReadReg());
     if (readBack != coefficient.value) {
-        Show({.text = "An Error has occurred , The Register may not be programmed correctly",
-              .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = "An Error has occurred , The Register may not be programmed correctly",
+                     .icon = MessageIcon::Exclamation});
         return;
     }
     RefreshDisplay();

@@ -48,15 +48,15 @@ Filterform::Filterform(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->Filterlabel);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     bits_ = std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)));
-    On(ui_->TxtFilter, &QLineEdit::returnPressed, &Filterform::TakeFilterWord);
-    On(ui_->TxtUpdate, &QLineEdit::returnPressed, &Filterform::TakeUpdateRate);
+    On(ui_->TxtFilter, &QLineEdit::returnPressed, &Filterform::ApplyFilterWord);
+    On(ui_->TxtUpdate, &QLineEdit::returnPressed, &Filterform::ApplyUpdateRate);
     On(ui_->Command1, &QPushButton::clicked, &Filterform::reject);
 
     State().FilterValue = ReadRegister();
     if (State().FilterValue == 0) {
-        Show({.text = "Error Reading from VX3260"});
+        ShowMessage({.text = "Error Reading from VX3260"});
         return;
     }
     ShowFilterSetting();
@@ -80,7 +80,7 @@ void Filterform::RefreshFilterBits() {
     ui_->Filterlabel->setText(WordText(State().FilterValue));
 }
 
-void Filterform::TakeFilterWord() {
+void Filterform::ApplyFilterWord() {
     if (ui_->TxtFilter->text().isEmpty()) {
         ui_->TxtFilter->setText(QStringLiteral("0"));
     }
@@ -104,7 +104,7 @@ void Filterform::TakeFilterWord() {
     Program(word, ErrorProgrammingSmallP);
 }
 
-void Filterform::TakeUpdateRate() {
+void Filterform::ApplyUpdateRate() {
     std::int16_t rate = 0;
     try {
         rate = TypedRate(ui_->TxtUpdate->text().toStdString());
@@ -138,7 +138,7 @@ void Filterform::Refuse(QLineEdit* box, const QString& reason) {
 }
 
 void Filterform::ShowExclamation(std::string_view text) {
-    Show({.text = std::string(text), .icon = MessageIcon::Exclamation});
+    ShowMessage({.text = std::string(text), .icon = MessageIcon::Exclamation});
 }
 
 }  // namespace vx3260

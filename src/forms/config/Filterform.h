@@ -28,8 +28,8 @@ class Filterform final : public Form {
   private:
     void ShowFilterSetting();
     void RefreshFilterBits();
-    void TakeFilterWord();
-    void TakeUpdateRate();
+    void ApplyFilterWord();
+    void ApplyUpdateRate();
 
     void Program(std::int32_t filterWord, std::string_view errorText);
     std::int16_t ReadRegister();

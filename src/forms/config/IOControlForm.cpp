@@ -14,7 +14,7 @@ IOControlForm::IOControlForm(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->HeadingLabel);
     UseValueFont(ui_->IOControlLabel);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     bits_ = RegisterBits(RegisterMap::IOControlFields);
     switchPins_ = {
         {ui_->OptP1Power, ui_->OptP1Tri, ui_->OptP1IO, ui_->OptP1High, ui_->OptP1Low, &P1Function,

@@ -23,7 +23,7 @@ MainCalForm::MainCalForm(Services& services, QWidget* parent)
     : CalibrationForm(services, mainTraits, parent), ui_(std::make_unique<Ui::MainCalForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label53);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &MainCalForm::reject);
     Load({ui_->MainZeroText, ui_->MainZeroLabel}, {ui_->MainFullText, ui_->MainFullLabel});
 }

@@ -16,7 +16,7 @@ ModeForm::ModeForm(Services& services, QWidget* parent)
     ui_->CalLabel->clear();
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->modeLabel);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     bits_ = RegisterBits(RegisterMap::ModeFields);
     modes_ = {ui_->OptMD0, ui_->OptMD1, ui_->OptMD2, ui_->OptMD3,
               ui_->OptMD4, ui_->OptMD5, ui_->OptMD6, ui_->OptMD7};
@@ -52,14 +52,14 @@ void ModeForm::ConnectOptions() {
     OnCalibration(ui_->OptMD4, [this] { CalibrateInternalZero(); });
     OnCalibration(ui_->OptMD5, [this] { CalibrateAndReadBack(InternalFullScale); });
     OnCalibration(ui_->OptMD6, [this] {
-        Show({.text = "Please Connect a Zero Scale signal to the Analog Input",
-              .icon = MessageIcon::Information});
+        ShowMessage({.text = "Please Connect a Zero Scale signal to the Analog Input",
+                     .icon = MessageIcon::Information});
         CalibrateAndReadBack(SystemZeroScale);
     });
     // Icon and small "c" differ from the zero scale's by design.
     OnCalibration(ui_->OptMD7, [this] {
-        Show({.text = "Please connect a Full Scale signal to the Analog Input",
-              .icon = MessageIcon::Question});
+        ShowMessage({.text = "Please connect a Full Scale signal to the Analog Input",
+                     .icon = MessageIcon::Question});
         CalibrateAndReadBack(SystemFullScale);
     });
 }
@@ -108,7 +108,7 @@ void ModeForm::Calibrate(std::int32_t mode) {
     ui_->CalLabel->setText(tr("VX3260 Calibrating"));
     ui_->CalLabel->repaint();
     if (!WaitForTheEnd()) {
-        Show({.text = "Error Calibrating VX3260", .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = "Error Calibrating VX3260", .icon = MessageIcon::Exclamation});
     }
 }
 

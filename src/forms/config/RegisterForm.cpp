@@ -55,7 +55,7 @@ void RegisterForm::Program(const Option& option) {
     if (write.Verified() || (write.readBack & steps.alsoGoodWith) != 0) {
         Do(steps.onSuccess);
     } else {
-        Show({.text = std::string(option.errorText), .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = std::string(option.errorText), .icon = MessageIcon::Exclamation});
         if (steps.mismatchEnds) {
             return;
         }

@@ -48,9 +48,9 @@ void BlockReadingForm::ReadForAnalysis() {
         BlockRead();
     }
     if (end == ReadingEnd::Stopped) {
-        Show({.text = std::string(StoppedText), .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = std::string(StoppedText), .icon = MessageIcon::Exclamation});
     } else {
-        TakeReferenceVoltage();
+        ApplyReferenceVoltage();
     }
     AfterReading(end);
 }

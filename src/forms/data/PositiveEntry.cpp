@@ -33,11 +33,11 @@ PositiveEntry::PositiveEntry(QLineEdit* box, float& value, std::string format, Q
       format_(std::move(format)),
       refusal_(std::move(refusal)) {
     Show();
-    connect(box, &QLineEdit::textChanged, this, &PositiveEntry::Take);
+    connect(box, &QLineEdit::textChanged, this, &PositiveEntry::Apply);
     connect(box, &QLineEdit::editingFinished, this, &PositiveEntry::Show);
 }
 
-void PositiveEntry::Take() {
+void PositiveEntry::Apply() {
     try {
         value_ = StoredNumber(box_->text().toStdString(), format_);
         MarkEntry(box_, {});

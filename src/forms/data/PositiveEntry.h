@@ -19,7 +19,7 @@ class PositiveEntry final : public QObject {
     PositiveEntry(QLineEdit* box, float& value, std::string format, QString refusal);
 
     /// Stores what is typed.
-    void Take();
+    void Apply();
 
     /// Puts the stored number into the box, unless what stands there is marked.
     void Show();

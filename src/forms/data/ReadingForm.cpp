@@ -32,7 +32,7 @@ void ReadingForm::Load(const Controls& controls) {
     loop_ = new ReadingLoop(controls.prompt, controls.keyTarget, this);
     // What an input method composes is a key too, and none for this box to take.
     controls.keyTarget->setAttribute(Qt::WA_InputMethodEnabled, false);
-    ShowBadge(controls.badge);
+    ShowBoardLabel(controls.boardLabel);
     reference_ = new PositiveEntry(controls.reference, State().ReferenceVoltage, "#.00",
                                    tr("Enter a voltage of 0.01 V or more. %1 V stays in use."));
     On(controls.display, &QPushButton::clicked, &ReadingForm::ReadForDisplay);
@@ -80,14 +80,14 @@ bool ReadingForm::RefusedAsDisabled() {
     if (disabled == converters_.end()) {
         return false;
     }
-    TakeReferenceVoltage();
-    Show({.text = DisabledText(*disabled), .icon = MessageIcon::Exclamation});
+    ApplyReferenceVoltage();
+    ShowMessage({.text = DisabledText(*disabled), .icon = MessageIcon::Exclamation});
     return true;
 }
 
 void ReadingForm::AfterReading(ReadingEnd end) {
     if (end == ReadingEnd::TimedOut) {
-        Show({.text = std::string(TimeoutText), .detail = TimeoutDetailOf(Shared().port)});
+        ShowMessage({.text = std::string(TimeoutText), .detail = TimeoutDetailOf(Shared().port)});
     }
     if (closeRequested_) {
         Form::reject();

@@ -34,7 +34,7 @@ class ReadingForm : public Form {
         QLineEdit* keyTarget;
         QPushButton* display;
         QPushButton* back;
-        QLabel* badge;
+        QLabel* boardLabel;
     };
 
     /// All reading forms have them by the same names.
@@ -60,7 +60,7 @@ class ReadingForm : public Form {
     /// Shows the refusal where a converter that is needed is not enabled.
     bool RefusedAsDisabled();
 
-    void TakeReferenceVoltage() { reference_->Take(); }
+    void ApplyReferenceVoltage() { reference_->Apply(); }
 
     /// Tells how a reading ended where that is still to be told, and closes where that was asked
     /// for meanwhile.

@@ -35,9 +35,9 @@ QString WriteFileForm::Process(const std::string& path) {
     }
     const QFileInfo file(QString::fromStdString(path));
     if (file.exists()) {
-        const MessageAnswer answer = Show({.text = path + " exists already.\r\nReplace it ?",
-                                           .icon = MessageIcon::Exclamation,
-                                           .buttons = MessageButtons::YesNo});
+        const MessageAnswer answer = ShowMessage({.text = path + " exists already.\r\nReplace it ?",
+                                                  .icon = MessageIcon::Exclamation,
+                                                  .buttons = MessageButtons::YesNo});
         if (answer != MessageAnswer::Yes) {
             return tr("Nothing was written.");
         }

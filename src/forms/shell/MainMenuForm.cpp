@@ -28,7 +28,7 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
       modeRegister_(services.port, services.state.PortAddress) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     // Alt+P opens the printer-port menu; the button that shares the letter gives way.
     ui_->Command1->setShortcut(QKeySequence());
 
@@ -96,12 +96,12 @@ bool MainMenuForm::EnsureContinuousConversion() {
     if ((mode & RegisterMap::ModeMask) == RegisterMap::ContinuousConversion) {
         return true;
     }
-    const MessageAnswer answer = Show({.text = "This function requires that the VX3260,\r\n"
-                                               "be placed in Continuous Conversion Mode,\r\n"
-                                               "\r\n"
-                                               "Do you wish to Place the VX3260\r\n"
-                                               "in Continuous Conversion Mode ?",
-                                       .buttons = MessageButtons::YesNo});
+    const MessageAnswer answer = ShowMessage({.text = "This function requires that the VX3260,\r\n"
+                                                      "be placed in Continuous Conversion Mode,\r\n"
+                                                      "\r\n"
+                                                      "Do you wish to Place the VX3260\r\n"
+                                                      "in Continuous Conversion Mode ?",
+                                              .buttons = MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes) {
         return false;
     }
@@ -125,7 +125,7 @@ void MainMenuForm::AnalyseAuxNoise() {
 
 void MainMenuForm::Quit() {
     const MessageAnswer answer =
-        Show({.text = "Are you sure you want to quit", .buttons = MessageButtons::YesNo});
+        ShowMessage({.text = "Are you sure you want to quit", .buttons = MessageButtons::YesNo});
     if (answer == MessageAnswer::Yes) {
         Shared().system.EndProcess(0);
     }

@@ -20,7 +20,7 @@ ProgramForm::ProgramForm(Services& services, QWidget* parent)
       modeRegister_(services.port, services.state.PortAddress) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &ProgramForm::OpenForm<ModeForm>);
     On(ui_->Command2, &QPushButton::clicked, &ProgramForm::OpenFilterform);
     On(ui_->Command3, &QPushButton::clicked, &ProgramForm::OpenForm<MainCalForm>);
@@ -39,9 +39,9 @@ void ProgramForm::OpenFilterform() {
     modeRegister_.WordLength = RegisterMap::Mode.wordLength;
     const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
     if ((mode & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
-        Show({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
-                      "Register",
-              .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
+                             "Register",
+                     .icon = MessageIcon::Exclamation});
         return;
     }
     OpenForm<Filterform>();

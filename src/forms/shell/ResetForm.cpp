@@ -11,7 +11,7 @@ ResetForm::ResetForm(Services& services, QWidget* parent)
     : Form(services, parent), ui_(std::make_unique<Ui::ResetForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &ResetForm::ResetByLine);
     On(ui_->Command2, &QPushButton::clicked, &ResetForm::ResetByOnes);
     On(ui_->Command3, &QPushButton::clicked, &ResetForm::reject);

@@ -15,7 +15,7 @@ StatusForm::StatusForm(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->StatusLabel);
-    ShowBadge(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
     On(ui_->Command1, &QPushButton::clicked, &StatusForm::reject);
 
     Register status(services.port, services.state.PortAddress, RegisterMap::Status);
