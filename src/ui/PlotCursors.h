@@ -24,7 +24,7 @@ class PlotCursors final : public QObject {
     int PointOf(Name name) const { return cursors_[name].point; }
     Name Chosen() const { return chosen_; }
 
-    /// Draws the cursors in this look from now on.
+    /// Draws the cursors in this theme from now on.
     void UseTheme(const PlotTheme& theme);
 
   signals:

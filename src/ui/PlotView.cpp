@@ -14,7 +14,7 @@ constexpr double panStep = 0.1;  ///< of what is seen
 constexpr double zoomIn = 0.8;   ///< of what is seen is seen then
 constexpr double zoomOut = 1 / zoomIn;
 constexpr double revealMargin = 0.05;  ///< of what is seen, beside what was looked for
-constexpr int leastRectangle = 4;      ///< pixels; a smaller one is a click
+constexpr int minRectangle = 4;        ///< pixels; a smaller one is a click
 constexpr double exportScale = 2;      ///< pixels of a picture for one of the plot
 constexpr QSize exportSize(64, 40);    ///< in heights of a line of text
 
@@ -69,17 +69,17 @@ PlotTheme ExportTheme() {
     return theme;
 }
 
-/// The part of `all` nearest to `range` and no smaller than `least`.
-QCPRange Inside(const QCPRange& range, const QCPRange& all, double least) {
-    const double size = std::min(std::max(range.size(), least), all.size());
+/// The part of `all` nearest to `range` and no smaller than `minSpan`.
+QCPRange Inside(const QCPRange& range, const QCPRange& all, double minSpan) {
+    const double size = std::min(std::max(range.size(), minSpan), all.size());
     const double lower =
         std::clamp(range.center() - size / 2, all.lower, std::max(all.lower, all.upper - size));
     return {lower, lower + size};
 }
 
-void Limit(QCPAxis* axis, const QCPRange& all, double least) {
+void Limit(QCPAxis* axis, const QCPRange& all, double minSpan) {
     const QSignalBlocker quiet(axis);
-    axis->setRange(Inside(axis->range(), all, least));
+    axis->setRange(Inside(axis->range(), all, minSpan));
 }
 
 void SampleAdaptively(const QCustomPlot& plot, bool adaptively) {
@@ -157,8 +157,8 @@ void PlotView::Reveal(double key) {
 }
 
 void PlotView::KeepInside() {
-    Limit(xAxis, extent_.keys, extent_.leastKeys);
-    Limit(yAxis, extent_.values, extent_.leastValues);
+    Limit(xAxis, extent_.keys, extent_.minKeys);
+    Limit(yAxis, extent_.values, extent_.minValues);
     yAxis2->setRange(yAxis->range());
 }
 
@@ -231,7 +231,7 @@ void PlotView::mousePressEvent(QMouseEvent* event) {
 
 void PlotView::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
-    const bool moved = (at - mMousePressPos).manhattanLength() >= leastRectangle;
+    const bool moved = (at - mMousePressPos).manhattanLength() >= minRectangle;
     QCustomPlot::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && selectionRectMode() == QCP::srmNone && !moved &&
         axisRect()->rect().contains(at)) {
@@ -241,7 +241,7 @@ void PlotView::mouseReleaseEvent(QMouseEvent* event) {
 
 void PlotView::processRectZoom(QRect rect, QMouseEvent* /*event*/) {
     const QRect inside = rect.normalized() & axisRect()->rect();
-    if (inside.width() >= leastRectangle && inside.height() >= leastRectangle) {
+    if (inside.width() >= minRectangle && inside.height() >= minRectangle) {
         axisRect()->zoom(QRectF(inside), {xAxis, yAxis});
     }
     replot(rpQueuedReplot);

@@ -10,8 +10,8 @@
 
 namespace vx3260 {
 
-/// What a plot is drawn with. Data and reference are of the Okabe-Ito palette, which every kind of
-/// colour vision tells apart.
+/// The colours and widths of a plot. Data and reference are of the Okabe-Ito palette, which stays
+/// distinguishable with every kind of colour vision.
 struct PlotTheme {
     QColor background;
     QColor text;
@@ -24,12 +24,12 @@ struct PlotTheme {
 /// `part` of one colour, from 0 to 1, and the rest of the other.
 QColor Mixed(const QColor& one, const QColor& other, double part);
 
-/// How far a plot can be moved and how near it can be looked at.
+/// The limits of moving and of zooming.
 struct PlotExtent {
-    QCPRange keys;       ///< all of the horizontal axis
-    QCPRange values;     ///< all of the vertical axis
-    double leastKeys;    ///< never less than that is shown
-    double leastValues;  ///< likewise
+    QCPRange keys;     ///< all of the horizontal axis
+    QCPRange values;   ///< all of the vertical axis
+    double minKeys;    ///< the smallest span shown
+    double minValues;  ///< likewise
 };
 
 /// A plot in the program's manner: the palette's colours, light or dark; moved by dragging, by the
@@ -42,8 +42,8 @@ class PlotView final : public QCustomPlot {
   public:
     explicit PlotView(QWidget* parent = nullptr);
 
-    /// Calls `useTheme` with the look now and whenever it changes: in another theme, and for
-    /// an export and after it.
+    /// Calls `useTheme` now and whenever the theme changes: with the palette, and for an export and
+    /// after it.
     void SetTheme(std::function<void(const PlotTheme&)> useTheme);
 
     /// Sets the limits and shows everything.

@@ -3,8 +3,8 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QSharedPointer>
 #include <QStringList>
+#include <functional>
 #include <string>
 
 #include "analysis/NoiseAnalysis.h"
@@ -45,22 +45,13 @@ class BlockPlotForm : public Form {
     /// Lines that a picture has under its title besides the conditions, the mean and sigma.
     virtual QStringList FurtherLines() const { return {}; }
 
-    /// Whole numbers along an axis.
-    static QSharedPointer<QCPAxisTicker> WholeTicker(const QCPAxis* axis);
-
-    /// Volts along an axis whose range is in codes.
-    QSharedPointer<QCPAxisTicker> VoltsTicker(const QCPAxis* axis) const;
-
-    /// The unit of that ticker's figures at present.
-    QString VoltsUnitOf(const QCPAxis* axis) const;
-
   private:
     void SavePicture();
     void SaveCsv();
     void CopyPicture();
     void ShowAll();
     QStringList PictureLines() const;
-    void Save(const std::string& path, std::string_view bytes);
+    void Save(const std::function<void()>& save);
 
     const AnalysedBlock& block_;
     QString subject_;

@@ -6,6 +6,7 @@
 #include "analysis/PlotScale.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/PlotTickers.h"
 #include "ui_HistogramForm.h"
 
 namespace vx3260 {
@@ -84,8 +85,8 @@ void HistogramForm::SetUpAxes() {
     PlotView* const view = ui_->Plot;
     const AxisRange codes = BinAxisOf(histogram_, Block().analysis.exact);
     const AxisRange counts = CountAxisOf(histogram_, Block().analysis);
-    view->xAxis->setTicker(WholeTicker(view->xAxis));
-    view->yAxis->setTicker(WholeTicker(view->yAxis));
+    view->xAxis->setTicker(WholeNumberTicker(view->xAxis));
+    view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
     view->xAxis->setLabel(tr("Code"));
     view->yAxis->setLabel(OneCodeABin() ? tr("Readings per code") : tr("Readings per bin"));
     view->SetExtent(

@@ -6,6 +6,7 @@
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/PlotTickers.h"
 #include "ui_PlotForm.h"
 
 namespace vx3260 {
@@ -69,9 +70,9 @@ void PlotForm::SetUpAxes() {
     const AxisRange codes = CodeAxisOf(Block().analysis);
     const AxisRange readings =
         WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, minReadingsShown);
-    view->xAxis->setTicker(WholeTicker(view->xAxis));
-    view->yAxis->setTicker(WholeTicker(view->yAxis));
-    view->yAxis2->setTicker(VoltsTicker(view->yAxis2));
+    view->xAxis->setTicker(WholeNumberTicker(view->xAxis));
+    view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
+    view->yAxis2->setTicker(VoltsTicker(view->yAxis2, Block().analysis.conditions));
     view->yAxis2->setVisible(true);
     view->xAxis->setLabel(tr("Reading"));
     view->yAxis->setLabel(tr("Code"));
@@ -114,7 +115,8 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 
 void PlotForm::FollowView() {
     PlotView* const view = ui_->Plot;
-    view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2)));
+    view->yAxis2->setLabel(
+        tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.conditions)));
     const double pixelsApart = view->viewport().width() / view->xAxis->range().size();
     const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
