@@ -26,7 +26,7 @@ TEST_F(NoiseFormsTest, ShowTheFiguresUnderTheirCaptions) {
         EXPECT_EQ(captions, row.caption);
     }
     Expect(
-        "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
+        "MainNoiseForm: VX3260 Evaluation Software - Noise Analysis | "
         "HeadingLabel: Main ADC Noise Analysis | RangeLabel: ± 20 mV | SpanLabel: 8 | "
         "BadgeLabel: Simulated board | Command1: Plot &Graph | Command2: Plot &Histogram | "
         "Command3: B&ack");
@@ -59,7 +59,7 @@ TEST_F(NoiseFormsTest, AnalyseTheAuxBlockUnderItsOwnConditions) {
     Preset(auxControlAt, 0x80);
     Open<AuxNoiseForm>();
     Expect(
-        "NoiseForm: VX3260 Evaluation Software - Noise Analysis | "
+        "AuxNoiseForm: VX3260 Evaluation Software - Noise Analysis | "
         "HeadingLabel: Aux ADC Noise Analysis | RangeLabel: ± REFIN2 / 2 | "
         "LSBLabel: 38.147 uV | AverageLabel: 8002 | AvValueLabel: 76.294 uV | "
         "Frame4: Resolution | ReadingsLabel: 3 | ExactRMSLabelLSB: 2.00000 LSB | "

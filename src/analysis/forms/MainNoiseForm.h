@@ -7,9 +7,13 @@ namespace vx3260 {
 
 /// The noise of the block of main ADC codes.
 class MainNoiseForm final : public NoiseForm {
+    Q_OBJECT
+
   public:
     explicit MainNoiseForm(Services& services, QWidget* parent = nullptr)
-        : NoiseForm(services, Converter::Main, parent) {}
+        : NoiseForm(services, Converter::Main, parent) {
+        setObjectName(QStringLiteral("MainNoiseForm"));
+    }
 };
 
 }  // namespace vx3260

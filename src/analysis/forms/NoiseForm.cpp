@@ -4,8 +4,7 @@
 #include "analysis/NoiseTexts.h"
 #include "analysis/forms/HistogramForm.h"
 #include "analysis/forms/PlotForm.h"
-#include "link/RegisterMap.h"
-#include "link/Serial.h"
+#include "link/Register.h"
 #include "ui/Fonts.h"
 #include "ui_NoiseForm.h"
 
@@ -52,9 +51,8 @@ NoiseForm::~NoiseForm() = default;
 ConversionConditions NoiseForm::ReadConditions() {
     ApplicationState& state = State();
     const RegisterMap::RegisterAccess& control = TraitsOf(converter_).control;
-    SerialWrite(Shared().port, control.readByte, state.PortAddress, 8);
     const auto value =
-        static_cast<std::int16_t>(SerialRead(Shared().port, control.wordLength, state.PortAddress));
+        static_cast<std::int16_t>(ReadRegister(Shared().port, state.PortAddress, control));
     ConversionConditions conditions = ConditionsOf(converter_, state.ReferenceVoltage, value);
     // The shared conversion conditions are the main ADC's.
     if (converter_ == Converter::Main) {
@@ -86,10 +84,10 @@ void NoiseForm::ShowTexts() {
     for (const NoiseRow& row : NoiseRows) {
         ShowFigure(*this, row.label, TextOf(block_.analysis, row.figure));
     }
-    const QString why = tr(
-        "The average is summed in single precision, 24 bits, as this form is designed. Near "
-        "mid-scale\nit may be tens of codes off, and the RMS noise is taken from it and rounded to "
-        "whole codes.\nThe frame \"Resolution\" has the figures in double precision.");
+    const QString why =
+        tr("The average is summed in single precision, 24 bits. Near mid-scale\nit "
+           "may be tens of codes off, and the RMS noise is taken from it and rounded to "
+           "whole codes.\nThe frame \"Resolution\" has the figures in double precision.");
     for (QLabel* label : {ui_->AvValueLabel, ui_->AverageLabel, ui_->RMSLabel, ui_->RMSLabelLSB}) {
         label->setToolTip(why);
     }

@@ -2,32 +2,21 @@
 #include "forms/config/AuxCalForm.h"
 
 #include "link/RegisterMap.h"
-#include "ui/Fonts.h"
-#include "ui_AuxCalForm.h"
 
 namespace vx3260 {
 namespace {
 
-/// The correction of a negative entry is 256 by design: FFFF becomes 0x00FF.
-constexpr CalibrationTraits auxTraits{.zeroScale = RegisterMap::AuxZeroScale,
-                                      .fullScale = RegisterMap::AuxFullScale,
-                                      .hexDigits = 4,
-                                      .correction = 256,
-                                      .largestEntry = 65535,
-                                      .firstZeroLabel = 52,
-                                      .firstFullLabel = 1};
+/// A negative entry is corrected by 256 only: FFFF is stored as 0x00FF; intentional.
+constexpr CalibrationTraits auxCalibration{.converter = Converter::Aux,
+                                           .zeroScale = RegisterMap::AuxZeroScale,
+                                           .fullScale = RegisterMap::AuxFullScale,
+                                           .correction = 256};
 
 }  // namespace
 
 AuxCalForm::AuxCalForm(Services& services, QWidget* parent)
-    : CalibrationForm(services, auxTraits, parent), ui_(std::make_unique<Ui::AuxCalForm>()) {
-    ui_->setupUi(this);
-    UseHeadingFont(ui_->Label53);
-    ShowBoardLabel(ui_->BadgeLabel);
-    On(ui_->Command1, &QPushButton::clicked, &AuxCalForm::reject);
-    Load({ui_->AuxZeroText, ui_->AuxZeroLabel}, {ui_->AuxFullText, ui_->AuxFullLabel});
+    : CalibrationForm(services, auxCalibration, parent) {
+    setObjectName(QStringLiteral("AuxCalForm"));
 }
-
-AuxCalForm::~AuxCalForm() = default;
 
 }  // namespace vx3260

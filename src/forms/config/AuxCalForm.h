@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
-
 #include "forms/config/CalibrationForm.h"
-
-namespace Ui {
-class AuxCalForm;
-}
 
 namespace vx3260 {
 
@@ -17,10 +11,6 @@ class AuxCalForm final : public CalibrationForm {
 
   public:
     explicit AuxCalForm(Services& services, QWidget* parent = nullptr);
-    ~AuxCalForm() override;
-
-  private:
-    std::unique_ptr<Ui::AuxCalForm> ui_;
 };
 
 }  // namespace vx3260

@@ -25,16 +25,21 @@ AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
         {ui_->OptTemp, "TEMP SENSOR", "TEMP SENSOR"},
         {ui_->OptAGND_AGND, "AGND - AGND", "AGND - AGND"},
     };
+    references_ = {
+        {ui_->OptREF, "± REFIN2", "0 - REFIN2"},
+        {ui_->OptREF2, "± REFIN2 / 2", "0 - REFIN2 / 2"},
+    };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &AuxControlForm::reject);
-    Load(RegisterBits(RegisterMap::AuxControlFields), ui_->AuxControlLabel, channels);
+    MakeBits(*ui_->Bits, RegisterMap::AuxControlFields);
+    Load(*ui_->Bits, ui_->AuxControlLabel, channels);
 }
 
 AuxControlForm::~AuxControlForm() = default;
 
 void AuxControlForm::ConnectOptions() {
     using namespace RegisterMap;
-    const std::string_view error = ErrorProgrammingSmallP;
+    const std::string_view error = MessageTexts::ErrorProgrammingSmallP;
     SetOptions({
         {ui_->OptAIN3_Agnd, AuxChannel, 0, error},
         {ui_->OptAIN4_Agnd, AuxChannel, 1, error},
@@ -42,7 +47,7 @@ void AuxControlForm::ConnectOptions() {
         {ui_->OptTemp, AuxChannel, 3, error},
         {ui_->OptAGND_AGND, AuxChannel, 4, error},
         {ui_->OptREF, Reference, 1, error},
-        // Only this one of the two leaves a range for the analysis, by design.
+        // Only this one of the two sets the range for the analysis; intentional.
         {ui_->OptREF2,
          Reference,
          0,
@@ -60,7 +65,7 @@ void AuxControlForm::ConnectOptions() {
          0,
          error,
          {.always = [this] { State().Polarity = vx3260::Polarity::Bipolar; },
-          .beforeReading = [this] { ShowReferences("± REFIN2", "± REFIN2 / 2"); }}},
+          .beforeReading = [this] { ShowCaptions(references_, false); }}},
         {ui_->OptAuxEn, Enable, 1, error},
         {ui_->OptAuxDis, Enable, 0, error},
     });
@@ -78,21 +83,13 @@ void AuxControlForm::SelectOptions(std::int32_t value) {
 
 /// Unlike the main form this one selects no options here.
 void AuxControlForm::FollowBits(std::int32_t value) {
-    if (RegisterMap::Polarity.CodeIn(value) != 0) {
-        ShowReferences("0 - REFIN2", "0 - REFIN2 / 2");
-    } else {
-        ShowReferences("± REFIN2", "± REFIN2 / 2");
-    }
+    ShowCaptions(references_, RegisterMap::Polarity.CodeIn(value) != 0);
 }
 
-void AuxControlForm::ShowReferences(const char* ref, const char* ref2) {
-    ui_->OptREF->setText(QString::fromUtf8(ref));
-    ui_->OptREF2->setText(QString::fromUtf8(ref2));
-}
-
-/// The dash that is missing after a click is missing by design, until something else refreshes.
+/// After a click the first caption lacks its dash until the next refresh; intentional.
 void AuxControlForm::ShowClickedUnipolar() {
-    ShowReferences("0 REFIN2", "0 - REFIN2 / 2");
+    ShowCaptions(references_, true);
+    ui_->OptREF->setText(QStringLiteral("0 REFIN2"));
 }
 
 }  // namespace vx3260

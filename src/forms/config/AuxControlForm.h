@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "forms/config/ControlForm.h"
 
@@ -26,10 +27,10 @@ class AuxControlForm final : public ControlForm {
     void FollowBits(std::int32_t value) override;
 
     void ConnectOptions();
-    void ShowReferences(const char* ref, const char* ref2);
     void ShowClickedUnipolar();
 
     std::unique_ptr<Ui::AuxControlForm> ui_;
+    std::vector<Captions> references_;
 };
 
 }  // namespace vx3260

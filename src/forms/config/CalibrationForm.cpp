@@ -6,10 +6,10 @@
 #include <cmath>
 
 #include "link/RegisterMap.h"
-#include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "ui/Fonts.h"
+#include "ui_CalibrationForm.h"
 
 namespace vx3260 {
 namespace {
@@ -37,51 +37,66 @@ bool MakesCharacter(const QKeyEvent& key) {
 CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& traits,
                                  QWidget* parent)
     : Form(services, parent),
+      ui_(std::make_unique<Ui::CalibrationForm>()),
       traits_(traits),
       zeroScale_{Register(services.port, services.state.PortAddress, traits.zeroScale)},
       fullScale_{Register(services.port, services.state.PortAddress, traits.fullScale)},
-      modeRegister_(services.port, services.state.PortAddress) {
-    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
-    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
-}
-
-void CalibrationForm::Load(const Controls& zeroScale, const Controls& fullScale) {
-    const int bits = traits_.zeroScale.wordLength;
-    const auto row = [&](int firstLabel, int lastLabel, const QString& name) {
-        return std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(firstLabel, lastLabel)),
-                                        std::vector<QString>(static_cast<std::size_t>(bits), name));
-    };
-    zeroScale_.bits =
-        row(traits_.firstZeroLabel, traits_.firstZeroLabel - bits + 1, tr("zero scale"));
-    fullScale_.bits =
-        row(traits_.firstFullLabel, traits_.firstFullLabel + bits - 1, tr("full scale"));
-    zeroScale_.controls = zeroScale;
-    fullScale_.controls = fullScale;
-    for (Coefficient* coefficient : {&zeroScale_, &fullScale_}) {
-        UseValueFont(coefficient->controls.hexLabel);
-        UseFixedFont(coefficient->controls.entry);
-        coefficient->controls.entry->installEventFilter(this);
-        coefficient->value = coefficient->reg.ReadReg();
-    }
+      modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
+    ui_->setupUi(this);
+    NameControls();
+    UseHeadingFont(ui_->Label53);
+    ShowBoardLabel(ui_->BadgeLabel);
+    On(ui_->Command1, &QPushButton::clicked, &CalibrationForm::reject);
+    zeroScale_.entry = ui_->ZeroText;
+    zeroScale_.hexLabel = ui_->ZeroLabel;
+    zeroScale_.bits = ui_->zeroBits;
+    fullScale_.entry = ui_->FullText;
+    fullScale_.hexLabel = ui_->FullLabel;
+    fullScale_.bits = ui_->fullBits;
+    SetUp(zeroScale_, tr("zero scale"));
+    SetUp(fullScale_, tr("full scale"));
     RefreshDisplay();
 }
 
-/// The key goes on to the box in any case.
+CalibrationForm::~CalibrationForm() = default;
+
+/// The twins' controls have names of their own: "MainZeroText", "AuxZeroText".
+void CalibrationForm::NameControls() {
+    const QString converter = QString::fromUtf8(TraitsOf(traits_.converter).name);
+    ui_->Label53->setText(tr("%1 Calibration Registers").arg(converter));
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->ZeroText, ui_->ZeroLabel,
+                                                            ui_->FullText, ui_->FullLabel}) {
+        control->setObjectName(converter + control->objectName());
+    }
+}
+
+/// Reads the register.
+void CalibrationForm::SetUp(Coefficient& coefficient, const QString& name) {
+    const int bits = coefficient.reg.WordLength;
+    coefficient.bits->setProperty("bitCount", bits);
+    coefficient.bits->MakeCells(std::vector<QString>(static_cast<std::size_t>(bits), name));
+    UseValueFont(coefficient.hexLabel);
+    UseFixedFont(coefficient.entry);
+    coefficient.entry->installEventFilter(this);
+    coefficient.value = coefficient.reg.ReadReg();
+}
+
+/// The key reaches the line edit in any case.
 bool CalibrationForm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<const QKeyEvent*>(event);
         if (MakesCharacter(key)) {
-            KeyPressed(watched == zeroScale_.controls.entry ? zeroScale_ : fullScale_,
-                       IsEnter(key));
+            KeyPressed(watched == zeroScale_.entry ? zeroScale_ : fullScale_, IsEnter(key));
         }
     }
     return Form::eventFilter(watched, event);
 }
 
-/// An error, above all a text that is no literal, empties the box without a message.
+/// An error, usually a text that is not a hexadecimal literal, clears the line edit without a
+/// message.
 void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
     try {
-        if ((ToInt16(modeRegister_.ReadReg()) & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
+        if (!RegisterMap::IsPowerDown(modeRegister_.ReadValue())) {
             ShowMessage({.text = "The VX3260 must be placed in Power-Down Mode to program the "
                                  "Calibration Registers",
                          .icon = MessageIcon::Exclamation});
@@ -91,8 +106,8 @@ void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
             Program(coefficient);
         }
     } catch (const RuntimeError&) {
-        coefficient.controls.entry->clear();
-        coefficient.controls.entry->setFocus();
+        coefficient.entry->clear();
+        coefficient.entry->setFocus();
     }
 }
 
@@ -100,8 +115,7 @@ void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.value = TypedValue(coefficient);
     coefficient.reg.RegValue = coefficient.value;
     coefficient.reg.WriteReg();
-    const double readBack = ToInt32(coefficient.reg.ReadReg());
-    if (readBack != coefficient.value) {
+    if (coefficient.reg.ReadValue() != coefficient.value) {
         ShowMessage({.text = "An Error has occurred , The Register may not be programmed correctly",
                      .icon = MessageIcon::Exclamation});
         return;
@@ -110,11 +124,11 @@ void CalibrationForm::Program(Coefficient& coefficient) {
 }
 
 double CalibrationForm::TypedValue(const Coefficient& coefficient) const {
-    double value = HexLiteral(coefficient.controls.entry->text().toStdString());
+    double value = HexLiteral(coefficient.entry->text().toStdString());
     if (value < 0) {
         value += traits_.correction;
     }
-    return std::min(value, traits_.largestEntry);
+    return std::min<double>(value, LargestCodeOf(traits_.converter));
 }
 
 void CalibrationForm::RefreshDisplay() {
@@ -122,13 +136,15 @@ void CalibrationForm::RefreshDisplay() {
     ShowCoefficient(fullScale_);
 }
 
-void CalibrationForm::ShowCoefficient(Coefficient& coefficient) const {
+void CalibrationForm::ShowCoefficient(const Coefficient& coefficient) const {
     const auto value = static_cast<std::int32_t>(std::trunc(coefficient.value));
-    coefficient.bits->Show(value);
+    coefficient.bits->ShowValue(value);
+    constexpr int bitsPerDigit = 4;
     const QString hex =
-        QString::fromStdString(HexText(value)).rightJustified(traits_.hexDigits, QLatin1Char('0'));
-    coefficient.controls.hexLabel->setText(hex);
-    coefficient.controls.entry->setText(hex);
+        QString::fromStdString(HexText(value))
+            .rightJustified(coefficient.reg.WordLength / bitsPerDigit, QLatin1Char('0'));
+    coefficient.hexLabel->setText(hex);
+    coefficient.entry->setText(hex);
 }
 
 }  // namespace vx3260

@@ -6,21 +6,23 @@
 #include <cstdint>
 #include <memory>
 
+#include "link/Converter.h"
 #include "link/Register.h"
 #include "ui/BitRow.h"
 #include "ui/Form.h"
 
+namespace Ui {
+class CalibrationForm;
+}
+
 namespace vx3260 {
 
-/// In what the twins MainCalForm and AuxCalForm differ, besides their controls.
+/// The differences between the twins MainCalForm and AuxCalForm.
 struct CalibrationTraits {
+    Converter converter;
     RegisterMap::RegisterAccess zeroScale;
     RegisterMap::RegisterAccess fullScale;
-    int hexDigits;        ///< shown, with leading zeros
-    double correction;    ///< added to a negative entry
-    double largestEntry;  ///< larger ones are taken for this
-    int firstZeroLabel;   ///< number of the most significant bit's label; they count down
-    int firstFullLabel;   ///< likewise; they count up
+    double correction;  ///< added to a negative entry
 };
 
 /// Shows both calibration registers of one converter and programs them from hexadecimal entries,
@@ -28,17 +30,12 @@ struct CalibrationTraits {
 class CalibrationForm : public Form {
     Q_OBJECT
 
+  public:
+    ~CalibrationForm() override;
+
   protected:
+    /// The traits outlive the form.
     CalibrationForm(Services& services, const CalibrationTraits& traits, QWidget* parent);
-
-    /// The controls of one of the two registers.
-    struct Controls {
-        QLineEdit* entry;
-        QLabel* hexLabel;
-    };
-
-    /// Takes the controls, reads both registers and shows them.
-    void Load(const Controls& zeroScale, const Controls& fullScale);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -46,17 +43,21 @@ class CalibrationForm : public Form {
     /// The display is drawn from `value`: what was read at load, or typed last.
     struct Coefficient {
         Register reg;
+        QLineEdit* entry = nullptr;
+        QLabel* hexLabel = nullptr;
+        BitRow* bits = nullptr;
         double value = 0;
-        Controls controls{};
-        std::unique_ptr<BitRow> bits{};
     };
 
+    void SetUp(Coefficient& coefficient, const QString& name);
+    void NameControls();
     void KeyPressed(Coefficient& coefficient, bool enter);
     void Program(Coefficient& coefficient);
     double TypedValue(const Coefficient& coefficient) const;
-    void ShowCoefficient(Coefficient& coefficient) const;
+    void ShowCoefficient(const Coefficient& coefficient) const;
     void RefreshDisplay();
 
+    std::unique_ptr<Ui::CalibrationForm> ui_;
     const CalibrationTraits& traits_;
     Coefficient zeroScale_;
     Coefficient fullScale_;

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/config/ControlForm.h"
 
-#include <utility>
-
-#include "link/Serial.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 
 namespace vx3260 {
 
-void ControlForm::Load(std::unique_ptr<BitRow> bits, QLabel* valueLabel,
-                       std::span<const Captions> channels) {
-    bits_ = std::move(bits);
+void ControlForm::Load(BitRow& bits, QLabel* valueLabel, std::span<const Captions> channels) {
+    bits_ = &bits;
     valueLabel_ = valueLabel;
     UseValueFont(valueLabel_);
-    // Looked at once: a change of CHCON shows when the form is opened again.
+    // Read once: a change of CHCON shows when the form is opened again.
     ShowCaptions(channels, ReadChcon());
     KeepValue(ReadRegister());
     RefreshControlOptions();
@@ -28,10 +24,8 @@ void ControlForm::ShowCaptions(std::span<const Captions> captions, bool second) 
 }
 
 bool ControlForm::ReadChcon() {
-    const std::int16_t port = State().PortAddress;
-    SerialWrite(Shared().port, RegisterMap::Mode.readByte, port, 8);
-    const std::int32_t mode = SerialRead(Shared().port, RegisterMap::Mode.wordLength, port);
-    return RegisterMap::Chcon.CodeIn(mode) != 0;
+    return RegisterMap::Chcon.CodeIn(
+               vx3260::ReadRegister(Shared().port, State().PortAddress, RegisterMap::Mode)) != 0;
 }
 
 void ControlForm::ShowReadBack(std::int32_t readBack) {
@@ -43,7 +37,7 @@ void ControlForm::RefreshControlBits() {
     WhileLoading([this] {
         const std::int32_t value = ReadRegister();
         KeepValue(value);
-        bits_->Show(value);
+        bits_->ShowValue(value);
         FollowBits(value);
     });
 }

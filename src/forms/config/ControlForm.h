@@ -3,7 +3,6 @@
 
 #include <QLabel>
 #include <QRadioButton>
-#include <memory>
 #include <span>
 
 #include "forms/config/RegisterForm.h"
@@ -12,7 +11,7 @@
 namespace vx3260 {
 
 /// What the twins MainControlForm and AuxControlForm have in common. After loading, the value's
-/// label shows the register in decimal, after a click in hexadecimal; both are as designed.
+/// label shows the register in decimal, after a click in hexadecimal; intentional.
 class ControlForm : public RegisterForm {
     Q_OBJECT
 
@@ -27,7 +26,7 @@ class ControlForm : public RegisterForm {
     using RegisterForm::RegisterForm;
 
     /// Takes the controls that show the register, and loads the form.
-    void Load(std::unique_ptr<BitRow> bits, QLabel* valueLabel, std::span<const Captions> channels);
+    void Load(BitRow& bits, QLabel* valueLabel, std::span<const Captions> channels);
 
     static void ShowCaptions(std::span<const Captions> captions, bool second);
 
@@ -44,7 +43,7 @@ class ControlForm : public RegisterForm {
     void RefreshControlBits();
     void RefreshControlOptions();
 
-    std::unique_ptr<BitRow> bits_;
+    BitRow* bits_ = nullptr;
     QLabel* valueLabel_ = nullptr;
 };
 

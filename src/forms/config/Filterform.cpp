@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "forms/config/ErrorTexts.h"
+#include "app/MessageTexts.h"
 #include "link/FilterRate.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
@@ -49,7 +49,7 @@ Filterform::Filterform(Services& services, QWidget* parent)
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->Filterlabel);
     ShowBoardLabel(ui_->BadgeLabel);
-    bits_ = std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, 8)));
+    ui_->Bits->MakeCells();
     On(ui_->TxtFilter, &QLineEdit::returnPressed, &Filterform::ApplyFilterWord);
     On(ui_->TxtUpdate, &QLineEdit::returnPressed, &Filterform::ApplyUpdateRate);
     On(ui_->Command1, &QPushButton::clicked, &Filterform::reject);
@@ -66,7 +66,7 @@ Filterform::Filterform(Services& services, QWidget* parent)
 Filterform::~Filterform() = default;
 
 std::int16_t Filterform::ReadRegister() {
-    return ToInt16(register_.ReadReg());
+    return static_cast<std::int16_t>(register_.ReadValue());
 }
 
 void Filterform::ShowFilterSetting() {
@@ -76,7 +76,7 @@ void Filterform::ShowFilterSetting() {
 
 void Filterform::RefreshFilterBits() {
     State().FilterValue = ReadRegister();
-    bits_->Show(State().FilterValue);
+    ui_->Bits->ShowValue(State().FilterValue);
     ui_->Filterlabel->setText(WordText(State().FilterValue));
 }
 
@@ -101,7 +101,7 @@ void Filterform::ApplyFilterWord() {
     }
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedWord));
     ui_->TxtFilter->setText(WordText(word));
-    Program(word, ErrorProgrammingSmallP);
+    Program(word, MessageTexts::ErrorProgrammingSmallP);
 }
 
 void Filterform::ApplyUpdateRate() {
@@ -119,7 +119,7 @@ void Filterform::ApplyUpdateRate() {
     const std::int32_t word = FilterWordFor(taken);
     ui_->TxtFilter->setText(WordText(word));
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedRate));
-    Program(word, ErrorProgramming);
+    Program(word, MessageTexts::ErrorProgramming);
 }
 
 void Filterform::Program(std::int32_t filterWord, std::string_view errorText) {

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "link/Register.h"
-#include "ui/BitRow.h"
 #include "ui/Form.h"
 
 namespace Ui {
@@ -37,7 +36,6 @@ class Filterform final : public Form {
     void ShowExclamation(std::string_view text);
 
     std::unique_ptr<Ui::Filterform> ui_;
-    std::unique_ptr<BitRow> bits_;
     Register register_;
 };
 

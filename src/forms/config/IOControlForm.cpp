@@ -15,7 +15,7 @@ IOControlForm::IOControlForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->HeadingLabel);
     UseValueFont(ui_->IOControlLabel);
     ShowBoardLabel(ui_->BadgeLabel);
-    bits_ = RegisterBits(RegisterMap::IOControlFields);
+    MakeBits(*ui_->Bits, RegisterMap::IOControlFields);
     switchPins_ = {
         {ui_->OptP1Power, ui_->OptP1Tri, ui_->OptP1IO, ui_->OptP1High, ui_->OptP1Low, &P1Function,
          &P1Status},
@@ -39,7 +39,7 @@ void IOControlForm::ConnectOptions() {
     const auto row = [](QRadioButton* button, const Field& field, std::int32_t code,
                         OptionSteps steps = {}) {
         steps.mismatchEnds = true;
-        return Option{button, field, code, ErrorProgramming, std::move(steps)};
+        return Option{button, field, code, MessageTexts::ErrorProgramming, std::move(steps)};
     };
     const SwitchPin& p1 = switchPins_[0];
     const SwitchPin& p2 = switchPins_[1];
@@ -132,7 +132,7 @@ void IOControlForm::RefreshDisplay() {
     WhileLoading([this] {
         const std::int32_t value = ReadRegister();
         KeepValue(value);
-        bits_->Show(value);
+        ui_->Bits->ShowValue(value);
         ui_->IOControlLabel->setText(QString::fromStdString(HexText(value)));
     });
 }

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "forms/config/RegisterForm.h"
-#include "ui/BitRow.h"
 
 namespace Ui {
 class IOControlForm;
@@ -56,7 +55,6 @@ class IOControlForm final : public RegisterForm {
     static void ShowDirection(const TwoWayPin& pin, bool output);
 
     std::unique_ptr<Ui::IOControlForm> ui_;
-    std::unique_ptr<BitRow> bits_;
     std::vector<SwitchPin> switchPins_;  ///< P1, P2
     std::vector<TwoWayPin> twoWayPins_;  ///< P3, P4
 };

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
-
 #include "forms/config/CalibrationForm.h"
-
-namespace Ui {
-class MainCalForm;
-}
 
 namespace vx3260 {
 
@@ -17,10 +11,6 @@ class MainCalForm final : public CalibrationForm {
 
   public:
     explicit MainCalForm(Services& services, QWidget* parent = nullptr);
-    ~MainCalForm() override;
-
-  private:
-    std::unique_ptr<Ui::MainCalForm> ui_;
 };
 
 }  // namespace vx3260

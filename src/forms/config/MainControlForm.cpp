@@ -27,22 +27,24 @@ MainControlForm::MainControlForm(Services& services, QWidget* parent)
     };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &MainControlForm::reject);
-    Load(RegisterBits(RegisterMap::MainControlFields), ui_->mainControlLabel, channels);
+    MakeBits(*ui_->Bits, RegisterMap::MainControlFields);
+    Load(*ui_->Bits, ui_->mainControlLabel, channels);
 }
 
 MainControlForm::~MainControlForm() = default;
 
 Option MainControlForm::RangeOption(QRadioButton* button, std::int32_t code) {
     const float volts = RegisterMap::InputRanges.at(static_cast<std::size_t>(code));
-    return {
-        button, RegisterMap::InputRange, code, ErrorProgrammingSmallP, {.always = [this, volts] {
-            State().InputRange = volts;
-        }}};
+    return {button,
+            RegisterMap::InputRange,
+            code,
+            MessageTexts::ErrorProgrammingSmallP,
+            {.always = [this, volts] { State().InputRange = volts; }}};
 }
 
 void MainControlForm::ConnectOptions() {
     using namespace RegisterMap;
-    const std::string_view error = ErrorProgrammingSmallP;
+    const std::string_view error = MessageTexts::ErrorProgrammingSmallP;
     SetOptions({
         RangeOption(ui_->Opt20, 0),
         RangeOption(ui_->Opt40, 1),

@@ -17,9 +17,7 @@ ModeForm::ModeForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->modeLabel);
     ShowBoardLabel(ui_->BadgeLabel);
-    bits_ = RegisterBits(RegisterMap::ModeFields);
-    modes_ = {ui_->OptMD0, ui_->OptMD1, ui_->OptMD2, ui_->OptMD3,
-              ui_->OptMD4, ui_->OptMD5, ui_->OptMD6, ui_->OptMD7};
+    MakeBits(*ui_->Bits, RegisterMap::ModeFields);
     ConnectOptions();
     On(ui_->Command3, &QPushButton::clicked, &ModeForm::reject);
 
@@ -31,8 +29,15 @@ ModeForm::~ModeForm() = default;
 
 void ModeForm::ConnectOptions() {
     using namespace RegisterMap;
-    const std::string_view capitalP = ErrorProgramming;
-    const std::string_view smallP = ErrorProgrammingSmallP;
+    const std::string_view capitalP = MessageTexts::ErrorProgramming;
+    const std::string_view smallP = MessageTexts::ErrorProgrammingSmallP;
+    const auto calibration = [this](QRadioButton* button, std::int32_t mode) {
+        return Option{button,
+                      OperatingMode,
+                      mode,
+                      MessageTexts::ErrorCalibrating,
+                      {.inPlaceOfWrite = [this, mode] { Calibrate(mode); }}};
+    };
     SetOptions({
         {ui_->OptBufOn, Buffering, 1, capitalP},
         {ui_->OptBufOff, Buffering, 0, capitalP},
@@ -48,27 +53,10 @@ void ModeForm::ConnectOptions() {
          3,
          smallP,
          {.afterReadBack = [this] { ui_->CalLabel->clear(); }}},
-    });
-    OnCalibration(ui_->OptMD4, [this] { CalibrateInternalZero(); });
-    OnCalibration(ui_->OptMD5, [this] { CalibrateAndReadBack(InternalFullScale); });
-    OnCalibration(ui_->OptMD6, [this] {
-        ShowMessage({.text = "Please Connect a Zero Scale signal to the Analog Input",
-                     .icon = MessageIcon::Information});
-        CalibrateAndReadBack(SystemZeroScale);
-    });
-    // Icon and small "c" differ from the zero scale's by design.
-    OnCalibration(ui_->OptMD7, [this] {
-        ShowMessage({.text = "Please connect a Full Scale signal to the Analog Input",
-                     .icon = MessageIcon::Question});
-        CalibrateAndReadBack(SystemFullScale);
-    });
-}
-
-void ModeForm::OnCalibration(QRadioButton* option, const std::function<void()>& calibrate) {
-    OnSelected(option, [this, calibrate] {
-        if (!Loading()) {
-            calibrate();
-        }
+        calibration(ui_->OptMD4, InternalZeroScale),
+        calibration(ui_->OptMD5, InternalFullScale),
+        calibration(ui_->OptMD6, SystemZeroScale),
+        calibration(ui_->OptMD7, SystemFullScale),
     });
 }
 
@@ -83,55 +71,44 @@ void ModeForm::ShowReadBack(std::int32_t readBack) {
 
 void ModeForm::RefreshBitLabels() {
     KeepValue(ReadRegister());
-    WhileLoading([this] { bits_->Show(State().ModeRegisterValue); });
+    WhileLoading([this] { ui_->Bits->ShowValue(State().ModeRegisterValue); });
 }
 
 void ModeForm::RefreshModeForm() {
     WhileLoading([this] {
         const std::int32_t value = State().ModeRegisterValue;
-        bits_->Show(value);
-        for (const RegisterMap::Field* field :
-             {&RegisterMap::Buffering, &RegisterMap::Chcon, &RegisterMap::Oscillator}) {
-            SelectOption(*field, value);
+        ui_->Bits->ShowValue(value);
+        for (const RegisterMap::Field& field : RegisterMap::ModeFields) {
+            SelectOption(field, value);
         }
-        modes_.at(static_cast<std::size_t>(RegisterMap::OperatingMode.CodeIn(value)))
-            ->setChecked(true);
         ui_->modeLabel->setText(QString::fromStdString(HexText(value)));
     });
 }
 
-/// Starts the calibration and waits for data-ready. The chip leaves the mode on its own.
 void ModeForm::Calibrate(std::int32_t mode) {
-    KeepValue(ReadRegister());
-    ChipRegister().RegValue = RegisterMap::OperatingMode.Insert(State().ModeRegisterValue, mode);
-    ChipRegister().WriteReg();
+    if (const auto prompt = MessageTexts::CalibrationPrompt(mode)) {
+        ShowMessage(*prompt);
+    }
+    KeepValue(StartCalibration(ChipRegister(), mode));
     ui_->CalLabel->setText(tr("VX3260 Calibrating"));
     ui_->CalLabel->repaint();
-    if (!WaitForTheEnd()) {
-        ShowMessage({.text = "Error Calibrating VX3260", .icon = MessageIcon::Exclamation});
+    if (!WaitForCalibrationEnd()) {
+        ShowMessage({.text = std::string(MessageTexts::ErrorCalibrating),
+                     .icon = MessageIcon::Exclamation});
     }
+    // After the internal zero scale the form shows the register as it was before the calibration;
+    // intentional.
+    if (mode != RegisterMap::InternalZeroScale) {
+        KeepValue(ReadRegister());
+    }
+    ui_->CalLabel->clear();
+    RefreshModeForm();
 }
 
-bool ModeForm::WaitForTheEnd() {
+bool ModeForm::WaitForCalibrationEnd() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto waited = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
     return WaitForCalibration(Shared().port, State().PortAddress);
-}
-
-void ModeForm::CalibrateAndReadBack(std::int32_t mode) {
-    Calibrate(mode);
-    KeepValue(ReadRegister());
-    ui_->CalLabel->clear();
-    RefreshModeForm();
-}
-
-/// Unlike the others the register is not read again, by design: the form shows it as it was before
-/// the calibration. The "0" lasts only until that.
-void ModeForm::CalibrateInternalZero() {
-    Calibrate(RegisterMap::InternalZeroScale);
-    ui_->CalLabel->clear();
-    ui_->modeLabel->setText(QStringLiteral("0"));
-    RefreshModeForm();
 }
 
 }  // namespace vx3260

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
-#include <functional>
 #include <memory>
 
 #include "forms/config/RegisterForm.h"
-#include "ui/BitRow.h"
 
 namespace Ui {
 class ModeForm;
@@ -31,16 +28,12 @@ class ModeForm final : public RegisterForm {
     void RefreshBitLabels();
     void RefreshModeForm();
 
-    /// Connects an option that starts a calibration; not called while the form loads.
-    void OnCalibration(QRadioButton* option, const std::function<void()>& calibrate);
+    /// Asks for the input that the calibration needs, starts it, waits for its end and shows the
+    /// mode register, whose mode the chip changes by itself.
     void Calibrate(std::int32_t mode);
-    bool WaitForTheEnd();
-    void CalibrateInternalZero();
-    void CalibrateAndReadBack(std::int32_t mode);
+    bool WaitForCalibrationEnd();
 
     std::unique_ptr<Ui::ModeForm> ui_;
-    std::unique_ptr<BitRow> bits_;
-    std::array<QRadioButton*, 8> modes_;
 };
 
 }  // namespace vx3260

@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "numbers/Conversions.h"
-
 namespace vx3260 {
 namespace {
 
@@ -39,7 +37,12 @@ void RegisterForm::SetOptions(std::vector<Option> options) {
     for (const Option& option : options_) {
         OnSelected(option.button, [this, &option] {
             Do(option.steps.always);
-            if (!Loading()) {
+            if (Loading()) {
+                return;
+            }
+            if (option.steps.inPlaceOfWrite) {
+                option.steps.inPlaceOfWrite();
+            } else {
                 Program(option);
             }
         });
@@ -74,14 +77,11 @@ void RegisterForm::SelectOption(const RegisterMap::Field& field, std::int32_t va
 }
 
 std::int32_t RegisterForm::ReadRegister() {
-    return ToInt32(register_.ReadReg());
+    return register_.ReadValue();
 }
 
-std::unique_ptr<BitRow> RegisterForm::RegisterBits(
-    std::span<const RegisterMap::Field> fields) const {
-    const int bits = register_.WordLength;
-    return std::make_unique<BitRow>(LabelsNamed(*this, NumberedLabels(1, bits)),
-                                    BitNames(fields, bits));
+void RegisterForm::MakeBits(BitRow& row, std::span<const RegisterMap::Field> fields) const {
+    row.MakeCells(BitNames(fields, register_.WordLength));
 }
 
 void RegisterForm::showEvent(QShowEvent* event) {

@@ -4,12 +4,11 @@
 #include <QRadioButton>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
 
-#include "forms/config/ErrorTexts.h"
+#include "app/MessageTexts.h"
 #include "link/FieldWrite.h"
 #include "link/Register.h"
 #include "link/RegisterFields.h"
@@ -20,13 +19,14 @@ namespace vx3260 {
 
 /// What a click on an option button does beyond the common steps. Each may be left empty.
 struct OptionSteps {
-    std::function<void()> always{};         ///< first of all, also while the form is loading
-    std::function<void()> beforeReading{};  ///< before the register is read
-    std::function<void()> afterReadBack{};  ///< before the comparison
-    std::function<void()> onSuccess{};      ///< after a verified write, before the display
-    std::function<void()> atTheEnd{};       ///< after the display
-    bool mismatchEnds = false;              ///< a failed write leaves the display as it was
-    std::int32_t alsoGoodWith = 0;          ///< a read-back with this bit set counts as verified
+    std::function<void()> always{};          ///< first of all, also while the form is loading
+    std::function<void()> beforeReading{};   ///< before the register is read
+    std::function<void()> afterReadBack{};   ///< before the comparison
+    std::function<void()> onSuccess{};       ///< after a verified write, before the display
+    std::function<void()> atTheEnd{};        ///< after the display
+    std::function<void()> inPlaceOfWrite{};  ///< replaces the common steps
+    bool mismatchEnds = false;               ///< a failed write leaves the display as it was
+    std::int32_t alsoGoodWith = 0;           ///< a read-back with this bit set counts as verified
 };
 
 /// One option button of a register form: selecting it puts `code` into `field`.
@@ -58,8 +58,8 @@ class RegisterForm : public Form {
     std::int32_t ReadRegister();
     Register& ChipRegister() { return register_; }
 
-    /// A row for the register's bits: the labels "Label1" (most significant) and up.
-    std::unique_ptr<BitRow> RegisterBits(std::span<const RegisterMap::Field> fields) const;
+    /// Makes the row's cells, each named for the field that its bit belongs to.
+    void MakeBits(BitRow& row, std::span<const RegisterMap::Field> fields) const;
 
     bool Loading() { return State().FormLoading != 0; }
     /// Runs `refresh` with FormLoading set.

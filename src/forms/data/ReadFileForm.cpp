@@ -15,7 +15,9 @@ ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
                     .command = tr("&Read from File"),
                     .dialog = QFileDialog::AcceptOpen,
                     .failureDetail = "The block of codes stays as it was."},
-                   parent) {}
+                   parent) {
+    setObjectName(QStringLiteral("ReadFileForm"));
+}
 
 QString ReadFileForm::Process(const std::string& path) {
     const auto [codes, warning] = LoadCodes(path, ChosenNotation());

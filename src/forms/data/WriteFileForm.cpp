@@ -24,7 +24,9 @@ WriteFileForm::WriteFileForm(Services& services, QWidget* parent)
                     .command = tr("&Write to File"),
                     .dialog = QFileDialog::AcceptSave,
                     .failureDetail = "Nothing was written. A file that was there stays as it was."},
-                   parent) {}
+                   parent) {
+    setObjectName(QStringLiteral("WriteFileForm"));
+}
 
 QString WriteFileForm::Process(const std::string& path) {
     const CodeBlock block = ChosenBlock();

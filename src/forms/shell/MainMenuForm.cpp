@@ -15,7 +15,6 @@
 #include "forms/shell/ResetForm.h"
 #include "forms/shell/aboutform.h"
 #include "link/RegisterMap.h"
-#include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 #include "ui_MainMenuForm.h"
@@ -25,7 +24,7 @@ namespace vx3260 {
 MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
     : Form(services, parent),
       ui_(std::make_unique<Ui::MainMenuForm>()),
-      modeRegister_(services.port, services.state.PortAddress) {
+      modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
     ShowBoardLabel(ui_->BadgeLabel);
@@ -67,7 +66,7 @@ void MainMenuForm::ConnectPrinterPortMenu() {
     }
 }
 
-/// Only the address of later accesses changes: nothing is claimed and nothing is sent.
+/// Changes only the address of later accesses: no port is claimed and nothing is sent.
 void MainMenuForm::ChoosePort(const PrinterPort& port) {
     State().PortAddress = port.address;
     ShowPort();
@@ -89,11 +88,8 @@ void MainMenuForm::OpenConverting() {
 }
 
 bool MainMenuForm::EnsureContinuousConversion() {
-    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
-    modeRegister_.WriteAddress = RegisterMap::Mode.writeByte;
-    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
-    const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
-    if ((mode & RegisterMap::ModeMask) == RegisterMap::ContinuousConversion) {
+    const std::int32_t mode = modeRegister_.ReadValue();
+    if (RegisterMap::IsContinuousConversion(mode)) {
         return true;
     }
     const MessageAnswer answer = ShowMessage({.text = "This function requires that the VX3260,\r\n"
@@ -105,7 +101,7 @@ bool MainMenuForm::EnsureContinuousConversion() {
     if (answer != MessageAnswer::Yes) {
         return false;
     }
-    // The field is not cleared first, by design: a calibration mode, 4 to 7, becomes 7.
+    // The field is not cleared first, so a calibration mode, 4 to 7, becomes 7; intentional.
     modeRegister_.RegValue = mode | RegisterMap::ContinuousConversion;
     modeRegister_.WriteReg();
     return true;

@@ -9,15 +9,13 @@
 #include "forms/config/MainControlForm.h"
 #include "forms/config/ModeForm.h"
 #include "forms/shell/StatusForm.h"
-#include "numbers/Conversions.h"
+#include "link/Register.h"
 #include "ui/Fonts.h"
 #include "ui_ProgramForm.h"
 
 namespace vx3260 {
 ProgramForm::ProgramForm(Services& services, QWidget* parent)
-    : Form(services, parent),
-      ui_(std::make_unique<Ui::ProgramForm>()),
-      modeRegister_(services.port, services.state.PortAddress) {
+    : Form(services, parent), ui_(std::make_unique<Ui::ProgramForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
     ShowBoardLabel(ui_->BadgeLabel);
@@ -35,10 +33,8 @@ ProgramForm::ProgramForm(Services& services, QWidget* parent)
 ProgramForm::~ProgramForm() = default;
 
 void ProgramForm::OpenFilterform() {
-    modeRegister_.ReadAddress = RegisterMap::Mode.readByte;
-    modeRegister_.WordLength = RegisterMap::Mode.wordLength;
-    const std::int16_t mode = ToInt16(modeRegister_.ReadReg());
-    if ((mode & RegisterMap::ModeMask) != RegisterMap::PowerDown) {
+    const std::int32_t mode = ReadRegister(Shared().port, State().PortAddress, RegisterMap::Mode);
+    if (!RegisterMap::IsPowerDown(mode)) {
         ShowMessage({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
                              "Register",
                      .icon = MessageIcon::Exclamation});

@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "link/Register.h"
 #include "ui/Form.h"
 
 namespace Ui {
@@ -24,7 +23,6 @@ class ProgramForm final : public Form {
     void OpenFilterform();
 
     std::unique_ptr<Ui::ProgramForm> ui_;
-    Register modeRegister_;
 };
 
 }  // namespace vx3260

@@ -32,10 +32,10 @@ TEST_F(DataFileFormsTest, HaveTheirTexts) {
         "MainCountLabel: 0 codes | AuxCountLabel: 1 code";
     bench->Fill(Converter::Aux, {1});
     Open<ReadFileForm>();
-    Expect("DataFileForm: VX3260 Evaluation Software - Read from File | Command1: &Read from File");
+    Expect("ReadFileForm: VX3260 Evaluation Software - Read from File | Command1: &Read from File");
     Expect(texts);
     Open<WriteFileForm>();
-    Expect("DataFileForm: VX3260 Evaluation Software - Write to File | Command1: &Write to File");
+    Expect("WriteFileForm: VX3260 Evaluation Software - Write to File | Command1: &Write to File");
     Expect(texts);
     EXPECT_TRUE(Checked(*form, "OptDecimal"));
     EXPECT_TRUE(Checked(*form, "OptMain"));

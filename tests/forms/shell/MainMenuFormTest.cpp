@@ -42,13 +42,13 @@ TEST_F(MainMenuFormTest, OpensAFormForEveryButton) {
     const std::pair<const char*, const char*> cases[] = {
         {"Command1", "ProgramForm: Program Menu"},
         {"Command2", "ReadMainDataForm: Read Data From Main Data Register"},
-        {"Command3", "NoiseForm: Noise Analysis"},
+        {"Command3", "MainNoiseForm: Noise Analysis"},
         {"Command4", "ResetForm: Reset VX3250"},
-        {"Command5", "DataFileForm: Read from File"},
-        {"Command6", "DataFileForm: Write to File"},
+        {"Command5", "ReadFileForm: Read from File"},
+        {"Command6", "WriteFileForm: Write to File"},
         {"Command7", "aboutform: About VX3260 Evaluation Software"},
         {"Command9", "ReadAuxDataForm: Read Data From Aux Data Register"},
-        {"Command10", "NoiseForm: Noise Analysis"},
+        {"Command10", "AuxNoiseForm: Noise Analysis"},
         {"Command11", "ReadDualDataForm: Dual ADC Display"}};
     for (const auto& [button, opened] : cases) {
         EXPECT_EQ(OpenedBy(*form, button), opened);
