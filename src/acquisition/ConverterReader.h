@@ -30,7 +30,7 @@ class ConverterReader {
     bool Enabled() const { return Enabled(converter_); }
     bool BothEnabled() const { return Enabled() && Enabled(OtherConverter(converter_)); }
 
-    /// The next code, or ReadTimeout. A time-out of the twin is not looked at.
+    /// The next code, or ReadTimeout. A time-out of the other converter is ignored.
     std::int32_t ReadCode();
 
     /// The twin's code of the last ReadCode.

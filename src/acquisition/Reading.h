@@ -13,11 +13,11 @@ namespace vx3260 {
 
 enum class ReadingEnd {
     Complete,
-    TimedOut,  ///< data-ready did not come
-    Stopped,   ///< stopRequested said so after the last read
+    TimedOut,  ///< data-ready did not become active
+    Stopped,   ///< stopRequested returned true after a read
 };
 
-/// How the ends that are no success are told.
+/// How unsuccessful ends are reported.
 inline constexpr std::string_view TimeoutText = "Error Reading Data from VX3260";
 inline constexpr std::string_view TimeoutDetail =
     "No result became ready. Check the cable, the board's power, the mode register and the printer "
@@ -25,10 +25,10 @@ inline constexpr std::string_view TimeoutDetail =
     "interface back in step.";
 inline constexpr std::string_view StoppedText = "User Interruption of Reading";
 
-/// The detail of a time-out: what the port has to tell of a failure of its own, then TimeoutDetail.
+/// The detail of a time-out: the port's FailureDetail, if any, then TimeoutDetail.
 std::string TimeoutDetailOf(const ParallelPort& port);
 
-/// What is told where the converter is not enabled: "Enable Main ADC before reading Data".
+/// The refusal for a converter that is not enabled: "Enable Main ADC before reading Data".
 std::string DisabledText(Converter converter);
 
 /// What the caller does between the reads; each may be left empty.
@@ -37,7 +37,7 @@ struct ReadingHooks {
     std::function<bool()> stopRequested{};
 };
 
-/// Checks how many codes a block is asked for. Throws SubscriptError below 1.
+/// Throws SubscriptError for a block size below 1.
 void CheckBlockSize(std::int16_t size);
 
 /// Reads `size` codes into the block, whose old contents are lost. `block.count` is the number of
@@ -46,7 +46,7 @@ void CheckBlockSize(std::int16_t size);
 ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size,
                      const ReadingHooks& hooks);
 
-/// Takes codes from `read` and hands each to `show` until `read` gives ReadTimeout or a stop.
+/// Passes codes from `read` to `show` until `read` returns ReadTimeout or a stop is requested.
 ReadingEnd StreamCodes(const std::function<std::int32_t()>& read,
                        const std::function<void(std::int32_t)>& show, const ReadingHooks& hooks);
 

@@ -15,14 +15,14 @@ std::int64_t FloorDivide(std::int64_t number, std::int64_t divisor) {
     return number / divisor - (number % divisor < 0 ? 1 : 0);
 }
 
-std::int64_t BinsBetween(std::int64_t least, std::int64_t most, std::int64_t width) {
-    return FloorDivide(most, width) - FloorDivide(least, width) + 1;
+std::int64_t BinsBetween(std::int64_t minCode, std::int64_t maxCode, std::int64_t width) {
+    return FloorDivide(maxCode, width) - FloorDivide(minCode, width) + 1;
 }
 
-std::int64_t WidthFor(std::int64_t least, std::int64_t most, std::int64_t maxBins) {
+std::int64_t WidthFor(std::int64_t minCode, std::int64_t maxCode, std::int64_t maxBins) {
     for (std::int64_t decade = 1;; decade *= 10) {
         for (const std::int64_t width : {decade, 2 * decade, 5 * decade}) {
-            if (BinsBetween(least, most, width) <= maxBins) {
+            if (BinsBetween(minCode, maxCode, width) <= maxBins) {
                 return width;
             }
         }
@@ -36,12 +36,12 @@ Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins) {
     if (codes.empty() || maxBins < 2) {
         throw SubscriptError();
     }
-    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    const std::int64_t leastCode = ToInt32(*least);
-    const std::int64_t mostCode = ToInt32(*most);
-    const std::int64_t width = WidthFor(leastCode, mostCode, static_cast<std::int64_t>(maxBins));
-    Histogram histogram{FloorDivide(leastCode, width) * width, width, {}};
-    histogram.counts.resize(static_cast<std::size_t>(BinsBetween(leastCode, mostCode, width)));
+    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
+    const std::int64_t minCode = ToInt32(*smallest);
+    const std::int64_t maxCode = ToInt32(*largest);
+    const std::int64_t width = WidthFor(minCode, maxCode, static_cast<std::int64_t>(maxBins));
+    Histogram histogram{FloorDivide(minCode, width) * width, width, {}};
+    histogram.counts.resize(static_cast<std::size_t>(BinsBetween(minCode, maxCode, width)));
     for (const double code : codes) {
         const std::int64_t offset = ToInt32(code) - histogram.firstCode;
         ++histogram.counts[static_cast<std::size_t>(offset / width)];

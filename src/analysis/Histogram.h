@@ -26,13 +26,13 @@ struct Histogram {
     }
 };
 
-/// Into how many bins a block is counted at most for a drawing and for a spreadsheet: bars that
-/// narrow can still be told apart.
+/// How many bins a block is counted into at most for a drawing and for a spreadsheet: narrower bars
+/// could not be distinguished.
 inline constexpr std::size_t MaxHistogramBins = 150;
 
-/// One bin per code while the block's codes fit into `maxBins`, else the smallest width of the
+/// One bin per code if the block's codes fit into `maxBins`, else the smallest width of the
 /// series 1, 2, 5, 10, 20, 50 ... with which they do. The first bin and the last are never empty.
-/// Codes are rounded to whole ones. Throws SubscriptError for an empty block or less than 2 bins,
+/// Codes are rounded to integers. Throws SubscriptError for an empty block or less than 2 bins,
 /// OverflowError for codes beyond 32 bits.
 Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins);
 

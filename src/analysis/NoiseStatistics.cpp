@@ -32,14 +32,14 @@ void CheckNotEmpty(std::span<const double> codes) {
 
 BlockStatistics ComputeStatistics(std::span<const double> codes) {
     CheckNotEmpty(codes);
-    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
+    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
     float sum = 0;
     for (const double code : codes) {
         sum = static_cast<float>(sum + code);
     }
     const float average = sum / static_cast<float>(codes.size());
-    return {.maxCode = ToInt32(*most),
-            .minCode = ToInt32(*least),
+    return {.maxCode = ToInt32(*largest),
+            .minCode = ToInt32(*smallest),
             .averageCode = average,
             .rmsNoiseLsb = ToInt32(SampleDeviation(codes, average))};
 }

@@ -23,8 +23,8 @@ struct ExactStatistics {
 /// Largest and smallest code, mean, and the root of (sum of squared deviations from that mean) /
 /// (N - 1), rounded to whole codes, halves to even; 0 when all codes are the mean.
 ///
-/// The mean is summed and stored in single precision, 24 bits, by design: near the mid-scale of a
-/// 24-bit converter it may be tens of codes off, and the deviations from it grow with that.
+/// The mean is summed and stored in single precision, 24 bits: near the mid-scale of a 24-bit
+/// converter it may be tens of codes off, and the deviations from it grow with that; intentional.
 /// Throws SubscriptError for an empty block and OverflowError for codes beyond 32 bits.
 BlockStatistics ComputeStatistics(std::span<const double> codes);
 

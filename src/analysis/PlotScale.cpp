@@ -9,13 +9,13 @@
 namespace vx3260 {
 namespace {
 
-/// What a rounded quotient may be off, in parts of it or in steps.
+/// The tolerance for rounded quotients, in parts of them or in steps.
 constexpr double rounding = 1e-9;
 
 constexpr double margin = 0.05;
 
-/// Codes that an axis shows at least: a block of equal codes has no span of its own.
-constexpr double leastCodes = 10;
+/// The smallest span of an axis, in codes: that of a block of equal codes is 0.
+constexpr double minCodes = 10;
 
 double DecadeBelow(double value) {
     return std::pow(10, std::floor(std::log10(value) + rounding));
@@ -23,21 +23,21 @@ double DecadeBelow(double value) {
 
 }  // namespace
 
-double TickStep(double span, int mostSteps, double least) {
-    const double wanted = span / mostSteps;
+double TickStep(double span, int maxSteps, double minStep) {
+    const double wanted = span / maxSteps;
     const double decade = DecadeBelow(wanted);
     for (const double factor : {1.0, 2.0, 5.0}) {
         if (factor * decade >= wanted * (1 - rounding)) {
-            return std::max(factor * decade, least);
+            return std::max(factor * decade, minStep);
         }
     }
-    return std::max(10 * decade, least);
+    return std::max(10 * decade, minStep);
 }
 
-double SubTickStep(double step, double least) {
+double SubTickStep(double step, double minStep) {
     const bool isTwo = std::lround(step / DecadeBelow(step)) == 2;
     const double subStep = step / (isTwo ? 2 : 5);
-    return subStep < least * (1 - rounding) ? 0 : subStep;
+    return subStep < minStep * (1 - rounding) ? 0 : subStep;
 }
 
 std::vector<double> TicksIn(const AxisRange& range, double step) {
@@ -60,9 +60,9 @@ VoltsScale VoltsScaleOf(const AxisRange& volts, double step) {
     return {unit.volts, unit.name, std::max(0, static_cast<int>(decimals))};
 }
 
-AxisRange WithMargin(const AxisRange& range, double fraction, double leastSpan) {
+AxisRange WithMargin(const AxisRange& range, double fraction, double minSpan) {
     const double middle = range.lower + range.Span() / 2;
-    const double half = std::max(range.Span() * (1 + 2 * fraction), leastSpan) / 2;
+    const double half = std::max(range.Span() * (1 + 2 * fraction), minSpan) / 2;
     return {middle - half, middle + half};
 }
 
@@ -70,7 +70,7 @@ AxisRange CodeAxisOf(const NoiseAnalysis& analysis) {
     const auto [mean, sigma] = analysis.exact;
     return WithMargin({std::min<double>(analysis.statistics.minCode, mean - sigma),
                        std::max<double>(analysis.statistics.maxCode, mean + sigma)},
-                      margin, leastCodes);
+                      margin, minCodes);
 }
 
 AxisRange BinAxisOf(const Histogram& histogram, const ExactStatistics& statistics) {
@@ -80,7 +80,7 @@ AxisRange BinAxisOf(const Histogram& histogram, const ExactStatistics& statistic
     const auto end = static_cast<double>(histogram.FirstCodeOf(histogram.counts.size()));
     return WithMargin({std::min(first - halfBin, statistics.mean - reach),
                        std::max(end - halfBin, statistics.mean + reach)},
-                      margin, leastCodes);
+                      margin, minCodes);
 }
 
 AxisRange CountAxisOf(const Histogram& histogram, const NoiseAnalysis& analysis) {

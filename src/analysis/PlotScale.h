@@ -19,13 +19,13 @@ struct AxisRange {
 };
 
 /// The distance of ticks: the smallest of the series 1, 2, 5 times a power of ten that divides
-/// `span` into no more than `mostSteps` steps and is not below `least`, itself of the series: with
-/// 1 the ticks are whole numbers. `span` is above 0, `mostSteps` 1 or more.
-double TickStep(double span, int mostSteps, double least = 0);
+/// `span` into no more than `maxSteps` steps and is not below `minStep`, itself of the series: with
+/// 1 the ticks are whole numbers. `span` is above 0, `maxSteps` 1 or more.
+double TickStep(double span, int maxSteps, double minStep = 0);
 
 /// The distance of the marks between ticks: half a step of the series' 2, else a fifth; 0, for
-/// none, where that is below `least`.
-double SubTickStep(double step, double least = 0);
+/// none, where that is below `minStep`.
+double SubTickStep(double step, double minStep = 0);
 
 /// The multiples of `step` within the range, its ends included.
 std::vector<double> TicksIn(const AxisRange& range, double step);
@@ -44,9 +44,9 @@ struct VoltsScale {
 /// of that distance apart: 15.078 and 15.080 mV.
 VoltsScale VoltsScaleOf(const AxisRange& volts, double step);
 
-/// The range with `fraction` of its span added at either end, or `leastSpan` around its middle
+/// The range with `fraction` of its span added at either end, or `minSpan` around its middle
 /// where that is more.
-AxisRange WithMargin(const AxisRange& range, double fraction, double leastSpan);
+AxisRange WithMargin(const AxisRange& range, double fraction, double minSpan);
 
 /// What a strip chart of the block shows: all codes and the mean with its sigma.
 AxisRange CodeAxisOf(const NoiseAnalysis& analysis);

@@ -22,13 +22,13 @@ std::vector<std::string> SuspicionsAbout(std::span<const std::int32_t> codes, Co
         return {};
     }
     std::vector<std::string> suspicions;
-    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    if (codes.size() > 1 && *least == *most) {
-        suspicions.push_back("all codes are 0x" + HexText(*most) + "; " +
+    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
+    if (codes.size() > 1 && *smallest == *largest) {
+        suspicions.push_back("all codes are 0x" + HexText(*largest) + "; " +
                              ReasonsForOneCode(converter));
     }
     const std::int32_t largestCode = LargestCodeOf(converter);
-    if (*least < 0 || *most > largestCode) {
+    if (*smallest < 0 || *largest > largestCode) {
         suspicions.push_back("there are codes outside 0 to 0x" + HexText(largestCode) +
                              "; is it the right file and notation?");
     }

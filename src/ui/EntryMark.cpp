@@ -11,23 +11,23 @@ constexpr QLatin1String markName("entryMark");
 
 }  // namespace
 
-void MarkEntry(QLineEdit* box, const QString& reason) {
-    auto* mark = box->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
+void MarkEntry(QLineEdit* edit, const QString& reason) {
+    auto* mark = edit->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
     if (mark == nullptr && !reason.isEmpty()) {
-        mark = box->addAction(box->style()->standardIcon(QStyle::SP_MessageBoxWarning),
-                              QLineEdit::TrailingPosition);
+        mark = edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxWarning),
+                               QLineEdit::TrailingPosition);
         mark->setObjectName(markName);
     }
     if (mark != nullptr) {
         mark->setVisible(!reason.isEmpty());
         mark->setToolTip(reason);
     }
-    box->setToolTip(reason);
-    box->setAccessibleDescription(reason);
+    edit->setToolTip(reason);
+    edit->setAccessibleDescription(reason);
 }
 
-bool IsMarked(const QLineEdit* box) {
-    const auto* mark = box->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
+bool IsMarked(const QLineEdit* edit) {
+    const auto* mark = edit->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
     return mark != nullptr && mark->isVisible();
 }
 

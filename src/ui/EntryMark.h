@@ -5,11 +5,11 @@
 
 namespace vx3260 {
 
-/// Marks an entry box whose text cannot be used, with a warning sign and the reason as its tool
-/// tip and accessible description. An empty reason takes the mark away.
-void MarkEntry(QLineEdit* box, const QString& reason);
+/// Marks a line edit whose text cannot be used, with a warning sign and the reason as its tool tip
+/// and accessible description. An empty reason removes the mark.
+void MarkEntry(QLineEdit* edit, const QString& reason);
 
-/// Whether the box is marked.
-bool IsMarked(const QLineEdit* box);
+/// Whether the line edit is marked.
+bool IsMarked(const QLineEdit* edit);
 
 }  // namespace vx3260

@@ -29,8 +29,7 @@ class Form : public QDialog {
     /// Shows a message box over this form.
     MessageAnswer ShowMessage(const Message& message) { return services_.messages.Show(message); }
 
-    /// Shows what went wrong with something that was tried, as a refusal; `detail` tells what was
-    /// left as it was.
+    /// Shows why an attempt failed; `detail` says what was left unchanged.
     void ShowFailure(const std::exception& error, const std::string& detail);
 
     /// Connects a control's signal to a member function of the form. An exception that leaves the
@@ -42,8 +41,8 @@ class Form : public QDialog {
         });
     }
 
-    /// The same for an option button's click: its becoming selected, by the user or by the
-    /// program. Selecting the one that is selected already is none.
+    /// The same for an option button that becomes selected, by the user or by the program.
+    /// Selecting it again does not call the handler.
     void OnSelected(QAbstractButton* option, const std::function<void()>& handler);
 
     /// Opens another form and returns when it has been closed. `given` is what its constructor
@@ -54,7 +53,7 @@ class Form : public QDialog {
         form.exec();
     }
 
-    /// Marks the form as working on a board that is not the real one.
+    /// Shows in `label` that the form works on a simulated board; hides it with a real one.
     void ShowBoardLabel(QLabel* label);
 
     void showEvent(QShowEvent* event) override;

@@ -10,10 +10,10 @@
 namespace vx3260 {
 namespace {
 
-constexpr double panStep = 0.1;  ///< of what is seen
-constexpr double zoomIn = 0.8;   ///< of what is seen is seen then
+constexpr double panStep = 0.1;  ///< of the visible range
+constexpr double zoomIn = 0.8;   ///< the part of the visible range that stays visible
 constexpr double zoomOut = 1 / zoomIn;
-constexpr double revealMargin = 0.05;  ///< of what is seen, beside what was looked for
+constexpr double revealMargin = 0.05;  ///< of the visible range, beside the revealed key
 constexpr int minRectangle = 4;        ///< pixels; a smaller one is a click
 constexpr double exportScale = 2;      ///< pixels of a picture for one of the plot
 constexpr QSize exportSize(64, 40);    ///< in heights of a line of text
@@ -22,7 +22,7 @@ constexpr QSize exportSize(64, 40);    ///< in heights of a line of text
 struct KeyStep {
     Qt::Key key;
     bool shift;
-    double panX;  ///< in parts of what is seen
+    double panX;  ///< in parts of the visible range
     double panY;
     double zoomX;
     double zoomY;
@@ -110,7 +110,7 @@ PlotView::PlotView(QWidget* parent)
     UseTheme(ThemeOf(palette()));
 }
 
-/// In the middle of a row over the plot, where it hides nothing.
+/// Centred above the plot, where it covers nothing.
 void PlotView::SetUpLegend() {
     constexpr double noMoreThanNeeded = 0.001;
     auto* const row = new QCPLayoutGrid;
@@ -276,7 +276,7 @@ void PlotView::AddTextOnTop(const QString& text, const QFont& textFont, const QC
 }
 
 void PlotView::Export(const QStringList& lines, const std::function<void(QSize)>& draw) {
-    replot();  // what depends on what is seen is up to date
+    replot();  // updates what depends on the visible range
     SampleAdaptively(*this, false);
     const PlotTheme theme = ExportTheme();
     UseTheme(theme);
@@ -317,7 +317,7 @@ QByteArray PlotView::Pdf(const QStringList& lines) {
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setTitle(lines.value(0));
-    // At the screen's own resolution a text takes the room that the layout gives it.
+    // At the screen's resolution texts have the size that the layout reserves.
     writer.setResolution(logicalDpiX());
     Export(lines, [&](QSize size) {
         constexpr double pointsPerInch = 72;

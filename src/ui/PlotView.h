@@ -50,7 +50,7 @@ class PlotView final : public QCustomPlot {
     void SetExtent(const PlotExtent& extent);
     void ShowAll();
 
-    /// Moves the horizontal axis no further than `key` needs to be seen with some room beside it.
+    /// Moves the horizontal axis just so far that `key` is visible with some room beside it.
     void Reveal(double key);
 
     /// What is seen, dark on white in any theme, every point drawn; with lines of text over it, the

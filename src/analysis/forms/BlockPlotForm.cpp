@@ -61,7 +61,7 @@ void BlockPlotForm::ShowAll() {
     view_->ShowAll();
 }
 
-/// Everything that a reader of the picture alone has to know.
+/// Everything that a reader who has only the picture needs.
 QStringList BlockPlotForm::PictureLines() const {
     const NoiseAnalysis& analysis = block_.analysis;
     const QString board = QString::fromStdString(Shared().boardBadge);

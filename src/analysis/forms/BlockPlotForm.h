@@ -33,13 +33,13 @@ class BlockPlotForm : public Form {
     /// The block outlives the form.
     BlockPlotForm(Services& services, const AnalysedBlock& block, QWidget* parent);
 
-    /// Takes the controls. `subject` is what is plotted, "Histogram"; it follows the converter's
+    /// Connects the controls. `subject` is what is plotted, "Histogram"; it follows the converter's
     /// name in the heading.
     void SetUp(const Controls& controls, const QString& subject);
 
     const AnalysedBlock& Block() const { return block_; }
 
-    /// What is plotted, as the CSV file has it.
+    /// What is plotted, as comma-separated values.
     virtual std::string Csv() const = 0;
 
     /// Lines that a picture has under its title besides the conditions, the mean and sigma.
@@ -68,10 +68,11 @@ struct MeanAndSigma {
 
 MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis);
 
-/// The voltage of a code, with the digits that tell neighbouring codes apart anywhere in the range.
+/// The voltage of a code, with enough digits to distinguish neighbouring codes anywhere in the
+/// range.
 QString CodeVoltsText(const ConversionConditions& conditions, double code);
 
-/// A voltage that is a distance, or a size.
+/// A voltage difference or size.
 QString DistanceText(double volts);
 
 }  // namespace vx3260

@@ -18,11 +18,11 @@ constexpr double keyMargin = 0.02;
 constexpr double minReadingsShown = 4;
 constexpr double minCodesShown = 4;
 
-/// Readings farther apart than that, in pixels, are marked by dots.
+/// Readings farther apart than this, in pixels, are marked by dots.
 constexpr double dotDistance = 6;
 constexpr double dotSize = 4;
 
-/// Those nearer to each other than that make an area.
+/// Readings closer than this, in pixels, form an area.
 constexpr double areaDistance = 2;
 
 }  // namespace
@@ -121,11 +121,11 @@ void PlotForm::FollowView() {
     const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
                                  : QCPScatterStyle(QCPScatterStyle::ssNone));
-    // On an area of a like brightness the lines of mean and sigma need an edge to be seen.
+    // On an area of similar brightness the lines of mean and sigma are visible only with an edge.
     for (QCPGraph* edge : edges_) {
         edge->setVisible(pixelsApart < areaDistance);
     }
-    // Under codes that can be told apart; equal codes are on the line of their mean.
+    // Below codes that can be distinguished; equal codes lie on the line of their mean.
     const bool codesOnTop = dots || Block().analysis.exact.sigma == 0;
     view->moveLayer(view->layer(levelLayer), codes_->layer(),
                     codesOnTop ? PlotView::limBelow : PlotView::limAbove);

@@ -25,7 +25,7 @@ class ControlForm : public RegisterForm {
 
     using RegisterForm::RegisterForm;
 
-    /// Takes the controls that show the register, and loads the form.
+    /// Loads the form; `bits` and `valueLabel` show the register.
     void Load(BitRow& bits, QLabel* valueLabel, std::span<const Captions> channels);
 
     static void ShowCaptions(std::span<const Captions> captions, bool second);

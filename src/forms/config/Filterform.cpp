@@ -14,12 +14,13 @@
 namespace vx3260 {
 namespace {
 
-/// The limits that hold are whole hertz, though the message names 5.35 and 105.3; as designed.
+/// The limits are whole hertz although the message names 5.35 and 105.3, so 5.2 is accepted;
+/// intentional.
 constexpr std::int16_t minUpdateRate = 5;
 constexpr std::int16_t maxUpdateRate = 105;
 constexpr std::string_view updateRateMessage = "Enter a value Between 5.35 Hz and 105.3 Hz";
 
-/// The same rate is shown in three formats, by design.
+/// The same rate is shown in three formats, depending on what was entered; intentional.
 constexpr std::string_view rateAtLoad = "#.##";
 constexpr std::string_view rateOfTypedWord = "00.00";
 constexpr std::string_view rateOfTypedRate = "#.##00";
@@ -34,7 +35,7 @@ QString WordText(std::int32_t filterWord) {
     return QString::fromStdString(HexText(filterWord));
 }
 
-/// Whole hertz. Throws TypeMismatchError where the text is no number or is left without a digit.
+/// Whole hertz. Throws TypeMismatchError if the text is not a number or the format leaves no digit.
 std::int16_t TypedRate(const std::string& text) {
     return TextToInt16(FormatNumber(TextToDouble(text), typedRateFormat));
 }
@@ -112,11 +113,11 @@ void Filterform::ApplyUpdateRate() {
         Refuse(ui_->TxtUpdate, tr("The Output Update Rate is not a number"));
         return;
     }
-    const std::int16_t taken = std::clamp(rate, minUpdateRate, maxUpdateRate);
-    if (taken != rate) {
+    const std::int16_t accepted = std::clamp(rate, minUpdateRate, maxUpdateRate);
+    if (accepted != rate) {
         ShowExclamation(updateRateMessage);
     }
-    const std::int32_t word = FilterWordFor(taken);
+    const std::int32_t word = FilterWordFor(accepted);
     ui_->TxtFilter->setText(WordText(word));
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedRate));
     Program(word, MessageTexts::ErrorProgramming);
@@ -131,10 +132,10 @@ void Filterform::Program(std::int32_t filterWord, std::string_view errorText) {
     }
 }
 
-void Filterform::Refuse(QLineEdit* box, const QString& reason) {
+void Filterform::Refuse(QLineEdit* edit, const QString& reason) {
     ShowExclamation(reason.toStdString());
-    box->selectAll();
-    box->setFocus();
+    edit->selectAll();
+    edit->setFocus();
 }
 
 void Filterform::ShowExclamation(std::string_view text) {

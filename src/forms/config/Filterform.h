@@ -15,8 +15,8 @@ class Filterform;
 
 namespace vx3260 {
 
-/// Sets the filter register, by its word or by the update rate it stands for. Nothing is written
-/// but on Enter.
+/// Sets the filter register, by its word or by the update rate it stands for. Writes on
+/// Enter only.
 class Filterform final : public Form {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ class Filterform final : public Form {
 
     void Program(std::int32_t filterWord, std::string_view errorText);
     std::int16_t ReadRegister();
-    void Refuse(QLineEdit* box, const QString& reason);
+    void Refuse(QLineEdit* edit, const QString& reason);
     void ShowExclamation(std::string_view text);
 
     std::unique_ptr<Ui::Filterform> ui_;

@@ -49,7 +49,7 @@ class RegisterForm : public Form {
   protected:
     RegisterForm(Services& services, const RegisterMap::RegisterAccess& access, QWidget* parent);
 
-    /// Takes the form's options, once, and connects them.
+    /// Connects the form's options; called once.
     void SetOptions(std::vector<Option> options);
 
     /// Selects the button of the field's code in `value`; none where no option has it.

@@ -10,7 +10,7 @@
 namespace vx3260 {
 namespace {
 
-/// How often a progress bar is worth drawing.
+/// How often the progress bar is drawn at most.
 constexpr qint64 progressMilliseconds = 40;
 
 }  // namespace

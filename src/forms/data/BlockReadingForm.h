@@ -37,7 +37,7 @@ class BlockReadingForm : public ReadingForm {
     void ShowCode(std::int32_t code) override;
     void PrepareReading() override;
 
-    /// The block has been read, or as much of it as was read before a stop.
+    /// Called when the block, or its part before a stop, has been read.
     virtual void BlockRead() {}
 
     virtual void OpenNoiseForm() = 0;

@@ -15,12 +15,12 @@ class DataFileForm;
 
 namespace vx3260 {
 
-/// In what the twins ReadFileForm and WriteFileForm differ that can be seen.
+/// The visible differences between the twins ReadFileForm and WriteFileForm.
 struct DataFileTraits {
     QString title;
     QString command;  ///< caption of the button that does the work
     QFileDialog::AcceptMode dialog;
-    std::string failureDetail;  ///< what is told besides the reason when it does not work
+    std::string failureDetail;  ///< what is shown besides the reason of a failure
 };
 
 /// What the twins share: a path, a notation, one converter's block of codes, and a text about what
@@ -34,8 +34,8 @@ class DataFileForm : public Form {
   protected:
     DataFileForm(Services& services, const DataFileTraits& traits, QWidget* parent);
 
-    /// Reads or writes the file under `path`, which is not empty and names no pipe or device, and
-    /// returns what is told about it; empty for nothing. Throws FileAccessError or BadDataError.
+    /// Reads or writes the file under `path`, which is not empty and not a pipe or device. Returns
+    /// the text of the result label. Throws FileAccessError or BadDataError.
     virtual QString Process(const std::string& path) = 0;
 
     Notation ChosenNotation() const;

@@ -11,8 +11,8 @@
 namespace vx3260 {
 namespace {
 
-/// What is stored for a typed text: its number as `format` lays it out. Throws TypeMismatchError
-/// for a text that is no positive number, or is 0 when stored.
+/// What is stored for a typed text: its number, rounded to what `format` shows. Throws
+/// TypeMismatchError if that is not a positive number.
 float StoredNumber(const std::string& text, const std::string& format) {
     const double number = TextToDouble(FormatNumber(TextToDouble(text), format));
     if (number <= 0) {
@@ -26,29 +26,29 @@ float StoredNumber(const std::string& text, const std::string& format) {
 
 }  // namespace
 
-PositiveEntry::PositiveEntry(QLineEdit* box, float& value, std::string format, QString refusal)
-    : QObject(box),
-      box_(box),
+PositiveEntry::PositiveEntry(QLineEdit* edit, float& value, std::string format, QString refusal)
+    : QObject(edit),
+      edit_(edit),
       value_(value),
       format_(std::move(format)),
       refusal_(std::move(refusal)) {
     Show();
-    connect(box, &QLineEdit::textChanged, this, &PositiveEntry::Apply);
-    connect(box, &QLineEdit::editingFinished, this, &PositiveEntry::Show);
+    connect(edit, &QLineEdit::textChanged, this, &PositiveEntry::Apply);
+    connect(edit, &QLineEdit::editingFinished, this, &PositiveEntry::Show);
 }
 
 void PositiveEntry::Apply() {
     try {
-        value_ = StoredNumber(box_->text().toStdString(), format_);
-        MarkEntry(box_, {});
+        value_ = StoredNumber(edit_->text().toStdString(), format_);
+        MarkEntry(edit_, {});
     } catch (const RuntimeError&) {
-        MarkEntry(box_, refusal_.arg(QString::fromStdString(FormatNumber(value_, format_))));
+        MarkEntry(edit_, refusal_.arg(QString::fromStdString(FormatNumber(value_, format_))));
     }
 }
 
 void PositiveEntry::Show() {
-    if (!IsMarked(box_)) {
-        box_->setText(QString::fromStdString(FormatNumber(value_, format_)));
+    if (!IsMarked(edit_)) {
+        edit_->setText(QString::fromStdString(FormatNumber(value_, format_)));
     }
 }
 

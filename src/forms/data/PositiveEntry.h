@@ -8,24 +8,24 @@
 
 namespace vx3260 {
 
-/// An entry box for a positive number that is in use as soon as it is typed. A text that is none is
-/// marked and leaves the number as it was. Lives as long as its box.
+/// Keeps a positive number equal to what is typed in a line edit. A text that is not a positive
+/// number is marked and leaves the number unchanged. Lives as long as its line edit.
 class PositiveEntry final : public QObject {
     Q_OBJECT
 
   public:
-    /// The number is stored as `format` lays it out; `refusal` tells what to enter, with %1 for the
-    /// number that stays. `value` must outlive the box.
-    PositiveEntry(QLineEdit* box, float& value, std::string format, QString refusal);
+    /// The number is rounded to what `format` shows; `refusal` says what to enter, with %1 for the
+    /// number that stays. `value` must outlive the line edit.
+    PositiveEntry(QLineEdit* edit, float& value, std::string format, QString refusal);
 
     /// Stores what is typed.
     void Apply();
 
-    /// Puts the stored number into the box, unless what stands there is marked.
+    /// Shows the stored number, unless the present text is marked.
     void Show();
 
   private:
-    QLineEdit* box_;
+    QLineEdit* edit_;
     float& value_;
     std::string format_;
     QString refusal_;

@@ -33,7 +33,7 @@ ReadAuxDataForm::ReadAuxDataForm(Services& services, QWidget* parent)
 
 ReadAuxDataForm::~ReadAuxDataForm() = default;
 
-/// What was measured before is no temperature of now.
+/// A temperature measured before the reading is out of date.
 void ReadAuxDataForm::PrepareReading() {
     BlockReadingForm::PrepareReading();
     measuredCode_.reset();

@@ -25,10 +25,11 @@ QString ReadFileForm::Process(const std::string& path) {
     block.codes.assign(codes.begin(), codes.end());
     block.count = static_cast<std::int16_t>(codes.size());
 
-    const auto [least, most] = std::minmax_element(codes.begin(), codes.end());
-    QString result = tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
-                         .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*least)),
-                              QString::fromStdString(CodeText(*most)));
+    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
+    QString result =
+        tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
+            .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*smallest)),
+                 QString::fromStdString(CodeText(*largest)));
     std::vector<std::string> warnings = SuspicionsAbout(codes, ChosenConverter());
     if (!warning.empty()) {
         warnings.insert(warnings.begin(), warning);

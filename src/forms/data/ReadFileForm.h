@@ -5,8 +5,8 @@
 
 namespace vx3260 {
 
-/// Loads a data file in the place of the chosen converter's block, which stays as it was unless the
-/// whole file is good.
+/// Replaces the chosen converter's block by a data file; the block stays unchanged unless the whole
+/// file is valid.
 class ReadFileForm final : public DataFileForm {
     Q_OBJECT
 

@@ -10,10 +10,11 @@
 namespace vx3260 {
 namespace {
 
-/// By design a delay is a number of turns, which has to fit 32 bits; the wait itself is real time.
+/// A delay is limited as if it were counted in loop turns of a 32-bit counter; the wait itself is
+/// real time. A delay above 107374 ms is therefore an overflow; intentional.
 constexpr std::int32_t turnsPerMillisecond = 20000;
 
-/// Milliseconds. Throws where the text is no number, or too large a one.
+/// Milliseconds. Throws if the text is not a number or is too large.
 std::int32_t DelayOf(const std::string& text) {
     const std::int32_t milliseconds = TextToInt32(text);
     Product(milliseconds, turnsPerMillisecond);
@@ -30,7 +31,7 @@ ReadingForm::ReadingForm(Services& services, std::vector<Converter> converters, 
 void ReadingForm::Load(const Controls& controls) {
     controls_ = controls;
     loop_ = new ReadingLoop(controls.prompt, controls.keyTarget, this);
-    // What an input method composes is a key too, and none for this box to take.
+    // Composed input is a key press too, and must stop the loop instead of filling this line edit.
     controls.keyTarget->setAttribute(Qt::WA_InputMethodEnabled, false);
     ShowBoardLabel(controls.boardLabel);
     reference_ = new PositiveEntry(controls.reference, State().ReferenceVoltage, "#.00",
@@ -94,9 +95,9 @@ void ReadingForm::AfterReading(ReadingEnd end) {
     }
 }
 
-void ShowAtOnce(QLineEdit* box, const std::string& text) {
-    box->setText(QString::fromStdString(text));
-    box->repaint();
+void ShowAtOnce(QLineEdit* edit, const std::string& text) {
+    edit->setText(QString::fromStdString(text));
+    edit->repaint();
 }
 
 }  // namespace vx3260

@@ -44,8 +44,8 @@ class ReadingForm : public Form {
                 ui.Command2,  ui.Command4, ui.BadgeLabel};
     }
 
-    /// `converters` are those without which the form reads nothing. The codes are the first one's;
-    /// its twin is read alongside.
+    /// `converters` are those that must be enabled. The codes are the first one's; the other
+    /// converter is read alongside.
     ReadingForm(Services& services, std::vector<Converter> converters, QWidget* parent);
 
     /// Takes the controls and reads both control registers.
@@ -54,16 +54,15 @@ class ReadingForm : public Form {
     ConverterReader& Reader() { return reader_; }
     ReadingLoop& Loop() { return *loop_; }
 
-    /// How a converter's codes are turned into volts, with the reference voltage of now.
+    /// How a converter's codes are turned into volts, with the present reference voltage.
     ConversionConditions Conditions(Converter converter);
 
-    /// Shows the refusal where a converter that is needed is not enabled.
+    /// Shows the refusal if a required converter is not enabled; true then.
     bool RefusedAsDisabled();
 
     void ApplyReferenceVoltage() { reference_->Apply(); }
 
-    /// Tells how a reading ended where that is still to be told, and closes where that was asked
-    /// for meanwhile.
+    /// Reports a time-out, and closes the form if that was requested during the reading.
     void AfterReading(ReadingEnd end);
 
     /// The next code for display, or ReadTimeout.
@@ -72,7 +71,7 @@ class ReadingForm : public Form {
     /// Shows a code that was read for display.
     virtual void ShowCode(std::int32_t code) = 0;
 
-    /// A reading is about to start.
+    /// Called before a reading starts.
     virtual void PrepareReading() { closeRequested_ = false; }
 
   private:
@@ -86,7 +85,7 @@ class ReadingForm : public Form {
     bool closeRequested_ = false;
 };
 
-/// A box that shows a value while a reading runs: redrawn at once.
-void ShowAtOnce(QLineEdit* box, const std::string& text);
+/// Shows a value while a reading runs: redraws the line edit immediately.
+void ShowAtOnce(QLineEdit* edit, const std::string& text);
 
 }  // namespace vx3260

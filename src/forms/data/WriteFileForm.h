@@ -5,8 +5,8 @@
 
 namespace vx3260 {
 
-/// Saves the chosen converter's block as a data file. A file that is there is replaced as a whole,
-/// and only after a question.
+/// Saves the chosen converter's block as a data file. An existing file is replaced as a whole,
+/// after asking.
 class WriteFileForm final : public DataFileForm {
     Q_OBJECT
 
