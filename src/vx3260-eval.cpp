@@ -92,7 +92,7 @@ int Run(int& argc, char** argv) {
     QtMessageBoxes messages(std::cerr);
     ApplicationState state;
     const OpenedPort opened = OpenPort(request.port);
-    Services services{*opened.port, messages, system, state, opened.badge};
+    Services services{*opened.port, messages, system, state, opened.boardLabel};
     StartUp(services);
     MainMenuForm(services).exec();
     return 0;

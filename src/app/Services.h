@@ -16,7 +16,7 @@ struct Services {
     MessageBoxes& messages;
     OperatingSystem& system;
     ApplicationState& state;
-    std::string boardBadge{};  ///< shown where readings come from; empty for a real board
+    std::string boardLabel{};  ///< shown where readings come from; empty for a real board
 };
 
 }  // namespace vx3260

@@ -48,7 +48,7 @@ struct PortChoice {
 
 struct OpenedPort {
     std::unique_ptr<ParallelPort> port;
-    std::string badge;  ///< "Simulated board", or empty for a real port
+    std::string boardLabel;  ///< "Simulated board", or empty for a real port
 };
 
 /// Opens the chosen port. Opening never fails: an unavailable port is detected when it is claimed.

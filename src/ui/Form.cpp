@@ -14,8 +14,8 @@ Form::Form(Services& services, QWidget* parent) : QDialog(parent), services_(ser
 }
 
 void Form::ShowBoardLabel(QLabel* label) {
-    label->setText(QString::fromStdString(services_.boardBadge));
-    label->setVisible(!services_.boardBadge.empty());
+    label->setText(QString::fromStdString(services_.boardLabel));
+    label->setVisible(!services_.boardLabel.empty());
     label->setToolTip(tr("Readings come from the simulated board, not from a chip"));
     boardLabel_ = label;
     ColourBoardLabel();

@@ -56,14 +56,14 @@ TEST(Faults, AreKnownByTheirWholeName) {
 
 TEST(OpenPort, GivesTheBoardThatWasChosen) {
     const OpenedPort simulated = OpenPort({.simulated = true, .faults = {}});
-    EXPECT_EQ(simulated.badge, "Simulated board");
+    EXPECT_EQ(simulated.boardLabel, "Simulated board");
     EXPECT_EQ(simulated.port->GetParallelPortCount(), 1);
     EXPECT_EQ(simulated.port->ClaimParallelPort(2, -1), 0);
     EXPECT_EQ(simulated.port->InByte(632), 255);
 
     const OpenedPort real = OpenPort({});
     ParallelPortInfo info;
-    EXPECT_EQ(real.badge, "");
+    EXPECT_EQ(real.boardLabel, "");
     EXPECT_EQ(real.port->ClaimParallelPort(1, -1), 0);
     EXPECT_EQ(real.port->GetParallelPortInfo(1, info), 0);
     EXPECT_EQ(real.port->InByte(890), 255);

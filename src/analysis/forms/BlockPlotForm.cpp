@@ -64,7 +64,7 @@ void BlockPlotForm::ShowAll() {
 /// Everything that a reader who has only the picture needs.
 QStringList BlockPlotForm::PictureLines() const {
     const NoiseAnalysis& analysis = block_.analysis;
-    const QString board = QString::fromStdString(Shared().boardBadge);
+    const QString board = QString::fromStdString(Shared().boardLabel);
     QStringList conditions{
         QString::fromStdString(CountText(static_cast<std::int64_t>(analysis.count), "reading")),
         tr("input range %1").arg(FigureText(analysis, NoiseFigure::InputRange)),

@@ -29,9 +29,10 @@ void BoardSession::Open() {
     }
     RefuseTraceAsStandardOutput(portChoice_.traceFile);
     opened_ = OpenPort(portChoice_);
-    services_.emplace(vx3260::Services{*opened_.port, messages_, system_, state_, opened_.badge});
-    if (!opened_.badge.empty()) {
-        err_ << opened_.badge << std::endl;
+    services_.emplace(
+        vx3260::Services{*opened_.port, messages_, system_, state_, opened_.boardLabel});
+    if (!opened_.boardLabel.empty()) {
+        err_ << opened_.boardLabel << std::endl;
     }
     StartUp(*services_, statusRequested_);
     failureAtStart_ = services_->port.FailureDetail();

@@ -177,7 +177,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
         return ExitCodeOf(reading.end, stop.Requested());
     }
     WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
-    context.streams.out << Report(Analyse(reading.codes, conditions), services.boardBadge);
+    context.streams.out << Report(Analyse(reading.codes, conditions), services.boardLabel);
     return ExitCodeOf(reading.end, stop.Requested());
 }
 

@@ -35,7 +35,7 @@ ExitCode RegistersCommand::Run(const CommandContext& context) {
     Services& services = context.board.Services();
     const std::vector<RegisterReading> readings = ReadAll(services);
     context.streams.out << (format_ == ReportFormat::Json
-                                ? RegistersJson(readings, services.boardBadge)
+                                ? RegistersJson(readings, services.boardLabel)
                                 : RegistersText(readings));
     CheckAnswer(services);
     return ExitCode::Success;

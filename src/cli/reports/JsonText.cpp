@@ -5,8 +5,8 @@
 
 namespace vx3260 {
 
-QJsonValue BoardValue(std::string_view badge) {
-    return badge.empty() ? QJsonValue() : QJsonValue(QString::fromUtf8(badge));
+QJsonValue BoardValue(std::string_view boardLabel) {
+    return boardLabel.empty() ? QJsonValue() : QJsonValue(QString::fromUtf8(boardLabel));
 }
 
 std::string JsonText(const QJsonObject& object) {

@@ -8,8 +8,8 @@
 
 namespace vx3260 {
 
-/// The badge of a board; null when it is empty, which a real board's is.
-QJsonValue BoardValue(std::string_view badge);
+/// The label of a board; null when it is empty, which a real board's is.
+QJsonValue BoardValue(std::string_view boardLabel);
 
 /// The object as a text that is easy to read, ended by a line break.
 std::string JsonText(const QJsonObject& object);

@@ -13,7 +13,7 @@ namespace vx3260 {
 std::string NoiseText(const NoiseAnalysis& analysis);
 
 /// The same texts by label name, and the figures in full precision in volts and codes, as one JSON
-/// object. `board` is the badge of the board they come from; null when empty.
+/// object. `board` is the label of the board they come from; null when empty.
 std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board);
 
 }  // namespace vx3260

@@ -72,7 +72,7 @@ TEST_P(ReadDataFormTest, HasItsTextsAndSitsInTheMiddle) {
     }
     const QPoint off = form->frameGeometry().center() - form->screen()->geometry().center();
     EXPECT_LE(off.manhattanLength(), 6);  // a frame's width
-    bench->services->boardBadge.clear();
+    bench->services->boardLabel.clear();
     Open();
     EXPECT_FALSE(Find(*form, "BadgeLabel").isVisible());
 }
