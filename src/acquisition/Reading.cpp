@@ -19,15 +19,6 @@ void BeforeEach(const ReadingHooks& hooks) {
 
 }  // namespace
 
-std::string TimeoutDetailOf(const ParallelPort& port) {
-    const std::string failure = port.FailureDetail();
-    return failure + (failure.empty() ? "" : "\n") + std::string(TimeoutDetail);
-}
-
-std::string DisabledText(Converter converter) {
-    return "Enable " + std::string(TraitsOf(converter).name) + " ADC before reading Data";
-}
-
 void CheckBlockSize(std::int16_t size) {
     if (size < 1) {
         throw SubscriptError();

@@ -3,8 +3,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
-#include <string_view>
 
 #include "acquisition/ConverterReader.h"
 #include "link/CodeBlock.h"
@@ -16,20 +14,6 @@ enum class ReadingEnd {
     TimedOut,  ///< data-ready did not become active
     Stopped,   ///< stopRequested returned true after a read
 };
-
-/// How unsuccessful ends are reported.
-inline constexpr std::string_view TimeoutText = "Error Reading Data from VX3260";
-inline constexpr std::string_view TimeoutDetail =
-    "No result became ready. Check the cable, the board's power, the mode register and the printer "
-    "port. The chip still waits for the clocks of this access: a software reset brings the "
-    "interface back in step.";
-inline constexpr std::string_view StoppedText = "User Interruption of Reading";
-
-/// The detail of a time-out: the port's FailureDetail, if any, then TimeoutDetail.
-std::string TimeoutDetailOf(const ParallelPort& port);
-
-/// The refusal for a converter that is not enabled: "Enable Main ADC before reading Data".
-std::string DisabledText(Converter converter);
 
 /// What the caller does between the reads; each may be left empty.
 struct ReadingHooks {

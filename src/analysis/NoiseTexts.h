@@ -10,11 +10,6 @@
 /// The captions and texts of the noise figures, for the forms and the command line alike.
 namespace vx3260 {
 
-/// Shown where CountFitsAnalysis refuses a count. It names 9 as allowed although 9 is refused, so
-/// whoever enters 9 sees a text that contradicts the refusal; intentional.
-inline constexpr std::string_view CountRefusal =
-    "For Data Analysis the number of Codes read must be between 9 and 5000";
-
 /// The figures above the frame "Resolution".
 enum class NoiseFigure {
     CodesRead,

@@ -5,6 +5,18 @@
 
 namespace vx3260::MessageTexts {
 
+std::string ConverterDisabled(Converter converter) {
+    return "Enable " + std::string(TraitsOf(converter).name) + " ADC before reading Data";
+}
+
+std::string TimeoutDetail(const ParallelPort& port) {
+    const std::string failure = port.FailureDetail();
+    return failure + (failure.empty() ? "" : "\n") +
+           "No result became ready. Check the cable, the board's power, the mode register and the "
+           "printer port. The chip still waits for the clocks of this access: a software reset "
+           "brings the interface back in step.";
+}
+
 std::optional<Message> CalibrationPrompt(std::int32_t mode) {
     switch (mode) {
         case RegisterMap::SystemZeroScale:

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "app/MessageTexts.h"
 #include "app/PrinterPorts.h"
 #include "link/BoardLines.h"
 #include "link/ParallelPort.h"
@@ -45,8 +46,8 @@ void ClaimPort(Services& services) {
     services.state.PortCount = services.port.GetParallelPortCount();
     if (services.port.ClaimParallelPort(firstPort, -1) == 0) {
         services.state.PortClaimFailed = true;
-        services.messages.Show(
-            {.text = "claim parallel port failed", .detail = services.port.FailureDetail()});
+        services.messages.Show({.text = std::string(MessageTexts::ClaimFailed),
+                                .detail = services.port.FailureDetail()});
     }
 }
 
@@ -65,9 +66,9 @@ void FindPortAddress(Services& services) {
     if (services.port.GetParallelPortInfo(firstPort, info) == 0) {
         const std::string reason = services.port.FailureDetail();
         services.messages.Show(
-            {.text = "This PC does not appear to have a Printer Port",
+            {.text = std::string(MessageTexts::NoPrinterPort),
              .icon = MessageIcon::Exclamation,
-             .title = "GetPortAddress Error",
+             .title = std::string(MessageTexts::NoPrinterPortTitle),
              .detail =
                  reason + (reason.empty() ? "" : "\n") +
                  "Without a board, work on the simulated one with the option\n    --simulated"});

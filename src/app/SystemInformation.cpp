@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SystemInformation.h"
+#include "app/MessageTexts.h"
 
 #include <string>
 #include <vector>
@@ -27,7 +28,7 @@ std::vector<std::string> FindSysInfo(OperatingSystem& system) {
 void StartSysInfo(Services& services) {
     const std::vector<std::string> command = FindSysInfo(services.system);
     if (command.empty() || !services.system.StartProgram(command)) {
-        services.messages.Show({.text = "System Information Is Unavailable At This Time"});
+        services.messages.Show({.text = std::string(MessageTexts::NoSystemInformation)});
     }
 }
 

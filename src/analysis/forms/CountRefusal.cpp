@@ -2,6 +2,7 @@
 #include "analysis/forms/CountRefusal.h"
 
 #include "analysis/NoiseTexts.h"
+#include "app/MessageTexts.h"
 
 namespace vx3260 {
 
@@ -9,7 +10,7 @@ bool RefusedByCount(MessageBoxes& messages, std::int32_t count) {
     if (CountFitsAnalysis(count)) {
         return false;
     }
-    messages.Show({.text = std::string(CountRefusal)});
+    messages.Show({.text = std::string(MessageTexts::CountRefusal)});
     return true;
 }
 

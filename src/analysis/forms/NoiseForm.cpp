@@ -20,8 +20,7 @@ void ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
 }
 
 AnalysedBlock Analyse(const CodeBlock& block, const ConversionConditions& conditions) {
-    const auto codes =
-        std::span<const double>(block.codes).first(static_cast<std::size_t>(block.count));
+    const std::span<const double> codes = block.Codes();
     return {{codes.begin(), codes.end()}, AnalyseNoise(codes, conditions)};
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "analysis/SuspiciousCodes.h"
+#include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
 #include "cli/board/StuckReadyLine.h"
@@ -36,19 +37,17 @@ void ReportEnd(Services& services, ReadingEnd end, std::size_t codes) {
     const std::string soFar =
         "\nRead so far: " + CountText(static_cast<std::int64_t>(codes), "code");
     if (end == ReadingEnd::TimedOut) {
-        services.messages.Show(
-            {.text = std::string(TimeoutText), .detail = TimeoutDetailOf(services.port) + soFar});
+        services.messages.Show({.text = std::string(MessageTexts::ReadingTimedOut),
+                                .detail = MessageTexts::TimeoutDetail(services.port) + soFar});
     } else if (end == ReadingEnd::Stopped) {
-        services.messages.Show(
-            {.text = std::string(StoppedText) + soFar, .icon = MessageIcon::Exclamation});
+        services.messages.Show({.text = std::string(MessageTexts::ReadingStopped) + soFar,
+                                .icon = MessageIcon::Exclamation});
     }
 }
 
 std::vector<std::int32_t> GoodCodes(const CodeBlock& block, ReadingEnd end) {
-    const std::ptrdiff_t good = end == ReadingEnd::TimedOut ? block.count - 1 : block.count;
-    std::vector<std::int32_t> codes(static_cast<std::size_t>(good));
-    std::transform(block.codes.begin(), block.codes.begin() + good, codes.begin(), ToInt32);
-    return codes;
+    const std::size_t invalid = end == ReadingEnd::TimedOut ? 1 : 0;
+    return ToIntegers(block.Codes().first(block.Codes().size() - invalid));
 }
 
 }  // namespace
@@ -78,7 +77,7 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
             services,
             {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
             NothingWritten);
-        throw CommandError(ExitCode::ConverterDisabled, DisabledText(converter));
+        throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
     }
     CheckReadyLine(services);
     streams.err << "Reading " << CountText(count, "code") << " from the " << name

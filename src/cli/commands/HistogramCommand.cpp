@@ -7,6 +7,7 @@
 #include "cli/board/BlockReading.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/HistogramReport.h"
+#include "link/CodeBlock.h"
 #include "options/Validators.h"
 
 namespace vx3260 {
@@ -41,7 +42,7 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
     OpenForStatus(context);
     const std::vector<std::int32_t> block = LoadBlock(file_, notation_, context.streams.err);
     WarnOfSuspiciousCodes(block, converter_, context.streams.err);
-    const std::vector<double> codes(block.begin(), block.end());
+    const std::vector<double> codes = ToDoubles(block);
     const bool csv = format_ == ReportFormat::Csv;
     const std::size_t fitting = csv ? MaxHistogramBins : maxBars;
     const FileHistogram counted{

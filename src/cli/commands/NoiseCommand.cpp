@@ -8,12 +8,14 @@
 #include <vector>
 
 #include "analysis/NoiseTexts.h"
+#include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/NoiseReport.h"
 #include "cli/reports/RegisterText.h"
+#include "link/CodeBlock.h"
 #include "link/RegisterFields.h"
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
@@ -75,14 +77,14 @@ CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::
 void CheckCount(std::int64_t count) {
     if (count < MinCodesForAnalysis || count > MaxCodesForAnalysis) {
         throw CommandError(ExitCode::CountRefused,
-                           std::string(CountRefusal) + " (" + std::to_string(count) +
+                           std::string(MessageTexts::CountRefusal) + " (" + std::to_string(count) +
                                " given; accepted are " + std::to_string(MinCodesForAnalysis) +
                                " to " + std::to_string(MaxCodesForAnalysis) + ")");
     }
 }
 
 NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const ConversionConditions& conditions) {
-    return AnalyseNoise(std::vector<double>(codes.begin(), codes.end()), conditions);
+    return AnalyseNoise(ToDoubles(codes), conditions);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/MessageTexts.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
@@ -78,7 +79,7 @@ void CalibrationForm::SetUp(Coefficient& coefficient, const QString& name) {
     UseValueFont(coefficient.hexLabel);
     UseFixedFont(coefficient.entry);
     coefficient.entry->installEventFilter(this);
-    coefficient.value = coefficient.reg.ReadReg();
+    coefficient.value = coefficient.reg.ReadValue();
 }
 
 /// The key reaches the line edit in any case.
@@ -97,8 +98,7 @@ bool CalibrationForm::eventFilter(QObject* watched, QEvent* event) {
 void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
     try {
         if (!RegisterMap::IsPowerDown(modeRegister_.ReadValue())) {
-            ShowMessage({.text = "The VX3260 must be placed in Power-Down Mode to program the "
-                                 "Calibration Registers",
+            ShowMessage({.text = std::string(MessageTexts::CalibrationNeedsPowerDown),
                          .icon = MessageIcon::Exclamation});
             return;
         }
@@ -116,7 +116,7 @@ void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.reg.RegValue = coefficient.value;
     coefficient.reg.WriteReg();
     if (coefficient.reg.ReadValue() != coefficient.value) {
-        ShowMessage({.text = "An Error has occurred , The Register may not be programmed correctly",
+        ShowMessage({.text = std::string(MessageTexts::CoefficientNotVerified),
                      .icon = MessageIcon::Exclamation});
         return;
     }
@@ -141,8 +141,7 @@ void CalibrationForm::ShowCoefficient(const Coefficient& coefficient) const {
     coefficient.bits->ShowValue(value);
     constexpr int bitsPerDigit = 4;
     const QString hex =
-        QString::fromStdString(HexText(value))
-            .rightJustified(coefficient.reg.WordLength / bitsPerDigit, QLatin1Char('0'));
+        QString::fromStdString(HexText(value, coefficient.reg.WordLength / bitsPerDigit));
     coefficient.hexLabel->setText(hex);
     coefficient.entry->setText(hex);
 }

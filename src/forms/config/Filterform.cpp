@@ -18,7 +18,6 @@ namespace {
 /// intentional.
 constexpr std::int16_t minUpdateRate = 5;
 constexpr std::int16_t maxUpdateRate = 105;
-constexpr std::string_view updateRateMessage = "Enter a value Between 5.35 Hz and 105.3 Hz";
 
 /// The same rate is shown in three formats, depending on what was entered; intentional.
 constexpr std::string_view rateAtLoad = "#.##";
@@ -57,7 +56,7 @@ Filterform::Filterform(Services& services, QWidget* parent)
 
     State().FilterValue = ReadRegister();
     if (State().FilterValue == 0) {
-        ShowMessage({.text = "Error Reading from VX3260"});
+        ShowMessage({.text = std::string(MessageTexts::ErrorReading)});
         return;
     }
     ShowFilterSetting();
@@ -93,7 +92,7 @@ void Filterform::ApplyFilterWord() {
         return;
     }
     if (word > MaxFilterWord) {
-        ShowExclamation("The maximum Filter Word is  FF Hex");
+        ShowExclamation(MessageTexts::FilterWordTooLarge);
         return;
     }
     if (word < MinFilterWord) {
@@ -115,7 +114,7 @@ void Filterform::ApplyUpdateRate() {
     }
     const std::int16_t accepted = std::clamp(rate, minUpdateRate, maxUpdateRate);
     if (accepted != rate) {
-        ShowExclamation(updateRateMessage);
+        ShowExclamation(MessageTexts::UpdateRateRange);
     }
     const std::int32_t word = FilterWordFor(accepted);
     ui_->TxtFilter->setText(WordText(word));

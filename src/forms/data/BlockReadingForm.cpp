@@ -3,6 +3,7 @@
 
 #include "acquisition/Reading.h"
 #include "analysis/forms/CountRefusal.h"
+#include "app/MessageTexts.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
@@ -48,7 +49,8 @@ void BlockReadingForm::ReadForAnalysis() {
         BlockRead();
     }
     if (end == ReadingEnd::Stopped) {
-        ShowMessage({.text = std::string(StoppedText), .icon = MessageIcon::Exclamation});
+        ShowMessage(
+            {.text = std::string(MessageTexts::ReadingStopped), .icon = MessageIcon::Exclamation});
     } else {
         ApplyReferenceVoltage();
     }

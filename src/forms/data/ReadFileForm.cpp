@@ -22,7 +22,7 @@ ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
 QString ReadFileForm::Process(const std::string& path) {
     const auto [codes, warning] = LoadCodes(path, ChosenNotation());
     const CodeBlock block = ChosenBlock();
-    block.codes.assign(codes.begin(), codes.end());
+    block.codes = ToDoubles(codes);
     block.count = static_cast<std::int16_t>(codes.size());
 
     const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "acquisition/Reading.h"
+#include "app/MessageTexts.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
@@ -82,13 +83,15 @@ bool ReadingForm::RefusedAsDisabled() {
         return false;
     }
     ApplyReferenceVoltage();
-    ShowMessage({.text = DisabledText(*disabled), .icon = MessageIcon::Exclamation});
+    ShowMessage(
+        {.text = MessageTexts::ConverterDisabled(*disabled), .icon = MessageIcon::Exclamation});
     return true;
 }
 
 void ReadingForm::AfterReading(ReadingEnd end) {
     if (end == ReadingEnd::TimedOut) {
-        ShowMessage({.text = std::string(TimeoutText), .detail = TimeoutDetailOf(Shared().port)});
+        ShowMessage({.text = std::string(MessageTexts::ReadingTimedOut),
+                     .detail = MessageTexts::TimeoutDetail(Shared().port)});
     }
     if (closeRequested_) {
         Form::reject();

@@ -2,21 +2,10 @@
 #include "forms/data/WriteFileForm.h"
 
 #include <QFileInfo>
-#include <algorithm>
 
 #include "files/CodeFile.h"
-#include "numbers/Conversions.h"
 
 namespace vx3260 {
-namespace {
-
-std::vector<std::int32_t> CodesOf(const CodeBlock& block) {
-    std::vector<std::int32_t> codes(static_cast<std::size_t>(block.count));
-    std::transform(block.codes.begin(), block.codes.begin() + block.count, codes.begin(), ToInt32);
-    return codes;
-}
-
-}  // namespace
 
 WriteFileForm::WriteFileForm(Services& services, QWidget* parent)
     : DataFileForm(services,
@@ -44,7 +33,7 @@ QString WriteFileForm::Process(const std::string& path) {
             return tr("Nothing was written.");
         }
     }
-    ReplaceFile(path, FormatCodes(CodesOf(block), ChosenNotation()));
+    ReplaceFile(path, FormatCodes(ToIntegers(block.Codes()), ChosenNotation()));
     return tr("Wrote %1 of the %2 ADC to %3.")
         .arg(ChosenCount(), ChosenName(), QDir::toNativeSeparators(file.absoluteFilePath()));
 }

@@ -6,6 +6,7 @@
 #include "analysis/forms/AuxNoiseForm.h"
 #include "analysis/forms/CountRefusal.h"
 #include "analysis/forms/MainNoiseForm.h"
+#include "app/MessageTexts.h"
 #include "forms/data/ReadAuxDataForm.h"
 #include "forms/data/ReadDualDataForm.h"
 #include "forms/data/ReadFileForm.h"
@@ -92,12 +93,9 @@ bool MainMenuForm::EnsureContinuousConversion() {
     if (RegisterMap::IsContinuousConversion(mode)) {
         return true;
     }
-    const MessageAnswer answer = ShowMessage({.text = "This function requires that the VX3260,\r\n"
-                                                      "be placed in Continuous Conversion Mode,\r\n"
-                                                      "\r\n"
-                                                      "Do you wish to Place the VX3260\r\n"
-                                                      "in Continuous Conversion Mode ?",
-                                              .buttons = MessageButtons::YesNo});
+    const MessageAnswer answer =
+        ShowMessage({.text = std::string(MessageTexts::AskContinuousConversion),
+                     .buttons = MessageButtons::YesNo});
     if (answer != MessageAnswer::Yes) {
         return false;
     }
@@ -121,7 +119,7 @@ void MainMenuForm::AnalyseAuxNoise() {
 
 void MainMenuForm::Quit() {
     const MessageAnswer answer =
-        ShowMessage({.text = "Are you sure you want to quit", .buttons = MessageButtons::YesNo});
+        ShowMessage({.text = std::string(MessageTexts::AskQuit), .buttons = MessageButtons::YesNo});
     if (answer == MessageAnswer::Yes) {
         Shared().system.EndProcess(0);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/shell/ProgramForm.h"
 
+#include "app/MessageTexts.h"
 #include "forms/config/AuxCalForm.h"
 #include "forms/config/AuxControlForm.h"
 #include "forms/config/Filterform.h"
@@ -35,8 +36,7 @@ ProgramForm::~ProgramForm() = default;
 void ProgramForm::OpenFilterform() {
     const std::int32_t mode = ReadRegister(Shared().port, State().PortAddress, RegisterMap::Mode);
     if (!RegisterMap::IsPowerDown(mode)) {
-        ShowMessage({.text = "The VX3260 must be in Power-Down Mode in order to program the Filter "
-                             "Register",
+        ShowMessage({.text = std::string(MessageTexts::FilterNeedsPowerDown),
                      .icon = MessageIcon::Exclamation});
         return;
     }
