@@ -12,8 +12,8 @@
 #include <utility>
 #include <vector>
 
-#include "options/ExitCodes.h"
 #include "cli/commands/RunCli.h"
+#include "options/ExitCodes.h"
 #include "support/Recorders.h"
 
 namespace vx3260::test {

@@ -97,7 +97,8 @@ TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
         {[] { SetDllDirectoryW(nullptr); }, "parllio.dll was not found."},
         {[] { Choose("incomplete"); }, "parllio.dll lacks GetParallelPortInfo, InByte"},
         {[this] { ChooseChanged(Make32Bit); }, "ä 測\\parllio.dll is a 32-bit library."},
-        {[this] { ChooseChanged(Spoil); }, "ä 測\\parllio.dll is not a library for 64-bit Windows."},
+        {[this] { ChooseChanged(Spoil); },
+         "ä 測\\parllio.dll is not a library for 64-bit Windows."},
     };
     for (const auto& c : cases) {
         c.choose();

@@ -96,9 +96,11 @@ void ModeForm::Calibrate(std::int32_t mode) {
         ShowMessage({.text = std::string(MessageTexts::ErrorCalibrating),
                      .icon = MessageIcon::Exclamation});
     }
-    // After the internal zero scale the form shows the register as it was before the calibration;
-    // intentional.
-    if (mode != RegisterMap::InternalZeroScale) {
+    // After the internal zero scale the register is not read again: the form shows it as it was
+    // before the calibration; intentional.
+    if (mode == RegisterMap::InternalZeroScale) {
+        ui_->modeLabel->setText(QStringLiteral("0"));
+    } else {
         KeepValue(ReadRegister());
     }
     ui_->CalLabel->clear();

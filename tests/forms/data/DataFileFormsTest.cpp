@@ -98,7 +98,8 @@ TEST_F(DataFileFormsTest, KeepTheBlockWhenTheFileIsNoGood) {
         {bad, bad + ": line 2: \"1.5\" is not a decimal code"},
         {none, "Cannot read " + none + ": " + Folder::ReasonOfNoFile(none)},
 #if defined(__linux__)
-        {"/dev/zero", "/dev/zero is a pipe, a device or the name of an open file, not a regular file"},
+        {"/dev/zero",
+         "/dev/zero is a pipe, a device or the name of an open file, not a regular file"},
 #endif
         {"  ", "Enter the name of a file, or choose one with \"Browse...\""},
     };
