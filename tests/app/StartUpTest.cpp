@@ -57,13 +57,6 @@ TEST_F(StartUpTest, ClaimsTheFirstPortAndClearsFourControlBits) {
     EXPECT_EQ(state.ReferenceVoltage, 2.5F);
 }
 
-TEST_F(StartUpTest, LeavesAllEnabledWithAnAddressOfItsOwn) {
-    port.address = 0x5000;
-    StartUp(services);
-    EXPECT_EQ(state.PortAddress, 0x5000);
-    EXPECT_EQ(state.PrinterPortEnabled, (Ports{true, true, true}));
-}
-
 TEST_F(StartUpTest, GoesOnWithoutAPort) {
     port.claimable = false;
     port.address = 0;
@@ -81,12 +74,16 @@ TEST_F(StartUpTest, GoesOnWithoutAPort) {
     EXPECT_EQ(state.ReferenceVoltage, 2.5F);
 }
 
-TEST_F(StartUpTest, ShowsAnAddressThatDoesNotFit) {
-    port.address = 0xD010;
-    StartUp(services);
-    EXPECT_EQ(messages.Take(), "Critical: Overflow");
-    EXPECT_EQ(state.PortAddress, 0);
-    EXPECT_EQ(state.PrinterPortEnabled, (Ports{true, true, true}));
+TEST_F(StartUpTest, AcceptsAnyAddressThatFits) {
+    const std::tuple<std::int32_t, std::int16_t, const char*> cases[] = {
+        {0xD010, 0, "Critical: Overflow"}, {0x5000, 0x5000, ""}};
+    for (const auto& [reported, address, message] : cases) {
+        port.address = reported;
+        StartUp(services);
+        EXPECT_EQ(messages.Take(), message);
+        EXPECT_EQ(state.PortAddress, address);
+        EXPECT_EQ(state.PrinterPortEnabled, (Ports{true, true, true}));
+    }
 }
 
 TEST_F(StartUpTest, ShowsTheStatusWhenAsked) {

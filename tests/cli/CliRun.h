@@ -9,7 +9,6 @@
 #include <iterator>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "cli/commands/RunCli.h"
@@ -28,8 +27,8 @@ struct Outcome {
     std::string err;
 };
 
-/// The program inside the test's process, on Windows 2000; blanks part the command line's words, of
-/// which '' is an empty one.
+/// The program inside the test's process, on Windows 2000; spaces separate the command line's
+/// words, of which '' is an empty one.
 inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth = 80) {
     std::istringstream words(commandLine);
     std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
@@ -45,17 +44,6 @@ inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth =
 
 inline std::ptrdiff_t Lines(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
-}
-
-/// Of each case: the command line, and a part of what is printed to stderr.
-inline void ExpectRefused(ExitCode code,
-                          const std::vector<std::pair<std::string, std::string>>& cases) {
-    for (const auto& [commandLine, message] : cases) {
-        const Outcome outcome = RunProgram(commandLine);
-        EXPECT_EQ(outcome.exitCode, code) << commandLine;
-        EXPECT_TRUE(Has(outcome.err, message)) << commandLine;
-        EXPECT_EQ(outcome.out, "") << commandLine;
-    }
 }
 
 inline QJsonObject Parsed(const Outcome& outcome) {

@@ -48,30 +48,8 @@ TEST_F(HistogramOf, TextHasABarForEachBin) {
     EXPECT_TRUE(Has(Run("-2147483647\n2147483647\n", "main --bins 2", 5).out, wide));
 }
 
-TEST_F(HistogramOf, CsvHasTheNormalExpectationToo) {
-    // Mean 12.5, variance 17 / 3.
-    EXPECT_EQ(Run("10\n11\n14\n15\n", "main --format csv --bins 3").out,
-              "first_code,last_code,count,expected_count\n"
-              "10,11,2,0.9336912597993393\n"
-              "12,13,0,1.3023037110588251\n"
-              "14,15,2,0.9336912597993393\n");
-}
-
-TEST_F(HistogramOf, BlocksOfEverySizeAreCounted) {
-    EXPECT_TRUE(Has(Run("7\n", "main --format csv").out, "\n7,7,1,\n"));
+TEST_F(HistogramOf, LargestBlockIsCounted) {
     EXPECT_TRUE(Has(Run(Repeated("7\n8\n", 16383) + "7", "main --format csv").out, "7,7,16384,"));
-    EXPECT_TRUE(Has(Run("7\n7\n", "main").err, "Warning: all codes are 0x7;"));
-}
-
-TEST_F(HistogramOf, WhatIsNoBlockIsRefused) {
-    const std::string failed = folder.Make("failed", "1\n2\n-2147483648\n");
-    ExpectRefused(ExitCode::BadDataFile,
-                  {{"histogram aux " + failed, "failed: line 3: the time-out value -2147483648"}});
-    ExpectRefused(ExitCode::FileNotAccessible, {{"histogram aux /none", "cannot read /none: "}});
-    ExpectRefused(ExitCode::WrongCommandLine,
-                  {{"histogram aux", "FILE is required"},
-                   {"histogram aux x --bins 1", "Value 1 not in range 2 to 65536"},
-                   {"histogram aux x --format json", "json not in {text,csv}"}});
 }
 
 }  // namespace

@@ -85,18 +85,6 @@ TEST_F(Script, AuxCodesAreTheSameInEitherNotation) {
     EXPECT_TRUE(Has(outcome.out, "\n99"));
 }
 
-TEST_F(Script, CalibratingConcernsTheEnabledConvertersOnly) {
-    const Outcome one = Run("set main-control enable=off\ncalibrate system-zero");
-    EXPECT_TRUE(Has(one.out, "aux-zero: 0x8000 -> 0x"));
-    EXPECT_FALSE(Has(one.out, "main-zero"));
-    EXPECT_TRUE(Has(one.err, "Please Connect a Zero Scale signal to the Analog Input\n"));
-    for (const std::string command : {"calibrate internal-zero", "read aux"}) {
-        const Outcome none = Run("reset hardware\n" + command);
-        EXPECT_EQ(none.exitCode, ExitCode::ConverterDisabled);
-        EXPECT_EQ(none.out, "");
-    }
-}
-
 TEST_F(Script, HasOneBoardAndTextOfAnyOrigin) {
     const Outcome outcome =
         Run("\xEF\xBB\xBF# a comment\r\n\r\n  # another\r\nset mode chcon=set\r\n"
@@ -110,33 +98,16 @@ TEST_F(Script, HasOneBoardAndTextOfAnyOrigin) {
     EXPECT_EQ(outcome.err.find("Simulated board"), outcome.err.rfind("Simulated board"));
 }
 
-TEST_F(Script, EndsAtTheFirstLineThatFails) {
-    const std::tuple<std::string, std::string, ExitCode, std::string> cases[] = {
-        {"reset", "", ExitCode::WrongCommandLine, "kind is required"},
-        {"reset warm", "", ExitCode::WrongCommandLine, "warm not in {hardware,software}"},
-        {"wead main", "", ExitCode::WrongCommandLine, "not expected: "},
-        {"script s.txt", "", ExitCode::WrongCommandLine, "a script cannot run another one"},
-        {"read main --simulated", "", ExitCode::WrongCommandLine, "--simulated: the board is"},
-        {"--fault bit-flip=3 read main", "", ExitCode::WrongCommandLine, "--fault: the board is"},
-        {"noise main --count 9", "", ExitCode::CountRefused, "(9 given"},
-        {"set filter word=20", "", ExitCode::NotInPowerDown, "must be in Power-Down Mode"},
-        {"read main", "--fault no-data-ready", ExitCode::NoAnswer, "the script ends here"},
-    };
-    for (const auto& [line, options, code, message] : cases) {
-        const Outcome outcome = Run("set mode chcon=set\n\n" + line + "\nregisters", options);
-        EXPECT_EQ(outcome.exitCode, code) << line;
-        EXPECT_EQ(outcome.out, "mode: 0x03 -> 0x13\n");
-        EXPECT_TRUE(Has(outcome.err, "vx3260-cli: " + folder.Path("s.txt:3: ")));
+TEST_F(Script, OtherThanTextIsRefused) {
+    const std::string binary = folder.Make("b", "registers\n\x7F");
+    const std::pair<std::string, std::string> cases[] = {
+        {"/dev/zero", "/dev/zero: more than 1048576 bytes"},
+        {binary, "b:2: binary data, not a script"}};
+    for (const auto& [file, message] : cases) {
+        const Outcome outcome = RunProgram("script " + file);
+        EXPECT_EQ(outcome.exitCode, ExitCode::BadDataFile);
         EXPECT_TRUE(Has(outcome.err, message));
     }
-}
-
-TEST_F(Script, WhatIsNoScriptIsRefused) {
-    ExpectRefused(ExitCode::FileNotAccessible, {{"script /none", "cannot read /none: "}});
-    const std::string binary = folder.Make("b", "registers\n\x7F");
-    ExpectRefused(ExitCode::BadDataFile,
-                  {{"script /dev/zero", "/dev/zero: more than 1048576 bytes"},
-                   {"script " + binary, "b:2: binary data, not a script"}});
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include "support/Errors.h"
 
 namespace vx3260::test {
 namespace {
@@ -11,20 +11,13 @@ namespace {
 using Codes = std::vector<std::int32_t>;
 constexpr Notation dec = Notation::Decimal;
 constexpr Notation hex = Notation::Hexadecimal;
-constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 
 std::string Refusal(std::string_view text, Notation notation) {
-    try {
-        ParseCodes(text, notation, "x");
-        return "accepted";
-    } catch (const BadDataError& error) {
-        return error.what();
-    }
+    return ErrorOf<BadDataError>([&] { ParseCodes(text, notation, "x"); });
 }
 
 TEST(CodeText, WritesOneCodeALine) {
-    const Codes codes{8388608, 0, -5, lowest, highest, 0xABCDEF};
+    const Codes codes{8388608, 0, -5, INT32_MIN, INT32_MAX, 0xABCDEF};
     EXPECT_EQ(FormatCodes(codes, dec), " 8388608\n 0\n-5\n-2147483648\n 2147483647\n 11259375\n");
     EXPECT_EQ(FormatCodes(codes, hex), "800000\n0\nFFFFFFFB\n80000000\n7FFFFFFF\nABCDEF\n");
     for (const Notation notation : {dec, hex}) {
@@ -37,7 +30,7 @@ TEST(CodeText, AcceptsWhatEditorsMakeOfAFile) {
         {" 1\r\n-2\r\n", dec, {1, -2}},
         {"\xEF\xBB\xBF 1\n2", dec, {1, 2}},
         {" \t7 \t\n8\n \n\n\t\r\n", dec, {7, 8}},
-        {"8000\nabcDEF\n00000001\nffffffff\n80000000", hex, {32768, 0xABCDEF, 1, -1, lowest}},
+        {"8000\nabcDEF\n00000001\nffffffff\n80000000", hex, {32768, 0xABCDEF, 1, -1, INT32_MIN}},
     };
     for (const auto& [text, notation, codes] : cases) {
         EXPECT_EQ(ParseCodes(text, notation, "x").codes, codes) << text;
@@ -52,7 +45,7 @@ TEST(CodeText, WarnsOfATextThatMayBeCutOff) {
     }
 }
 
-TEST(CodeText, RefusesAndTellsLineAndReason) {
+TEST(CodeText, RefusesWithLineAndReason) {
     using namespace std::string_view_literals;
     const std::tuple<std::string_view, Notation, std::string> cases[] = {
         {"", dec, "x: line 1: holds no codes"},
@@ -78,7 +71,7 @@ TEST(CodeText, RefusesAndTellsLineAndReason) {
     }
 }
 
-TEST(CodeText, TakesNoMoreThanABlockCanHave) {
+TEST(CodeText, AcceptsAsManyAsABlockCanHave) {
     Codes codes(MaxCodesInBlock, 5);
     EXPECT_EQ(ParseCodes(FormatCodes(codes, dec) + "\n", dec, "x").codes.size(), MaxCodesInBlock);
     codes.push_back(5);

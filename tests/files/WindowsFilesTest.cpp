@@ -5,7 +5,7 @@
 #include <windows.h>
 #undef ReplaceFile  // the system's own
 
-#include <filesystem>
+#include <memory>
 
 #include "files/CodeFile.h"
 #include "numbers/FilePath.h"
@@ -18,46 +18,34 @@ namespace {
 
 using Codes = std::vector<std::int32_t>;
 
+using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
+
 /// A file that another program has open and shares with nobody, or for reading only.
-class OpenElsewhere {
-  public:
-    OpenElsewhere(const std::string& path, DWORD shared)
-        : handle_(CreateFileW(FilePath(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
-                              FILE_ATTRIBUTE_NORMAL, nullptr)) {}
-    ~OpenElsewhere() { CloseHandle(handle_); }
-    OpenElsewhere(const OpenElsewhere&) = delete;
-    OpenElsewhere(OpenElsewhere&&) = delete;
-    OpenElsewhere& operator=(const OpenElsewhere&) = delete;
-    OpenElsewhere& operator=(OpenElsewhere&&) = delete;
+Handle OpenElsewhere(const std::string& path, DWORD shared) {
+    return {CreateFileW(FilePath(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
+                        FILE_ATTRIBUTE_NORMAL, nullptr),
+            CloseHandle};
+}
 
-  private:
-    HANDLE handle_;
-};
-
-TEST(WindowsFiles, AFileInUseStaysAndTheCodesAreKept) {
+TEST(WindowsFiles, FileInUseStaysAndTheCodesAreKept) {
     const Folder folder;
     const std::string path = folder.Make("ä 測.dat", " 1\n");
     CodeWriter writer(path);
-    {
-        const OpenElsewhere open(path, FILE_SHARE_READ);
-        EXPECT_EQ(LoadCodes(path, Notation::Decimal).codes, Codes{1}) << "reading is shared";
-        const std::string saving = ErrorOf<FileAccessError>([&] { ReplaceFile(path, " 2\n"); });
-        EXPECT_TRUE(saving.starts_with("cannot write " + path + ": ")) << saving;
-        const std::string error =
-            ErrorOf<FileAccessError>([&] { writer.Write(Codes{3}, Notation::Decimal); });
-        const std::size_t name = error.find("; the codes were kept in ");
-        ASSERT_NE(name, std::string::npos) << error;
-        EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{3});
-    }
+    Handle open = OpenElsewhere(path, FILE_SHARE_READ);
+    EXPECT_EQ(LoadCodes(path, Notation::Decimal).codes, Codes{1}) << "reading is shared";
+    const std::string saving = ErrorOf<FileAccessError>([&] { ReplaceFile(path, " 2\n"); });
+    EXPECT_TRUE(saving.starts_with("cannot write " + path + ": ")) << saving;
+    const std::string error =
+        ErrorOf<FileAccessError>([&] { writer.Write(Codes{3}, Notation::Decimal); });
+    const std::size_t name = error.find("; the codes were kept in ");
+    ASSERT_NE(name, std::string::npos) << error;
+    EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{3});
+    open.reset();
     EXPECT_EQ(folder.Bytes("ä 測.dat"), " 1\n");
-    {
-        const OpenElsewhere open(path, 0);
-        const std::string error =
-            ErrorOf<FileAccessError>([&] { LoadCodes(path, Notation::Decimal); });
-        EXPECT_TRUE(error.starts_with("cannot read " + path + ": ")) << error;
-    }
-    writer.Write(Codes{4}, Notation::Decimal);
-    EXPECT_EQ(folder.Bytes("ä 測.dat"), " 4\n");
+    open = OpenElsewhere(path, 0);
+    const std::string reading =
+        ErrorOf<FileAccessError>([&] { LoadCodes(path, Notation::Decimal); });
+    EXPECT_TRUE(reading.starts_with("cannot read " + path + ": ")) << reading;
 }
 
 TEST(WindowsFiles, StandardInputMayBeAPipe) {
@@ -72,7 +60,7 @@ TEST(WindowsFiles, StandardInputMayBeAPipe) {
     EXPECT_EQ(LoadStandardInput({100000, ""}), text);
 }
 
-TEST(WindowsFiles, NamesOfDevicesAreNoFiles) {
+TEST(WindowsFiles, DeviceNamesAreRefused) {
     for (const std::string name : {"aux.hex", "C:\\LPT1", "nul", "Con.tar.gz"}) {
         const std::string message = name + ": Windows keeps this name for a device; choose another";
         EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter{name}; }), message);
@@ -81,16 +69,6 @@ TEST(WindowsFiles, NamesOfDevicesAreNoFiles) {
     const Folder folder;
     CodeWriter(folder.Path("aux codes.dat")).Write(Codes{1}, Notation::Decimal);
     EXPECT_EQ(folder.Bytes("aux codes.dat"), " 1\n");
-}
-
-TEST(WindowsFiles, WhatIsReadOnlyStays) {
-    const Folder folder;
-    const std::string path = folder.Make("x.dat", "old");
-    SetFileAttributesW(FilePath(path).c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(ErrorOf<FileAccessError>([&] { CodeWriter{path}; }),
-              "cannot write " + path + ": Existing file " + path + " is not writable");
-    EXPECT_EQ(folder.Bytes("x.dat"), "old");
-    SetFileAttributesW(FilePath(path).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 }  // namespace

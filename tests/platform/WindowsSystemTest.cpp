@@ -14,24 +14,6 @@ namespace {
 
 constexpr const char* testKey = "Software\\VX3260 Test";
 
-/// A key of the machine's registry with one value, gone with the test.
-class TestValue {
-  public:
-    TestValue(DWORD type, const std::string& bytes) {
-        HKEY key = nullptr;
-        RegCreateKeyExA(HKEY_LOCAL_MACHINE, testKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                        nullptr);
-        RegSetValueExA(key, "value", 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                       static_cast<DWORD>(bytes.size()));
-        RegCloseKey(key);
-    }
-    ~TestValue() { RegDeleteKeyA(HKEY_LOCAL_MACHINE, testKey); }
-    TestValue(const TestValue&) = delete;
-    TestValue(TestValue&&) = delete;
-    TestValue& operator=(const TestValue&) = delete;
-    TestValue& operator=(TestValue&&) = delete;
-};
-
 /// As the system's 8-bit functions have it.
 std::string InCodePage(const std::wstring& text) {
     std::string bytes(8, '\0');
@@ -44,20 +26,24 @@ std::string InCodePage(const std::wstring& text) {
 class WindowsSystemTest : public testing::Test {
   protected:
     std::optional<std::string> Stored(DWORD type, const std::string& bytes) {
-        const TestValue value(type, bytes);
-        return system.GetKeyValue(testKey, "value");
+        HKEY key = nullptr;
+        RegCreateKeyExA(HKEY_LOCAL_MACHINE, testKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                        nullptr);
+        RegSetValueExA(key, "value", 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                       static_cast<DWORD>(bytes.size()));
+        RegCloseKey(key);
+        const auto stored = system.GetKeyValue(testKey, "value");
+        RegDeleteKeyA(HKEY_LOCAL_MACHINE, testKey);
+        return stored;
     }
 
     WindowsSystem system{0, nullptr};
 };
 
-TEST_F(WindowsSystemTest, TellsItsVersion) {
+TEST_F(WindowsSystemTest, ReadsVersionAndRegistry) {
+    using namespace std::string_literals;
     EXPECT_EQ(system.QueryVersion().platform, 2);
     EXPECT_GE(system.QueryVersion().major, 5);
-}
-
-TEST_F(WindowsSystemTest, ReadsTheRegistry) {
-    using namespace std::string_literals;
     EXPECT_EQ(Stored(REG_SZ, "C:\\Msinfo32.exe\0"s), "C:\\Msinfo32.exe");
     EXPECT_EQ(Stored(REG_SZ, "not terminated"), "not terminated");
     EXPECT_EQ(Stored(REG_SZ, "D:\\" + InCodePage(L"é")), "D:\\é");
@@ -67,7 +53,7 @@ TEST_F(WindowsSystemTest, ReadsTheRegistry) {
     EXPECT_EQ(system.GetKeyValue("Software\\There is no such key", "value"), std::nullopt);
 }
 
-TEST_F(WindowsSystemTest, TakesTheProgramFromTheCommandLine) {
+TEST_F(WindowsSystemTest, RemovesTheProgramFromTheCommandLine) {
     const std::pair<const char*, const char*> cases[] = {
         {"vx3260-eval /ss", "/ss"},
         {"vx3260-eval\t/SS", "/SS"},

@@ -89,7 +89,7 @@ TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
     EXPECT_EQ(port.FailureDetail(), "The port library knows no port 2.");
 }
 
-TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
+TEST_F(ParllioPortTest, ReportsWhatIsWrongWithTheLibrary) {
     const struct {
         std::function<void()> choose;
         const char* detail;
@@ -103,28 +103,20 @@ TEST_F(ParllioPortTest, TellsWhatIsWrongWithTheLibrary) {
     for (const auto& c : cases) {
         c.choose();
         ParllioPort port(noPollTime);
-        messages.shown.clear();
-        Services services{port, messages, system, state};
-        StartUp(services);
-        ASSERT_EQ(messages.shown.size(), 2U) << c.detail;
-        EXPECT_EQ(messages.shown[0].text, "claim parallel port failed");
-        EXPECT_NE(messages.shown[0].detail.find(c.detail), std::string::npos)
-            << messages.shown[0].detail;
+        EXPECT_EQ(port.ClaimParallelPort(1, -1), 0);
+        EXPECT_NE(port.FailureDetail().find(c.detail), std::string::npos) << port.FailureDetail();
         EXPECT_EQ(port.InByte(889), 0xFF);
         EXPECT_EQ(port.GetParallelPortCount(), 0);
     }
 }
 
-TEST_F(ParllioPortTest, LetsAReadTakeItsTime) {
+TEST_F(ParllioPortTest, ReadTakesThePollTime) {
     using namespace std::chrono;
-    constexpr int reads = 20;
     Choose("whole");
-    ParllioPort port(milliseconds(2));
+    ParllioPort port(milliseconds(40));
     const auto start = steady_clock::now();
-    for (int i = 0; i < reads; ++i) {
-        port.InByte(889);
-    }
-    EXPECT_GE(steady_clock::now() - start, reads * milliseconds(2));
+    port.InByte(889);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(40));
 }
 
 }  // namespace

@@ -36,13 +36,13 @@ constexpr std::int16_t statusAddress = dataAddress + BoardLines::StatusRegister;
 constexpr std::int16_t controlAddress = dataAddress + BoardLines::ControlRegister;
 constexpr unsigned nobody = 65534;  ///< a user, and a group of nothing
 
-/// Its exit code tells nothing: unloading also counts as a failure what other modules still need.
+/// Its exit code says nothing: unloading also counts as a failure what other modules still need.
 void Execute(const std::string& command) {
     EXPECT_NE(std::system(command.c_str()), -1) << command;
 }
 
 void LoadDrivers() {
-    Execute("mkdir -p /tmp");  // what a process of its own tells goes through a file there
+    Execute("mkdir -p /tmp");  // what a process of its own prints goes through a file there
     Execute("modprobe -r lp");
     Execute("modprobe -a parport_pc ppdev");
 }
@@ -66,30 +66,26 @@ void Follow(const std::string& detail) {
     Execute(detail.substr(command, detail.find('\n', command) - command));
 }
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// The registers as they are, whichever way the port under test reaches them.
 std::int16_t Literal(std::int16_t address) {
     return inb(static_cast<unsigned short>(address));
 }
 
-std::string ClaimAndTell(PortMethod method) {
+std::string ClaimResult(PortMethod method) {
     const auto port = OpenPort({.method = method}).port;
     return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
 }
 
-/// Claims the port in a process of its own, as a user of one group, and tells on standard error.
-[[noreturn]] void ClaimAndTellAs(uid_t user, gid_t group, PortMethod method) {
+/// Claims the port in a process of its own, as a user of one group, and prints the result.
+[[noreturn]] void ReportClaimAs(uid_t user, gid_t group, PortMethod method) {
     const bool changed = setgroups(0, nullptr) == 0 && setgid(group) == 0 && setuid(user) == 0;
-    std::fputs(changed ? ClaimAndTell(method).c_str() : "still the superuser", stderr);
+    std::fputs(changed ? ClaimResult(method).c_str() : "still the superuser", stderr);
     _exit(0);
 }
 
-/// Expects a claim by that user to tell what the pattern stands for.
-void ExpectTold(const std::string& pattern, uid_t user, gid_t group, PortMethod method) {
-    EXPECT_EXIT(ClaimAndTellAs(user, group, method), testing::ExitedWithCode(0), pattern);
+/// Expects a claim by that user to give what the pattern stands for.
+void ExpectResult(const std::string& pattern, uid_t user, gid_t group, PortMethod method) {
+    EXPECT_EXIT(ReportClaimAs(user, group, method), testing::ExitedWithCode(0), pattern);
 }
 
 class RealPortTest : public testing::TestWithParam<PortMethod> {
@@ -128,18 +124,15 @@ TEST_P(RealPortTest, StartsUpWithFourControlBitsCleared) {
 /// Data lines that are inputs read 1 with nothing connected.
 TEST_P(RealPortTest, WritesReadsAndTurnsTheDataLines) {
     StartUp();
-    // What is written; what reads tell through the driver and what the register then holds; what
-    // it holds and reads tell with direct access; data lines that are not driven.
-    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t, std::int16_t> cases[] =
-        {
-            {0xFF, 0x2F, 0xFF, 0xFF, 0xFF},
-            {0x04, 0x04, 0xD4, 0xC4, 0x00},
-            {0x24, 0x24, 0xF4, 0xE4, 0xFF},
-            {0x00, 0x00, 0xD0, 0xC0, 0x00},
-        };
-    for (const auto& [control, told, held, direct, open] : cases) {
+    // What is written; what reads give through the driver and what the register then holds; what
+    // it holds and reads give with direct access; data lines that are not driven.
+    const std::array<std::int16_t, 5> cases[] = {{0xFF, 0x2F, 0xFF, 0xFF, 0xFF},
+                                                 {0x04, 0x04, 0xD4, 0xC4, 0x00},
+                                                 {0x24, 0x24, 0xF4, 0xE4, 0xFF},
+                                                 {0x00, 0x00, 0xD0, 0xC0, 0x00}};
+    for (const auto& [control, read, held, direct, open] : cases) {
         port->OutByte(controlAddress, control);
-        EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? told : direct);
+        EXPECT_EQ(port->InByte(controlAddress), ThroughTheDriver() ? read : direct);
         EXPECT_EQ(Literal(controlAddress), ThroughTheDriver() ? held : direct);
         for (const std::int16_t data : std::array<std::int16_t, 3>{0x00, 0x1B, 0xE4}) {
             port->OutByte(dataAddress, data);
@@ -162,27 +155,27 @@ TEST_P(RealPortTest, ReadsStuckLinesAsSuchAndWaitsAsLongAsTheSlowestConversion) 
     EXPECT_GE(steady_clock::now() - start, milliseconds(400)) << "100000 polls of 4 us";
 }
 
-TEST_P(RealPortTest, TellsHowToLoadTheDriver) {
+TEST_P(RealPortTest, ReportsHowToLoadTheDriver) {
     Execute("modprobe -r ppdev");
     Execute("modprobe -r parport_pc");
-    const std::string detail = ClaimAndTell(GetParam());
+    const std::string detail = ClaimResult(GetParam());
     EXPECT_TRUE(detail.starts_with("There is no /dev/parport0.")) << detail;
     if (!ThroughTheDriver()) {
         const auto named = OpenPort({.method = GetParam(), .address = dataAddress}).port;
         EXPECT_EQ(named->ClaimParallelPort(1, -1), 1) << named->FailureDetail();
     }
     Follow(detail);
-    EXPECT_EQ(ClaimAndTell(GetParam()), "claimed");
+    EXPECT_EQ(ClaimResult(GetParam()), "claimed");
 }
 
-TEST_P(RealPortTest, TellsAnOrdinaryUserWhatIsMissing) {
+TEST_P(RealPortTest, ReportsWhatAnOrdinaryUserLacks) {
     const gid_t owner = GiveDeviceToItsGroup();
     const std::string notDirect = "Operation not permitted. Leave out --port-access=direct";
-    ExpectTold(ThroughTheDriver()
-                   ? "which belongs to the group \"lp\".*\n    sudo usermod -aG lp nobody\n"
-                   : notDirect,
-               nobody, nobody, GetParam());
-    ExpectTold(ThroughTheDriver() ? "^claimed$" : notDirect, nobody, owner, GetParam());
+    ExpectResult(ThroughTheDriver()
+                     ? "which belongs to the group \"lp\".*\n    sudo usermod -aG lp nobody\n"
+                     : notDirect,
+                 nobody, nobody, GetParam());
+    ExpectResult(ThroughTheDriver() ? "^claimed$" : notDirect, nobody, owner, GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortMethod::Driver, PortMethod::Direct),
@@ -199,20 +192,20 @@ TEST(RealPpdevPort, NamesTheProcessThatHoldsThePort) {
         const int device = open(devicePath, O_RDWR);
         ASSERT_TRUE(!exclusive || ioctl(device, PPEXCL) == 0);
         ASSERT_EQ(ioctl(device, PPCLAIM), 0);
-        ExpectTold(self, 0, 0, PortMethod::Driver);
-        ExpectTold("Another program or driver holds the port", nobody, owner, PortMethod::Driver);
+        ExpectResult(self, 0, 0, PortMethod::Driver);
+        ExpectResult("Another program or driver holds the port", nobody, owner, PortMethod::Driver);
         close(device);
-        EXPECT_EQ(ClaimAndTell(PortMethod::Driver), "claimed");
+        EXPECT_EQ(ClaimResult(PortMethod::Driver), "claimed");
     }
 }
 
-TEST(RealPpdevPort, TellsHowToUnloadThePrinterDriver) {
+TEST(RealPpdevPort, ReportsHowToUnloadThePrinterDriver) {
     LoadDrivers();
     Execute("modprobe lp");
-    const std::string detail = ClaimAndTell(PortMethod::Driver);
-    EXPECT_TRUE(Contains(detail, "The driver \"lp\" holds the port")) << detail;
+    const std::string detail = ClaimResult(PortMethod::Driver);
+    EXPECT_NE(detail.find("The driver \"lp\" holds the port"), std::string::npos) << detail;
     Follow(detail);
-    EXPECT_EQ(ClaimAndTell(PortMethod::Driver), "claimed");
+    EXPECT_EQ(ClaimResult(PortMethod::Driver), "claimed");
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "analysis/NoiseStatistics.h"
-#include "link/ReadData.h"
+#include "link/DataReady.h"
 #include "link/Serial.h"
 #include "support/SimulatedBench.h"
 
@@ -19,27 +19,26 @@ constexpr double half = 8388608;
 
 class BoardTest : public testing::Test {
   protected:
-    std::int32_t Read(unsigned address, std::int16_t bits) {
-        SerialWrite(*bench.port, static_cast<std::int32_t>(0x40 + address), base, 8);
+    std::int32_t Read(int address, std::int16_t bits) {
+        SerialWrite(*bench.port, 0x40 + address, base, 8);
         return SerialRead(*bench.port, bits, base);
     }
-    void Write(unsigned address, std::int32_t value, std::int16_t bits) {
-        SerialWrite(*bench.port, static_cast<std::int32_t>(address), base, 8);
+    void Write(int address, std::int32_t value, std::int16_t bits) {
+        SerialWrite(*bench.port, address, base, 8);
         SerialWrite(*bench.port, value, base, bits);
     }
-    std::int32_t ReadResult(unsigned address, std::int16_t bits) {
-        SerialWrite(*bench.port, static_cast<std::int32_t>(0x40 + address), base, 8);
+    std::int32_t ReadResult(int address, std::int16_t bits) {
+        SerialWrite(*bench.port, 0x40 + address, base, 8);
         return SerialReadWhenReady(*bench.port, bits, base);
     }
     std::int32_t ReadMain() { return ReadResult(5, 24); }
     std::int32_t ReadAux() { return ReadResult(6, 16); }
     bool ReadyLow() { return (bench.port->InByte(base + 1) & 0x40) == 0; }
 
-    /// Polls until data-ready is low and tells how long that took, in virtual milliseconds.
+    /// Polls until data-ready is low; the virtual milliseconds that took.
     double MillisecondsToReady() {
         const std::int64_t start = bench.board->Now();
-        for (int polls = 0; !ReadyLow() && polls < 1000000; ++polls) {
-        }
+        WaitForReady(*bench.port, base, 1000000);
         return static_cast<double>(bench.board->Now() - start) / 1e6;
     }
 
@@ -70,7 +69,7 @@ TEST_F(BoardTest, HoldsItsRegistersAtStartAndAfterBothResets) {
 }
 
 TEST_F(BoardTest, TakesWritesWhereTheModeAllows) {
-    const std::tuple<unsigned, std::int16_t, std::int32_t, std::int32_t> cases[] = {
+    const std::tuple<int, std::int16_t, std::int32_t, std::int32_t> cases[] = {
         {4, 8, 0x0D, 0x45},          {8, 24, 0x123456, 0x800000}, {9, 16, 0x1234, 0x8000},
         {10, 24, 0x54321, 0x400000}, {11, 16, 0x4321, 0x4000},    {2, 8, 0x5A, 0x5A},
         {3, 8, 0xFE, 0xFE},          {7, 16, 0xFFFB, 0xFFFB},
@@ -87,7 +86,7 @@ TEST_F(BoardTest, TakesWritesWhereTheModeAllows) {
     EXPECT_EQ(Read(7, 16), 0x0007);
 }
 
-TEST_F(BoardTest, IgnoresWhatIsNoCommand) {
+TEST_F(BoardTest, IgnoresOtherBytesThanCommands) {
     for (const int byte : {0x00, 0x81, 0x61, 0x51, 0x4C, 0x4E, 0x0F, 0xC1}) {
         SerialWrite(*bench.port, byte, base, 8);
         EXPECT_EQ(Read(1, 8), 0x03) << byte;
@@ -189,22 +188,19 @@ TEST_F(BoardTest, CalibratesItsErrorsAway) {
     EXPECT_NEAR(ReadMain(), 2 * half, 400);
 }
 
-/// Standard deviation of the main codes of one setting, in volts.
-double NoiseVolts(SimulatedBench& bench, std::uint32_t control, double fullScaleVolts) {
-    bench.Chip().Preset(auxControlAt, 0x01);
-    bench.Chip().Preset(mainControlAt, control);
-    ReadData reader(*bench.port, bench.state.PortAddress, RegisterMap::MainData);
-    std::vector<double> codes(400);
-    std::generate(codes.begin(), codes.end(), [&reader] { return reader.Read(); });
-    return ComputeExactStatistics(codes).sigma * fullScaleVolts / half;
-}
-
 TEST_F(BoardTest, IsNoisierInWideRangesAndAtHighRates) {
-    // 400 readings know the deviation to 3.5 %; the bounds are five times that.
-    EXPECT_NEAR(NoiseVolts(bench, 0xA0, 0.02), 0.5e-6, 0.09e-6);
-    EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 4.0e-6, 0.7e-6);
-    bench.Chip().Preset(filterAt, 0x11);  // 69 / 17 times the rate
-    EXPECT_NEAR(NoiseVolts(bench, 0xA7, 2.56), 8.06e-6, 1.4e-6);
+    const std::tuple<std::uint32_t, double, std::uint32_t, double> cases[] = {
+        {0xA0, 0.02, 0x45, 0.5e-6}, {0xA7, 2.56, 0x45, 4.0e-6}, {0xA7, 2.56, 0x11, 8.06e-6}};
+    bench.Chip().Preset(auxControlAt, 0x01);
+    for (const auto& [control, range, filterWord, noiseVolts] : cases) {
+        bench.Chip().Preset(mainControlAt, control);
+        bench.Chip().Preset(filterAt, filterWord);
+        std::vector<double> codes(400);
+        std::generate(codes.begin(), codes.end(), [this] { return ReadMain(); });
+        const double sigma = ComputeExactStatistics(codes).sigma * range / half;
+        // 400 readings know the deviation to 3.5 %; the bounds are five times that.
+        EXPECT_NEAR(sigma, noiseVolts, 0.175 * noiseVolts);
+    }
 }
 
 }  // namespace

@@ -15,7 +15,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/Pictures.h"
 #include "support/SimulatedBench.h"
 #include "ui/Form.h"
 
@@ -39,27 +38,23 @@ inline bool Checked(const QWidget& form, const std::string& option) {
     return Find<QAbstractButton>(form, option).isChecked();
 }
 
-/// What a control shows: a caption, a frame's title or a value; of a form its title.
+/// What a control shows: a caption, a frame's title or a value.
 inline std::string TextOf(const QWidget& control) {
-    for (const char* property : {"text", "title"}) {
-        if (control.property(property).isValid()) {
-            return control.property(property).toString().toStdString();
-        }
-    }
-    return control.windowTitle().toStdString();
+    const QVariant text = control.property("text");
+    return (text.isValid() ? text : control.property("title")).toString().toStdString();
 }
 
 inline std::string TextOf(const QWidget& form, const std::string& name) {
-    return TextOf(name == form.objectName().toStdString() ? form : Find(form, name));
+    return TextOf(Find(form, name));
 }
 
 /// Expects controls to be there and to show the texts of a list: "name: text | name: text".
-inline void ExpectTexts(const QWidget& form, const char* list) {
+inline void ExpectTexts(const QWidget& form, const std::string& list) {
     QStringList shown;
-    for (const QString& entry : QString::fromUtf8(list).split(QStringLiteral(" | "))) {
-        const std::string name = entry.section(QLatin1Char(':'), 0, 0).toStdString();
-        const std::string text = TextOf(form, name);
-        shown.append(QString::fromStdString(name + (text.empty() ? ":" : ": ") + text));
+    for (const QString& entry : QString::fromStdString(list).split(QStringLiteral(" | "))) {
+        const QString name = entry.section(QLatin1Char(':'), 0, 0);
+        const QString text = QString::fromStdString(TextOf(form, name.toStdString()));
+        shown.append(name + QLatin1Char(':') + (text.isEmpty() ? text : QLatin1Char(' ') + text));
     }
     EXPECT_EQ(shown.join(QStringLiteral(" | ")).toStdString(), list);
 }
@@ -139,7 +134,7 @@ class FormTest : public testing::Test {
         return static_cast<Opened&>(*form);
     }
     QLineEdit& Box(const char* name) { return Find<QLineEdit>(*form, name); }
-    void Expect(const char* texts) { ExpectTexts(*form, texts); }
+    void Expect(const std::string& texts) { ExpectTexts(*form, texts); }
 
     /// Gives the boxes that are shown then.
     std::string ClickOn(const std::string& button) {

@@ -6,11 +6,38 @@
 
 #include "app/Services.h"
 #include "app/StartUp.h"
+#include "ports/AccessDecoder.h"
 #include "ports/FaultyPort.h"
 #include "ports/SimulatedPort.h"
 #include "support/Recorders.h"
 
 namespace vx3260::test {
+
+/// Notes what is written to the chip's registers, from the bytes on the wires.
+class WatchedPort final : public WrappedPort {
+  public:
+    explicit WatchedPort(std::unique_ptr<ParallelPort> inner) : WrappedPort(std::move(inner)) {}
+
+    void OutByte(std::int16_t address, std::int16_t value) override {
+        Inner().OutByte(address, value);
+        if (address != dataRegister) {
+            return;
+        }
+        const std::string before = decoder_.Text();
+        decoder_.Step(value, false);
+        if (decoder_.Text() != before && decoder_.Text().starts_with("write ")) {
+            writes.push_back(decoder_.Text());
+        }
+    }
+    std::int16_t InByte(std::int16_t address) override { return Inner().InByte(address); }
+
+    std::vector<std::string> writes;  ///< such as "write mode" and then "write mode = 03"
+
+  private:
+    static constexpr std::int16_t dataRegister = 888;
+
+    AccessDecoder decoder_;
+};
 
 /// The simulated board with everything a form is handed, after start-up.
 struct SimulatedBench {
@@ -21,7 +48,8 @@ struct SimulatedBench {
         }
         auto simulated = std::make_unique<SimulatedPort>();
         board = &simulated->Board();
-        port = std::make_unique<FaultyPort>(std::move(simulated), faults);
+        port = std::make_unique<WatchedPort>(
+            std::make_unique<FaultyPort>(std::move(simulated), faults));
         services =
             std::make_unique<Services>(Services{*port, messages, system, state, "Simulated board"});
         StartUp(*services);
@@ -38,7 +66,7 @@ struct SimulatedBench {
     RecordedSystem system;
     ApplicationState state;
     SimulatedBoard* board = nullptr;
-    std::unique_ptr<FaultyPort> port;
+    std::unique_ptr<WatchedPort> port;
     std::unique_ptr<Services> services;
 };
 

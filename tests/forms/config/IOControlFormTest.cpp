@@ -15,33 +15,43 @@ class IOControlFormTest : public FormTest {
     bool Visible(const char* name) { return Find(*form, name).isVisible(); }
 
     /// Tri-state, driven, high, low of a pin: "E" for enabled, "-" for not.
-    std::string Enabled(std::initializer_list<const char*> names) {
+    std::string EnabledOf(const std::vector<const char*>& options) {
         std::string text;
-        for (const char* name : names) {
-            text += Find(*form, name).isEnabled() ? 'E' : '-';
+        for (const char* option : options) {
+            text += Find(*form, option).isEnabled() ? 'E' : '-';
         }
         return text;
     }
-    std::string EnabledOfP1() { return Enabled({"OptP1Tri", "OptP1IO", "OptP1High", "OptP1Low"}); }
-    std::string EnabledOfP2() { return Enabled({"OptP2Tri", "OptP2IO", "optP2High", "OptP2Low"}); }
+};
+
+/// The options of P1 and P2; P2's bits lie one higher.
+const struct {
+    int shift;
+    const char* power;
+    const char* output;
+    std::vector<const char*> options;
+} pins[] = {
+    {0, "OptP1Power", "OptP1Out", {"OptP1Tri", "OptP1IO", "OptP1High", "OptP1Low"}},
+    {1, "OptP2Power", "optP2Out", {"OptP2Tri", "OptP2IO", "optP2High", "OptP2Low"}},
 };
 
 TEST_F(IOControlFormTest, EnablesWhatThePinsFunctionAllows) {
     const std::pair<std::uint32_t, const char*> atLoad[] = {
         {0x0000, "EE--"}, {0x0010, "EEEE"}, {0x4000, "----"}, {0x4010, "----"}};
-    for (const auto& [value, enabled] : atLoad) {
-        OpenWith(value);
-        EXPECT_EQ(EnabledOfP1(), enabled) << value;
-        OpenWith(value << 1);  // P2's bits lie one higher
-        EXPECT_EQ(EnabledOfP2(), enabled) << value;
-    }
-    OpenWith(0x0010);
-    const std::pair<const char*, const char*> clicks[] = {
-        {"OptP1Power", "----"}, {"OptP1Out", "EEEE"}, {"OptP1Tri", "EE--"},
-        {"OptP1Power", "----"}, {"OptP1Out", "EE--"}, {"OptP1IO", "EEEE"}};
-    for (const auto& [option, enabled] : clicks) {
-        EXPECT_EQ(ClickOn(option), "");
-        EXPECT_EQ(EnabledOfP1(), enabled) << option;
+    for (const auto& [shift, power, output, options] : pins) {
+        for (const auto& [value, enabled] : atLoad) {
+            OpenWith(value << shift);
+            EXPECT_EQ(EnabledOf(options), enabled) << value;
+        }
+        OpenWith(0x0030);
+        const std::pair<const char*, const char*> clicks[] = {
+            {power, "----"}, {output, "EEEE"}, {options[0], "EE--"},
+            {power, "----"}, {output, "EE--"}, {options[1], "EEEE"}};
+        for (const auto& [option, enabled] : clicks) {
+            EXPECT_EQ(ClickOn(option), "");
+            EXPECT_EQ(EnabledOf(options), enabled) << option;
+            EXPECT_EQ(EnabledOf(pins[1 - shift].options), "EEEE") << "the other pin's";
+        }
     }
 }
 
@@ -61,7 +71,7 @@ TEST_F(IOControlFormTest, ShowsTheLevelOfAnInputInPlaceOfItsButtons) {
     Expect("P4Label: High | IOControlLabel: 80C8");
 }
 
-TEST_F(IOControlFormTest, TakesAnInputForGoodWhileItsPinReadsHigh) {
+TEST_F(IOControlFormTest, AcceptsAnInputWhilePinReadsHigh) {
     OpenWith(0x00C0);
     EXPECT_EQ(ClickOn("OptP3In"), "") << "bit 2 comes back as the pin's level, not as written";
     EXPECT_EQ(Contents(ioControlAt), 0x0084U);
@@ -71,6 +81,8 @@ TEST_F(IOControlFormTest, TakesAnInputForGoodWhileItsPinReadsHigh) {
     UseBoardWith("dout-stuck-high");
     Open<IOControlForm>();
     EXPECT_EQ(ClickOn("OptP4In"), "");
+    EXPECT_FALSE(Visible("OptP4High"));
+    EXPECT_TRUE(Visible("OptP3High"));
 }
 
 }  // namespace

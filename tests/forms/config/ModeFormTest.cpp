@@ -26,7 +26,7 @@ TEST_F(ModeFormTest, CalibratesAndReadsTheRegisterAgain) {
     }
 }
 
-TEST_F(ModeFormTest, IsGoneThroughWithTheArrowKeys) {
+TEST_F(ModeFormTest, ArrowKeysGoThroughItsOptions) {
     Open<ModeForm>();
     EXPECT_TRUE(Find(*form, "OptMD3").hasFocus());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
@@ -44,7 +44,7 @@ TEST_F(ModeFormTest, ShowsTheRegisterOfBeforeAnInternalZeroCalibration) {
     EXPECT_NE(Contents(mainZeroScaleAt), 0x800000U);
 }
 
-TEST_F(ModeFormTest, TellsACalibrationThatDoesNotEnd) {
+TEST_F(ModeFormTest, ReportsACalibrationThatDoesNotEnd) {
     UseBoardWith("rdy-stuck-high");
     Open<ModeForm>();
     std::string calibrating;

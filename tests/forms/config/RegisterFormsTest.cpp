@@ -6,6 +6,7 @@
 #include "forms/config/IOControlForm.h"
 #include "forms/config/MainControlForm.h"
 #include "forms/config/ModeForm.h"
+#include "numbers/NumberText.h"
 #include "support/Forms.h"
 
 /// What holds for every option button of every register form, as one table.
@@ -27,7 +28,6 @@ struct ShownRegister {
 struct FormOptions {
     std::function<std::unique_ptr<Form>(Services&)> open;
     ShownRegister reg;
-    const char* texts;
     std::vector<FieldOptions> fields;
 };
 
@@ -39,28 +39,12 @@ std::unique_ptr<Form> Open(Services& services) {
 const std::vector<FormOptions> allForms{
     {Open<ModeForm>,
      {modeAt, 8, 0xA0, "modeLabel"},
-     "ModeForm: VX3260 Evaluation Software - Program Mode Register | Label9: Mode Register | "
-     "Frame2: Mode of Operation | Frame3: In Power Down Mode | Frame4: Channel Configuartion | "
-     "Frame5: Input Buffering | Frame6: Current Contents of Mode Register | "
-     "OptMD0: Power Down Mode | OptMD1: Idle Mode | OptMD2: Single Conversion | "
-     "OptMD3: Continuous Conversion | OptMD4: Internal Zero Scale Cal. | "
-     "OptMD5: Internal Full Scale Cal. | OptMD6: System Zero Scale Cal. | "
-     "OptMD7: System Full Scale Cal. | OptOscOff: Power Down Oscillator | "
-     "OptOscOn: Power Up Oscillator | OptChConClr: CHCON Cleared | OptChConSet: CHCON Set | "
-     "OptBufOn: Buffered | OptBufOff: Unbuffered | Command3: B&ack",
      {{0x40, "OptBufOff OptBufOn"},
       {0x10, "OptChConClr OptChConSet"},
       {0x08, "OptOscOn OptOscOff"},
       {0x07, "OptMD0 OptMD1 OptMD2 OptMD3"}}},
     {Open<MainControlForm>,
      {mainControlAt, 8, 0x00, "mainControlLabel"},
-     "MainControlForm: VX3260 Evaluation Software - Program Control Register | "
-     "Label9: Main ADC Control Register | Frame2: Select an Input Channel | "
-     "Frame3: Select an Input Range | Frame4: Bipolar / Unipolar Operation | "
-     "Frame5: Main ADC Word Length | Frame6: Main ADC Enable / Disable | "
-     "Frame7: Current Contents of ADC Control Register | OptUnipolar: Unipolar | "
-     "OptBipolar: Bipolar | Opt16: 16 Bit Word | Opt24: 24 Bit Word | "
-     "OptMainDis: Disable Main ADC | OptMainEn: Enable Main ADC | Command1: B&ack",
      {{0x07, "Opt20 Opt40 Opt80 Opt160 Opt320 Opt640 Opt128 Opt256"},
       {0x30, "OptAIN1_2 OptAIN3_4 OptAIN2_2 OptAIN3_2"},
       {0x08, "OptBipolar OptUnipolar"},
@@ -68,11 +52,6 @@ const std::vector<FormOptions> allForms{
       {0x80, "OptMainDis OptMainEn"}}},
     {Open<AuxControlForm>,
      {auxControlAt, 8, 0x06, "AuxControlLabel"},
-     "AuxControlForm: VX3260 Evaluation Software - Program Control Register | "
-     "Label9: Aux ADC Control Register | Frame2: Select an Input Channel | "
-     "Frame3: Select an Input Range | Frame4: Bipolar / Unipolar Operation | "
-     "Frame5: Aux ADC Enable / Disable | Frame6: Current Contents of ADC Control Register | "
-     "OptAuxDis: Disable Aux ADC | OptAuxEn: Enable Aux ADC | Command1: B&ack",
      {{0x70, "OptAIN3_Agnd OptAIN4_Agnd OptAIN5_6 OptTemp OptAGND_AGND"},
       {0x01, "OptREF2 OptREF"},
       {0x08, "OptBipolar OptUnipolar"},
@@ -80,25 +59,6 @@ const std::vector<FormOptions> allForms{
     {Open<IOControlForm>,
      // P3 high and P4 low, as they read when they are inputs; bit 13 is nobody's.
      {ioControlAt, 16, 0x20C4, "IOControlLabel"},
-     "IOControlForm: VX3260 Evaluation Software - Program I/O Control Register | "
-     "HeadingLabel: I/O Control Register | Frame1: Current Contents of IO Control Register | "
-     "Frame3: P1 Function | OptP1Out: P1 as Output | OptP1Power: P1 as Power Switch | "
-     "Frame4: P2 Function | optP2Out: P2 as Output | OptP2Power: P2 as Power Switch | "
-     "Frame5: P3 I/O Direction | OptP3Out: P3 as Output | OptP3In: P3 as Input | "
-     "Frame6: P4 I/O Direction | OptP4Out: P4 as Output | OptP4In: P4 as Input | "
-     "Frame7: P1 Status | OptP1IO: P1 Output | OptP1Tri: P1 Tri State | "
-     "Frame8: P2 Status | OptP2Tri: P2 Tri State | OptP2IO: P2 Output | "
-     "Frame9: P3 State | optP3Low: P3 Output Low | OptP3High: P3 Output High | "
-     "Frame10: P4 State | OptP4High: P4 Output High | OptP4Low: P4 Output Low | "
-     "Frame11: P1 Output State | OptP1Low: P1 Low | OptP1High: P1 High | "
-     "Frame12: P2 Output State | optP2High: P2 High | OptP2Low: P2 Low | "
-     "Frame13: IEXC1 ON / OFF | OptIEXC1Off: IEXC1 OFF | optIEXC1On: IEXC1 ON | "
-     "Frame14: IEXC2 ON / OFF | OptIEXC2On: IEXC2 ON | OptIEXC2Off: IEXC2 OFF | "
-     "Frame15: IEXC1 Direction | OptIEXC1Iout1: IEXC1 to IOUT1 | "
-     "OptIEXC1Iout2: IEXC1 to IOUT2 | Frame16: IEXC2 Direction | "
-     "OptIEXC2Iout2: IEXC2 to IOUT2 | OptIEXC2Iout1: IEXC2 to IOUT1 | "
-     "Frame17: Burnout Current ON / OFF | OptBurnOff: Burnout Current OFF | "
-     "OptBurnOn: Burnout Current ON | Command2: &Update Display | Command1: B&ack",
      {{0x1000, "OptBurnOff OptBurnOn"},
       {0x0800, "OptIEXC2Iout2 OptIEXC2Iout1"},
       {0x0400, "OptIEXC1Iout1 OptIEXC1Iout2"},
@@ -147,22 +107,9 @@ std::vector<OptionCase> AllOptions() {
     return all;
 }
 
-std::string Hex(std::uint32_t value) {
-    return QString::number(value, 16).toUpper().toStdString();
-}
-
 void ClickIn(const Form& form, const std::string& option) {
     Find(form, option).setEnabled(true);
     Click(form, option);
-}
-
-TEST(RegisterForms, HaveTheirTexts) {
-    for (const FormOptions& options : allForms) {
-        SimulatedBench bench;
-        const auto form = options.open(*bench.services);
-        ExpectTexts(*form, options.texts);
-        TakePicture(*form, form->objectName().toStdString());
-    }
 }
 
 TEST(RegisterForms, WriteTheirFieldOnlyAndShowWhatWasReadBack) {
@@ -175,7 +122,7 @@ TEST(RegisterForms, WriteTheirFieldOnlyAndShowWhatWasReadBack) {
         EXPECT_FALSE(Checked(*form, option));
         ClickIn(*form, option);
         EXPECT_EQ(bench.Chip().Contents(options.reg.address), after);
-        EXPECT_EQ(TextOf(*form, options.reg.label), Hex(after));
+        EXPECT_EQ(TextOf(*form, options.reg.label), HexText(static_cast<std::int32_t>(after)));
         EXPECT_EQ(BitsOf(*form, 1, static_cast<int>(options.reg.width)),
                   std::bitset<16>(after).to_string().substr(16 - options.reg.width));
         EXPECT_EQ(bench.messages.Take(), "");
@@ -187,7 +134,7 @@ TEST(RegisterForms, WriteTheirFieldOnlyAndShowWhatWasReadBack) {
     }
 }
 
-TEST(RegisterForms, TellWhenTheBoardIsLostBeforeTheReadBack) {
+TEST(RegisterForms, ReportABoardThatIsLostBeforeTheReadBack) {
     for (const auto& [options, option, error, before, after] : AllOptions()) {
         SCOPED_TRACE(option);
         SimulatedBench whole;
