@@ -2,7 +2,6 @@
 #include "ui/PlotTickers.h"
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 #include "analysis/PlotScale.h"
@@ -79,7 +78,7 @@ VoltsAxis VoltsAxisOver(const QCPRange& codes, const ConversionConditions& condi
 class Volts final : public AxisTicker {
   public:
     Volts(const QCPAxis* axis, ConversionConditions conditions)
-        : AxisTicker(axis), conditions_(std::move(conditions)) {}
+        : AxisTicker(axis), conditions_(conditions) {}
 
     void generate(const QCPRange& range, const QLocale& /*locale*/, QChar /*format*/,
                   int /*precision*/, QVector<double>& ticks, QVector<double>* subTicks,
