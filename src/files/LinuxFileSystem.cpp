@@ -11,14 +11,14 @@
 namespace vx3260 {
 
 std::string SyncToDisk(const QFileDevice& file) {
-    constexpr int failures[] = {EIO, ENOSPC, EDQUOT};
+    constexpr int notSupported[] = {EINVAL, EROFS, ENOSYS, EOPNOTSUPP};
     int result = 0;
     do {
         result = fdatasync(file.handle());
     } while (result != 0 && errno == EINTR);
     const int error = errno;
-    const bool failed = result != 0 && std::find(std::begin(failures), std::end(failures), error) !=
-                                           std::end(failures);
+    const bool failed = result != 0 && std::find(std::begin(notSupported), std::end(notSupported),
+                                                 error) == std::end(notSupported);
     return failed ? std::generic_category().message(error) : "";
 }
 

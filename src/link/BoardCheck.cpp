@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "link/DataReady.h"
 #include "link/Register.h"
@@ -32,17 +33,27 @@ class Checker {
           auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
     BoardCheck Check() {
-        if (AllBitsRead(parallelPort_, portAddress_, 1)) {
-            return {WaitForReady(parallelPort_, portAddress_, PollLimit) ? BoardVerdict::StuckHigh
-                                                                         : BoardVerdict::NoAnswer};
+        if (const auto dead = DeadLine()) {
+            return {*dead};
         }
-        if (AllBitsRead(parallelPort_, portAddress_, 0)) {
-            return {BoardVerdict::StuckLow};
-        }
-        return TryPatterns();
+        const BoardCheck check = TryPatterns();
+        // The board may have gone meanwhile.
+        const auto dead = check.verdict == BoardVerdict::AnswersWrongly ? DeadLine() : std::nullopt;
+        return dead ? BoardCheck{*dead} : check;
     }
 
   private:
+    std::optional<BoardVerdict> DeadLine() {
+        if (AllBitsRead(parallelPort_, portAddress_, 1)) {
+            return WaitForReady(parallelPort_, portAddress_, PollLimit) ? BoardVerdict::StuckHigh
+                                                                        : BoardVerdict::NoAnswer;
+        }
+        if (AllBitsRead(parallelPort_, portAddress_, 0)) {
+            return BoardVerdict::StuckLow;
+        }
+        return std::nullopt;
+    }
+
     BoardCheck TryPatterns() {
         const std::int32_t before = auxControl_.ReadValue();
         BoardCheck check{BoardVerdict::Answers};

@@ -19,7 +19,8 @@ class EndSignals {
     /// A file descriptor that becomes readable with the first signal; -1 where there is none.
     int Descriptor() const { return descriptor_; }
 
-    /// Discards the signals that have arrived. Later ones have their usual effect.
+    /// Discards the signals that have arrived. Later ones have their usual effect, except SIGHUP,
+    /// which is ignored then.
     void Release();
 
   private:

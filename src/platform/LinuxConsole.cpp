@@ -25,7 +25,7 @@ Console PrepareConsole() {
 
 bool OutputReaderHasGone() {
     pollfd output{STDOUT_FILENO, 0, 0};
-    return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+    return poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP)) != 0;
 }
 
 bool Print(StandardStream stream, const std::string& text) {

@@ -50,6 +50,8 @@ void EndSignals::Release() {
     while (read(descriptor_, &arrived, sizeof arrived) > 0) {
     }
     const sigset_t signals = SignalsToTake();
+    // A terminal that closes may send it twice.
+    std::signal(SIGHUP, SIG_IGN);
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 

@@ -32,13 +32,18 @@ std::string HexByte(std::int32_t value) {
                            ". Check the cable and the board's power.");
 }
 
+constexpr std::string_view goneDetail =
+    "The board does not answer after the last code, which was discarded. Check the cable and the "
+    "board's power.";
+
 /// Reports a reading that did not complete.
-void ReportEnd(Services& services, ReadingEnd end, std::size_t codes) {
+void ReportEnd(Services& services, ReadingEnd end, const std::string& timeoutDetail,
+               std::size_t codes) {
     const std::string soFar =
         "\nRead so far: " + CountText(static_cast<std::int64_t>(codes), "code");
     if (end == ReadingEnd::TimedOut) {
-        services.messages.Show({.text = std::string(MessageTexts::ReadingTimedOut),
-                                .detail = MessageTexts::TimeoutDetail(services.port) + soFar});
+        services.messages.Show(
+            {.text = std::string(MessageTexts::ReadingTimedOut), .detail = timeoutDetail + soFar});
     } else if (end == ReadingEnd::Stopped) {
         services.messages.Show({.text = std::string(MessageTexts::ReadingStopped) + soFar,
                                 .icon = MessageIcon::Exclamation});
@@ -83,14 +88,24 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     streams.err << "Reading " << CountText(count, "code") << " from the " << name
                 << ", Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
-    const ReadingEnd end = [&] {
+    ReadingEnd end = [&] {
         ProgressLine progress(streams.err, count, streams.errIsTerminal);
         return ReadBlock(
             reader, block, count,
             {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
     }();
+    // A board that goes while a code is clocked in leaves a false one, which only a later access
+    // shows.
+    const bool gone =
+        end != ReadingEnd::TimedOut &&
+        !BoardAnswers(services, RegisterMap::DescriptionOf(TraitsOf(converter).control));
+    if (gone) {
+        end = ReadingEnd::TimedOut;
+    }
     BlockReading reading{GoodCodes(block, end), end};
-    ReportEnd(services, end, reading.codes.size());
+    ReportEnd(services, end,
+              gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),
+              reading.codes.size());
     return reading;
 }
 

@@ -21,6 +21,13 @@ std::optional<int> LevelOfDeadLine(std::int32_t value, const RegisterMap::Regist
     return value == 0 ? 0 : 1;
 }
 
+/// The level of the dead line through which a value was read; empty if a board answers.
+std::optional<int> DeadLineBehind(Services& services, const RegisterReading& reading) {
+    const std::optional<int> level = LevelOfDeadLine(reading.value, reading.description.access);
+    return level && AllBitsRead(services.port, services.state.PortAddress, *level) ? level
+                                                                                   : std::nullopt;
+}
+
 }  // namespace
 
 std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access) {
@@ -32,21 +39,24 @@ RegisterReading ReadRegister(Services& services,
     return {description, ReadRegister(services, description.access)};
 }
 
+bool BoardAnswers(Services& services, const RegisterMap::RegisterDescription& description) {
+    return !DeadLineBehind(services, ReadRegister(services, description));
+}
+
 void RequireAnswer(Services& services, const RegisterReading& reading,
                    std::string_view consequence) {
-    const RegisterMap::RegisterDescription& description = reading.description;
-    const std::optional<int> level = LevelOfDeadLine(reading.value, description.access);
-    if (!level || !AllBitsRead(services.port, services.state.PortAddress, *level)) {
+    const std::optional<int> level = DeadLineBehind(services, reading);
+    if (!level) {
         return;
     }
     const std::string line = *level == 0 ? "0, as from a line that is stuck low. "
                                          : "1, as from a line that is open or stuck high. ";
-    throw CommandError(ExitCode::NoAnswer,
-                       "no answer from the board: the register " + std::string(description.name) +
-                           " reads " + RegisterHex(reading.value, description.access) +
-                           ", and every other one alike. All bits read " + line +
-                           std::string(consequence) +
-                           "Check the cable, the board's power and which printer port it is on.");
+    throw CommandError(
+        ExitCode::NoAnswer,
+        "no answer from the board: the register " + std::string(reading.description.name) +
+            " reads " + RegisterHex(reading.value, reading.description.access) +
+            ", and every other one alike. All bits read " + line + std::string(consequence) +
+            "Check the cable, the board's power and which printer port it is on.");
 }
 
 RegisterReading ReadAnswered(Services& services,

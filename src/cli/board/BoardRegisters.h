@@ -20,6 +20,9 @@ RegisterReading ReadRegister(Services& services,
 void RequireAnswer(Services& services, const RegisterReading& reading,
                    std::string_view consequence);
 
+/// Whether a board answers now, as far as reading one register shows.
+bool BoardAnswers(Services& services, const RegisterMap::RegisterDescription& description);
+
 /// Reads a register and requires an answer.
 RegisterReading ReadAnswered(Services& services,
                              const RegisterMap::RegisterDescription& description,

@@ -17,10 +17,11 @@ constexpr std::array<int, StopSignal::Count> stopSignals{SIGINT, SIGTERM, SIGHUP
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 volatile std::sig_atomic_t stopRequested = 0;
 
-/// A terminal that closes may send SIGHUP twice, so only a second Ctrl+C ends the process.
+/// A terminal that closes may send SIGHUP twice, so a second one must not end the process.
 extern "C" void RequestStop(int signal) {
+    const bool mayRepeat = signal != SIGINT && signal != SIGTERM;
     stopRequested = 1;
-    std::signal(signal, signal == SIGINT ? SIG_DFL : RequestStop);
+    std::signal(signal, mayRepeat ? RequestStop : SIG_DFL);
 }
 
 }  // namespace

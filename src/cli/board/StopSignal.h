@@ -7,7 +7,8 @@
 namespace vx3260 {
 
 /// While one exists, SIGINT (Ctrl+C), SIGTERM and SIGHUP do not end the process but ask it to stop;
-/// a second Ctrl+C ends it. A signal that the process was started to ignore, as by nohup, stays
+/// a second
+/// SIGINT or SIGTERM ends it. A signal that the process was started to ignore, as by nohup, stays
 /// ignored. One at a time.
 class StopSignal {
   public:

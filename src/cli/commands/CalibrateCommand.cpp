@@ -29,6 +29,7 @@ constexpr CalibratedConverter calibratedConverters[] = {
     {RegisterMap::AuxControl, "aux-zero", "aux-full"},
 };
 
+constexpr std::string_view calibrationStarted = "The calibration was started. ";
 constexpr std::string_view timeoutDetail =
     "The data-ready line did not show the end of the calibration in time. Check the cable, the "
     "board's power and its data-ready line.";
@@ -98,11 +99,15 @@ ExitCode CalibrateCommand::Run(const CommandContext& context) {
         return ExitCode::NoAnswer;
     }
     CheckCalibrationEnded(services);
+    std::string changes;
     for (const RegisterReading& reading : before) {
         const RegisterReading after =
-            ReadAnswered(services, reading.description, "The calibration was started. ");
-        context.streams.out << ChangeText(reading.description, reading.value, after.value) << '\n';
+            ReadAnswered(services, reading.description, calibrationStarted);
+        changes += ChangeText(reading.description, reading.value, after.value) + "\n";
     }
+    // A board may have gone while the last of them was read.
+    ReadAnswered(services, RegisterMap::DescriptionOf(RegisterMap::Mode), calibrationStarted);
+    context.streams.out << changes;
     return ExitCode::Success;
 }
 

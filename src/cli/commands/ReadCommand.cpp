@@ -49,6 +49,8 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     CodeWriter writer(output_, context.streams.out);
     Services& services = context.board.Services();
+    // The trace is there now, so that a link to it is seen too.
+    RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     EnsureContinuousConversion(services, context.streams.err);
     // Until the codes are saved, a signal must not end the process.
     const StopSignal stop;
