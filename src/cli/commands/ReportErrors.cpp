@@ -13,23 +13,23 @@ void ReportError(std::ostream& err, const std::string& place, const std::string&
 
 ExitCode ReportErrors(const CliStreams& streams, const std::string& place,
                       const std::function<ExitCode()>& work) {
-    const auto tell = [&](const std::exception& error, ExitCode code) {
+    const auto report = [&](const std::exception& error, ExitCode code) {
         ReportError(streams.err, place, error.what());
         return code;
     };
     try {
         return work();
     } catch (const CommandError& error) {
-        return tell(error, error.Code());
+        return report(error, error.Code());
     } catch (const BadDataError& error) {
-        return tell(error, ExitCode::BadDataFile);
+        return report(error, ExitCode::BadDataFile);
     } catch (const FileAccessError& error) {
         if (!streams.out && streams.readerHasGone != nullptr && streams.readerHasGone()) {
             return ExitCode::OutputClosed;
         }
-        return tell(error, ExitCode::FileNotAccessible);
+        return report(error, ExitCode::FileNotAccessible);
     } catch (const std::exception& error) {
-        return tell(error, ExitCode::UnexpectedError);
+        return report(error, ExitCode::UnexpectedError);
     }
 }
 

@@ -13,7 +13,7 @@ namespace {
 struct ResetKind {
     std::string_view name;
     void (*reset)(ParallelPort& parallelPort, std::int16_t port);
-    std::string_view told;
+    std::string_view report;
 };
 
 constexpr ResetKind kinds[] = {
@@ -44,7 +44,7 @@ ExitCode ResetCommand::Run(const CommandContext& context) {
     const auto* const kind = std::find_if(std::begin(kinds), std::end(kinds),
                                           [this](const ResetKind& k) { return k.name == kind_; });
     kind->reset(services.port, services.state.PortAddress);
-    context.streams.err << kind->told << std::endl;
+    context.streams.err << kind->report << std::endl;
     return ExitCode::Success;
 }
 
