@@ -41,3 +41,5 @@ bool AnyKeyFilter::eventFilter(QObject* /*watched*/, QEvent* event) {
 }
 
 }  // namespace vx3260
+
+#include "moc_AnyKeyFilter.cpp"

@@ -113,3 +113,5 @@ void BitRow::ShowValue(std::int32_t value) {
 }
 
 }  // namespace vx3260
+
+#include "moc_BitRow.cpp"

@@ -44,3 +44,5 @@ void CloseOnSignal::CloseWindowInFront() {
 }
 
 }  // namespace vx3260
+
+#include "moc_CloseOnSignal.cpp"

@@ -80,3 +80,5 @@ void Form::Guarded(const std::function<void()>& handler) {
 }
 
 }  // namespace vx3260
+
+#include "moc_Form.cpp"

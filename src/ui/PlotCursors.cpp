@@ -125,3 +125,5 @@ void PlotCursors::Update() {
 }
 
 }  // namespace vx3260
+
+#include "moc_PlotCursors.cpp"

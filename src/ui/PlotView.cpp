@@ -334,3 +334,5 @@ QByteArray PlotView::Pdf(const QStringList& lines) {
 }
 
 }  // namespace vx3260
+
+#include "moc_PlotView.cpp"

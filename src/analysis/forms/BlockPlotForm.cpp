@@ -108,3 +108,5 @@ MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis) {
 }
 
 }  // namespace vx3260
+
+#include "moc_BlockPlotForm.cpp"

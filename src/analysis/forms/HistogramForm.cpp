@@ -121,3 +121,5 @@ std::string HistogramForm::Csv() const {
 }
 
 }  // namespace vx3260
+
+#include "moc_HistogramForm.cpp"

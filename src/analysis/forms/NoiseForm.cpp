@@ -109,3 +109,5 @@ void NoiseForm::ShowResolution() {
 }
 
 }  // namespace vx3260
+
+#include "moc_NoiseForm.cpp"

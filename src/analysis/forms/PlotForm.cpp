@@ -175,3 +175,5 @@ QStringList PlotForm::FurtherLines() const {
 }
 
 }  // namespace vx3260
+
+#include "moc_PlotForm.cpp"

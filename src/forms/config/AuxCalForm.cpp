@@ -20,3 +20,5 @@ AuxCalForm::AuxCalForm(Services& services, QWidget* parent)
 }
 
 }  // namespace vx3260
+
+#include "moc_AuxCalForm.cpp"

@@ -93,3 +93,5 @@ void AuxControlForm::ShowClickedUnipolar() {
 }
 
 }  // namespace vx3260
+
+#include "moc_AuxControlForm.cpp"

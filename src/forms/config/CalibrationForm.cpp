@@ -147,3 +147,5 @@ void CalibrationForm::ShowCoefficient(const Coefficient& coefficient) const {
 }
 
 }  // namespace vx3260
+
+#include "moc_CalibrationForm.cpp"

@@ -52,3 +52,5 @@ void ControlForm::RefreshControlOptions() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ControlForm.cpp"

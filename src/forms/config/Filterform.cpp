@@ -142,3 +142,5 @@ void Filterform::ShowExclamation(std::string_view text) {
 }
 
 }  // namespace vx3260
+
+#include "moc_Filterform.cpp"

@@ -163,3 +163,5 @@ void IOControlForm::ShowDirection(const TwoWayPin& pin, bool output) {
 }
 
 }  // namespace vx3260
+
+#include "moc_IOControlForm.cpp"

@@ -21,3 +21,5 @@ MainCalForm::MainCalForm(Services& services, QWidget* parent)
 }
 
 }  // namespace vx3260
+
+#include "moc_MainCalForm.cpp"

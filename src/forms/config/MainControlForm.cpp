@@ -94,3 +94,5 @@ void MainControlForm::FollowBits(std::int32_t value) {
 }
 
 }  // namespace vx3260
+
+#include "moc_MainControlForm.cpp"

@@ -114,3 +114,5 @@ bool ModeForm::WaitForCalibrationEnd() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ModeForm.cpp"

@@ -102,3 +102,5 @@ void RegisterForm::WhileLoading(const std::function<void()>& refresh) {
 }
 
 }  // namespace vx3260
+
+#include "moc_RegisterForm.cpp"

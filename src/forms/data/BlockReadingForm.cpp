@@ -85,3 +85,5 @@ void BlockReadingForm::ShowCode(std::int32_t code) {
 }
 
 }  // namespace vx3260
+
+#include "moc_BlockReadingForm.cpp"

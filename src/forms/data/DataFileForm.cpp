@@ -96,3 +96,5 @@ void DataFileForm::ShowCounts() {
 }
 
 }  // namespace vx3260
+
+#include "moc_DataFileForm.cpp"

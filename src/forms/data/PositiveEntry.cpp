@@ -53,3 +53,5 @@ void PositiveEntry::Show() {
 }
 
 }  // namespace vx3260
+
+#include "moc_PositiveEntry.cpp"

@@ -68,3 +68,5 @@ void ReadAuxDataForm::OpenNoiseForm() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadAuxDataForm.cpp"

@@ -46,3 +46,5 @@ void ReadDualDataForm::ShowCode(std::int32_t code) {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadDualDataForm.cpp"

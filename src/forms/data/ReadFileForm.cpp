@@ -41,3 +41,5 @@ QString ReadFileForm::Process(const std::string& path) {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadFileForm.cpp"

@@ -20,3 +20,5 @@ void ReadMainDataForm::OpenNoiseForm() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadMainDataForm.cpp"

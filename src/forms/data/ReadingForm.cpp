@@ -104,3 +104,5 @@ void ShowAtOnce(QLineEdit* edit, const std::string& text) {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadingForm.cpp"

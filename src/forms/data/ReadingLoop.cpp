@@ -57,3 +57,5 @@ void ReadingLoop::Wait(std::int32_t milliseconds) {
 }
 
 }  // namespace vx3260
+
+#include "moc_ReadingLoop.cpp"

@@ -39,3 +39,5 @@ QString WriteFileForm::Process(const std::string& path) {
 }
 
 }  // namespace vx3260
+
+#include "moc_WriteFileForm.cpp"

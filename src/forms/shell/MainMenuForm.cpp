@@ -126,3 +126,5 @@ void MainMenuForm::Quit() {
 }
 
 }  // namespace vx3260
+
+#include "moc_MainMenuForm.cpp"

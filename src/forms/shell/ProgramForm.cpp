@@ -44,3 +44,5 @@ void ProgramForm::OpenFilterform() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ProgramForm.cpp"

@@ -30,3 +30,5 @@ void ResetForm::ResetByOnes() {
 }
 
 }  // namespace vx3260
+
+#include "moc_ResetForm.cpp"

@@ -30,3 +30,5 @@ StatusForm::StatusForm(Services& services, QWidget* parent)
 StatusForm::~StatusForm() = default;
 
 }  // namespace vx3260
+
+#include "moc_StatusForm.cpp"

@@ -37,3 +37,5 @@ void aboutform::ShowSystemInformation() {
 }
 
 }  // namespace vx3260
+
+#include "moc_aboutform.cpp"
