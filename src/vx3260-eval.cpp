@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "app/ApplicationState.h"
@@ -17,6 +19,7 @@
 #include "ports/OpenPort.h"
 #include "ui/CloseOnSignal.h"
 #include "ui/Icons.h"
+#include "ui/NoSettingsFile.h"
 #include "ui/QtMessageBoxes.h"
 
 namespace {
@@ -25,14 +28,33 @@ using namespace vx3260;
 
 constexpr const char* programName = "vx3260-eval";
 
+/// What Qt says when it cannot start; it ends the process by a crash otherwise.
+void ReportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type != QtFatalMsg) {
+        return;
+    }
+    std::cerr << programName << ": no display for the forms. vx3260-cli does the same work in a "
+              << "terminal; see vx3260-cli --help.\n"
+              << text.toStdString() << std::endl;
+    std::_Exit(static_cast<int>(ExitCode::UnexpectedError));
+}
+
+std::unique_ptr<QApplication> StartQt(int& argc, char** argv) {
+    const QtMessageHandler usual = qInstallMessageHandler(ReportNoDisplay);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(usual);
+    QApplication::setWindowIcon(ApplicationIcon());
+    PreventSettingsFile();
+    return application;
+}
+
 /// Shows a text before or after the forms: on the terminal, or if there is none in a message box.
 void ShowText(const std::string& text, MessageIcon icon, int& argc, char** argv) {
     const bool isError = icon == MessageIcon::Critical;
     if (Print(isError ? StandardStream::Error : StandardStream::Output, text)) {
         return;
     }
-    const QApplication application(argc, argv);
-    QApplication::setWindowIcon(ApplicationIcon());
+    const auto application = StartQt(argc, argv);
     QtMessageBoxes(std::cerr).Show({.text = text, .icon = icon});
 }
 
@@ -46,8 +68,7 @@ int Run(int& argc, char** argv) {
         return *request.exitCode;
     }
     EndSignals endSignals;
-    const QApplication application(argc, argv);
-    QApplication::setWindowIcon(ApplicationIcon());
+    const auto application = StartQt(argc, argv);
     const CloseOnSignal closeOnSignal(endSignals.Descriptor(),
                                       [&endSignals] { endSignals.Release(); });
     QtMessageBoxes messages(std::cerr);
@@ -55,7 +76,7 @@ int Run(int& argc, char** argv) {
     const OpenedPort opened = OpenPort(request.port);
     Services services{*opened.port, messages, system, state, opened.boardLabel};
     StartUp(services);
-    MainMenuForm(services).exec();
+    MainMenuForm(services, request.file).exec();
     return 0;
 }
 

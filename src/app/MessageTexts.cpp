@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MessageTexts.h"
 
+#include "link/RegisterLookup.h"
 #include "link/RegisterMap.h"
+#include "numbers/NumberText.h"
 
 namespace vx3260::MessageTexts {
 
@@ -11,10 +13,33 @@ std::string ConverterDisabled(Converter converter) {
 
 std::string TimeoutDetail(const ParallelPort& port) {
     const std::string failure = port.FailureDetail();
-    return failure + (failure.empty() ? "" : "\n") +
-           "No result became ready. Check the cable, the board's power, the mode register and the "
+    if (!failure.empty()) {
+        return failure;
+    }
+    return "No result became ready. Check the cable, the board's power, the mode register and the "
            "printer port. The chip still waits for the clocks of this access: a software reset "
            "brings the interface back in step.";
+}
+
+std::string MismatchDetail(const ParallelPort& port,
+                           const RegisterMap::RegisterDescription& description,
+                           std::int32_t written, std::int32_t readBack) {
+    const auto hex = [&](std::int32_t value) {
+        constexpr int bitsOfDigit = 4;
+        return "0x" + HexText(value, description.access.wordLength / bitsOfDigit);
+    };
+    std::string detail = "Wrote " + hex(written) + ", read back " + hex(readBack) + ".";
+    for (const RegisterMap::Field& field : description.fields) {
+        const auto was = RegisterMap::NameOfCode(field, field.CodeIn(written));
+        const auto is = RegisterMap::NameOfCode(field, field.CodeIn(readBack));
+        if (was && is && was != is) {
+            detail += "\n" + std::string(field.title) + ": wrote " + std::string(*was) +
+                      ", read back " + std::string(*is) + ".";
+        }
+    }
+    const std::string failure = port.FailureDetail();
+    return detail + (failure.empty() ? "\nCheck the cable, the board's power and the printer port."
+                                     : "\n" + failure);
 }
 
 std::optional<Message> CalibrationPrompt(std::int32_t mode) {

@@ -9,6 +9,7 @@
 #include "app/MessageBoxes.h"
 #include "link/Converter.h"
 #include "link/ParallelPort.h"
+#include "link/RegisterFields.h"
 
 /// The fixed texts of messages, of the forms and of the command line.
 namespace vx3260::MessageTexts {
@@ -46,7 +47,7 @@ inline constexpr std::string_view ReadingTimedOut = "Error Reading Data from VX3
 inline constexpr std::string_view ReadingStopped = "User Interruption of Reading";
 /// The refusal for a converter that is not enabled: "Enable Main ADC before reading Data".
 std::string ConverterDisabled(Converter converter);
-/// The detail of a time-out: the port's FailureDetail, if any, then what to check.
+/// The detail of a time-out: what to check, or the port's FailureDetail where there is one.
 std::string TimeoutDetail(const ParallelPort& port);
 
 /// For a block whose count does not fit an analysis, 10 to 5000. It names 9 as allowed although 9
@@ -58,7 +59,16 @@ inline constexpr std::string_view CountRefusal =
 inline constexpr std::string_view ErrorProgramming = "Error Programming VX3260";
 inline constexpr std::string_view ErrorProgrammingSmallP = "Error programming VX3260";
 
+/// The detail of either: what was written and read back, in hexadecimal and for each field that
+/// differs, and the port's FailureDetail where there is one.
+std::string MismatchDetail(const ParallelPort& port,
+                           const RegisterMap::RegisterDescription& description,
+                           std::int32_t written, std::int32_t readBack);
+
 inline constexpr std::string_view ErrorCalibrating = "Error Calibrating VX3260";
+inline constexpr std::string_view CalibrationTimeoutDetail =
+    "The data-ready line did not show the end of the calibration in time. Check the cable, the "
+    "board's power and its data-ready line.";
 
 /// What the user has to connect before a calibration of this mode, 4 to 7; nothing for the internal
 /// ones.

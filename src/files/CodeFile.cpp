@@ -226,6 +226,12 @@ bool IsStandardOutput(std::string_view target) {
     return target.empty() || target == "-" || target == "/dev/stdout";
 }
 
+std::string LoadText(const std::string& path) {
+    const std::string reason =
+        "a data file has at most " + std::to_string(MaxCodesInBlock) + " lines of one code each";
+    return LoadBytes(path, {maxBytesOfCodes, reason});
+}
+
 }  // namespace
 
 std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
@@ -266,9 +272,11 @@ void ReplaceFile(const std::string& path, std::string_view bytes) {
 }
 
 ParsedCodes LoadCodes(const std::string& path, Notation notation) {
-    const std::string reason =
-        "a data file has at most " + std::to_string(MaxCodesInBlock) + " lines of one code each";
-    return ParseCodes(LoadBytes(path, {maxBytesOfCodes, reason}), notation, path);
+    return ParseCodes(LoadText(path), notation, path);
+}
+
+std::optional<Notation> LookOf(const std::string& path) {
+    return NotationByLook(LoadText(path));
 }
 
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,6 +42,9 @@ void ReplaceFile(const std::string& path, std::string_view bytes);
 /// a few megabytes, so that a pipe may be endless. Throws FileAccessError, or BadDataError as
 /// ParseCodes does and for a file beyond that size.
 ParsedCodes LoadCodes(const std::string& path, Notation notation);
+
+/// NotationByLook of a file. Throws as LoadBytes does.
+std::optional<Notation> LookOf(const std::string& path);
 
 /// Writes a text to a stream and flushes it. Throws FileAccessError with `name` for the stream.
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name);

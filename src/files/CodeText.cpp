@@ -174,11 +174,29 @@ char* FormatDecimal(char* first, char* last, std::int32_t code) {
 
 }  // namespace
 
+std::optional<Notation> NotationByLook(std::string_view text) {
+    if (text.find_first_of("ABCDEFabcdef") != std::string_view::npos) {
+        return Notation::Hexadecimal;
+    }
+    char before = '\n';
+    for (const char c : text) {
+        if (before == '\n' && c != ' ' && c != '-' && c != '\n' && c != '\r') {
+            return std::nullopt;
+        }
+        before = c;
+    }
+    return Notation::Decimal;
+}
+
+std::string OtherNotationText(Notation look) {
+    return "the lines look like " + std::string(NotationName(look)) + " codes";
+}
+
 ParsedCodes ParseCodes(std::string_view text, Notation notation, std::string_view source) {
     if (text.starts_with(byteOrderMark)) {
         text.remove_prefix(byteOrderMark.size());
     }
-    ParsedCodes parsed{CodeParser(text, notation, source).Parse(), ""};
+    ParsedCodes parsed{CodeParser(text, notation, source).Parse(), NotationByLook(text), ""};
     if (!text.ends_with('\n')) {
         parsed.warning = "the last line has no line end; was the file cut off?";
     }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,8 +24,17 @@ inline constexpr std::size_t MaxCodesInBlock = 32767;
 /// A block of codes parsed from a text.
 struct ParsedCodes {
     std::vector<std::int32_t> codes;
-    std::string warning;  ///< why the text is suspicious, for the user; empty if it is not
+    std::optional<Notation> look;  ///< NotationByLook of the text
+    std::string warning;           ///< why the text is suspicious, for the user; empty if it is not
 };
+
+/// The notation that a text's lines have in any case: decimal where each begins with a space or a
+/// minus sign, as FormatCodes writes them, hexadecimal where there is a digit A to F. Nothing for
+/// other texts.
+std::optional<Notation> NotationByLook(std::string_view text);
+
+/// "the lines look like decimal codes": for a text parsed in the other notation than `look`.
+std::string OtherNotationText(Notation look);
 
 /// The codes in a text, one per line. Accepts spaces around a code, CR LF line ends, a UTF-8
 /// byte-order mark, a missing last line end, empty lines at the end, and lower-case digits.

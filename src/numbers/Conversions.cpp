@@ -4,6 +4,9 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
 #include <system_error>
 
 #include "numbers/RuntimeError.h"
@@ -30,6 +33,15 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+/// Of a number that double precision cannot hold: whether it is too small rather than too large.
+bool IsTooSmall(std::string_view digits) {
+    std::istringstream stream{std::string(digits)};
+    stream.imbue(std::locale::classic());
+    double value = 1;
+    stream >> value;
+    return std::abs(value) < 1;
+}
+
 }  // namespace
 
 // nearbyint rounds halves to even in the rounding mode every thread starts with.
@@ -53,13 +65,14 @@ double TextToDouble(std::string_view text) {
     double value = 0;
     const char* const end = digits.data() + digits.size();
     const auto result = std::from_chars(digits.data(), end, value);
-    if (result.ec == std::errc::result_out_of_range) {
-        throw OverflowError();
-    }
-    if (result.ec != std::errc() || result.ptr != end) {
+    const bool outOfRange = result.ec == std::errc::result_out_of_range;
+    if (result.ptr != end || (result.ec != std::errc() && !outOfRange)) {
         throw TypeMismatchError();
     }
-    return value;
+    if (outOfRange && !IsTooSmall(digits)) {
+        throw OverflowError();
+    }
+    return outOfRange ? 0 : value;
 }
 
 std::int16_t TextToInt16(std::string_view text) {

@@ -16,7 +16,7 @@ std::int32_t ToInt32(double value);
 
 /// The decimal number a text stands for: spaces around it, a sign, digits, "." as the decimal
 /// point in every locale, an exponent. Throws TypeMismatchError for any other text and
-/// OverflowError for a number beyond double precision.
+/// OverflowError for a number too large for double precision; one too small is 0.
 double TextToDouble(std::string_view text);
 
 /// TextToDouble, then ToInt16.

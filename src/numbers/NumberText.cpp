@@ -123,6 +123,19 @@ std::string CountText(std::int64_t count, std::string_view noun) {
     return std::to_string(count) + " " + std::string(noun) + (one ? "" : "s");
 }
 
+std::string DurationText(std::chrono::seconds duration) {
+    const std::chrono::hh_mm_ss parts(duration);
+    const auto twoDigits = [](auto count) {
+        return (count < 10 ? "0" : "") + std::to_string(count);
+    };
+    const std::string seconds = ":" + twoDigits(parts.seconds().count());
+    if (parts.hours().count() == 0) {
+        return std::to_string(parts.minutes().count()) + seconds;
+    }
+    return std::to_string(parts.hours().count()) + ":" + twoDigits(parts.minutes().count()) +
+           seconds;
+}
+
 std::int32_t HexLiteral(std::string_view text) {
     constexpr std::size_t maxDigits = 8;
     constexpr std::size_t digitsOf16Bits = 4;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ std::string CodeText(std::int32_t code);
 
 /// "1 code", "200 codes": the plural of `noun` is made with an s.
 std::string CountText(std::int64_t count, std::string_view noun);
+
+/// Minutes and seconds, "2:41", with hours where there are any: "1:02:41". Not for negative times.
+std::string DurationText(std::chrono::seconds duration);
 
 /// The number that one to eight hexadecimal digits stand for, counted as typed: up to four are a
 /// signed 16-bit value (8000 is -32768), five and more a signed 32-bit one. Throws

@@ -3,20 +3,51 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
+#include <system_error>
 
 #include "app/ApplicationInfo.h"
 #include "app/StartUp.h"
+#include "numbers/FilePath.h"
 #include "options/ExitCodes.h"
 #include "options/PortOptions.h"
 
 namespace vx3260 {
 
+namespace {
+
+bool IsFile(const std::string& word) {
+    std::error_code unknown;
+    return std::filesystem::exists(FilePath(word), unknown);
+}
+
+/// The file that the words name.
+std::string FileAmong(const std::vector<std::string>& words) {
+    std::string file;
+    for (const std::string& word : words) {
+        if (!word.starts_with('-') && IsFile(word)) {
+            if (!file.empty()) {
+                throw CLI::ExtrasError("more than one file is named",
+                                       static_cast<int>(CLI::ExitCodes::ExtrasError));
+            }
+            file = word;
+        } else if (word.starts_with('-') || !HoldsStatusSwitch(word)) {
+            throw CLI::ExtrasError({word});
+        }
+    }
+    return file;
+}
+
+}  // namespace
+
 EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments) {
     EvalRequest request;
     CLI::App app{std::string(ApplicationTitle), "vx3260-eval"};
     app.set_version_flag("--version", std::string(VersionText));
-    app.footer("/SS anywhere in the command line shows the system and the port address.");
+    app.footer(
+        "A word that names a file: a data file of codes to begin with.\n"
+        "/SS anywhere in the command line shows the system and the port address.");
     AddPortOptions(app, request.port);
     app.allow_extras();
     app.allow_windows_style_options(false);  // the same words on every system
@@ -24,11 +55,7 @@ EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments) {
         // The parser expects its words in reverse order.
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
-        for (const std::string& word : app.remaining()) {
-            if (!HoldsStatusSwitch(word)) {
-                throw CLI::ExtrasError({word});
-            }
-        }
+        request.file = FileAmong(app.remaining());
     } catch (const CLI::ParseError& error) {
         std::ostringstream text;
         const bool well = app.exit(error, text, text) == 0;

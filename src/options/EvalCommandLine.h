@@ -12,12 +12,14 @@ namespace vx3260 {
 /// What the command line of the forms asks for.
 struct EvalRequest {
     PortChoice port;
+    std::string file;             ///< a data file to begin with; may be empty
     std::optional<int> exitCode;  ///< the program ends with it, after showing `text`
     std::string text;
 };
 
-/// Parses the words after the program's name, in UTF-8. A wrong one gives the exit code of a wrong
-/// command line, and its text; --help and --version give 0 and theirs.
+/// Parses the words after the program's name, in UTF-8. A word that is no option names a file that
+/// is there, or holds "/SS" anywhere. A wrong one gives the exit code of a wrong command line, and
+/// its text; --help and --version give 0 and theirs.
 EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments);
 
 }  // namespace vx3260

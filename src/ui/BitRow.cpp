@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/BitRow.h"
 
+#include <QEvent>
 #include <QGridLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/Fonts.h"
@@ -9,19 +11,26 @@
 namespace vx3260 {
 namespace {
 
-constexpr char setCellStyle[] =
-    "QLabel { border: 1px solid palette(highlight); border-radius: 3px; padding: 1px;"
-    " background: palette(highlight); color: palette(highlighted-text); font-weight: bold; }";
-constexpr char clearCellStyle[] =
-    "QLabel { border: 1px solid palette(mid); border-radius: 3px; padding: 1px; }";
+/// With the palette's colours, which a style sheet keeps as they were when it was set.
+QString CellStyle(bool set, const QPalette& palette) {
+    const QString style = set ? QStringLiteral(
+                                    "QLabel { border: 1px solid %1; border-radius: 3px;"
+                                    " padding: 1px; background: %1; color: %2;"
+                                    " font-weight: bold; }")
+                              : QStringLiteral(
+                                    "QLabel { border: 1px solid %1; border-radius: 3px;"
+                                    " padding: 1px; color: %2; }");
+    return style.arg(palette.color(set ? QPalette::Highlight : QPalette::Mid).name(),
+                     palette.color(set ? QPalette::HighlightedText : QPalette::WindowText).name());
+}
 
 constexpr int headingRow = 0;
 constexpr int cellRow = 1;
 constexpr int bitsInGroup = 4;
 
 // Pixels.
-constexpr int cellFrame = 14;
-constexpr int groupGap = 12;
+constexpr int cellFrame = 12;
+constexpr int groupGap = 10;
 constexpr int valueGap = 24;
 constexpr int horizontalSpacing = 3;
 constexpr int verticalSpacing = 2;
@@ -56,6 +65,32 @@ void BitRow::MakeCells(std::vector<QString> names) {
         }
     }
     AddGap(ColumnOf(bitCount_ - 1) + 1, QSizePolicy::MinimumExpanding, valueGap);
+    StyleCells();
+}
+
+/// Cells are wide enough for a digit and its frame at any size of the font.
+void BitRow::StyleCells() {
+    const QString set = CellStyle(true, palette());
+    const QString clear = CellStyle(false, palette());
+    for (QLabel* const cell : cells_) {
+        cell->setFont(font());
+        UseFixedFont(cell);
+        cell->setStyleSheet(cell->text() == QLatin1String("1") ? set : clear);
+        cell->setMinimumWidth(std::max(
+            minCellWidth_, cell->fontMetrics().horizontalAdvance(QLatin1Char('0')) + cellFrame));
+    }
+}
+
+void BitRow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+        StyleCells();
+    }
+}
+
+void BitRow::SetMinCellWidth(int width) {
+    minCellWidth_ = width;
+    StyleCells();
 }
 
 QLabel* BitRow::LabelAt(int row, int column) const {
@@ -81,15 +116,9 @@ QString BitRow::AddHeading(int column, int bit) {
     return {};
 }
 
-/// Wide enough for a digit and its frame at any size of the font.
 QLabel* BitRow::AddCell(int column, const QString& name) {
-    QLabel* cell = LabelAt(cellRow, column);
-    if (cell == nullptr) {
-        cell = AddLabel(cellRow, column, name, QStringLiteral("0"));
-    }
-    UseFixedFont(cell);
-    cell->setMinimumWidth(cell->fontMetrics().horizontalAdvance(QLatin1Char('0')) + cellFrame);
-    return cell;
+    QLabel* const cell = LabelAt(cellRow, column);
+    return cell == nullptr ? AddLabel(cellRow, column, name, QStringLiteral("0")) : cell;
 }
 
 void BitRow::AddGap(int column, QSizePolicy::Policy policy, int width) {
@@ -106,10 +135,10 @@ void BitRow::ShowValue(std::int32_t value) {
             name += QStringLiteral(", ") + names_[i];
         }
         cells_[i]->setText(level);
-        cells_[i]->setStyleSheet(QString::fromLatin1(set ? setCellStyle : clearCellStyle));
         cells_[i]->setToolTip(name);
         cells_[i]->setAccessibleName(name + QStringLiteral(": ") + level);
     }
+    StyleCells();
 }
 
 }  // namespace vx3260

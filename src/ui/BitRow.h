@@ -37,10 +37,18 @@ class BitRow final : public QWidget {
     /// The cells from the most significant bit down.
     const std::vector<QLabel*>& Cells() const { return cells_; }
 
+    /// Makes the cells at least that wide, in pixels.
+    void SetMinCellWidth(int width);
+
     /// Shows "1" in the cells of the bits that are set in `value` and "0" in the others.
     void ShowValue(std::int32_t value);
 
+  protected:
+    /// The cells follow a change of theme or font.
+    void changeEvent(QEvent* event) override;
+
   private:
+    void StyleCells();
     QLabel* LabelAt(int row, int column) const;
     QLabel* AddLabel(int row, int column, const QString& name, const QString& text);
     QLabel* AddCell(int column, const QString& name);
@@ -51,6 +59,7 @@ class BitRow final : public QWidget {
     int firstLabel_ = 1;
     bool descending_ = false;
     QString numberName_ = QStringLiteral("bitNumber");
+    int minCellWidth_ = 0;
     std::vector<QLabel*> cells_;
     std::vector<QString> names_;
 };

@@ -3,9 +3,17 @@
 
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShowEvent>
+#include <QStyle>
+#include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <exception>
+#include <utility>
+
+#include "ui/EntryError.h"
+#include "ui/KeyPresses.h"
 
 namespace vx3260 {
 
@@ -50,17 +58,68 @@ void Form::showEvent(QShowEvent* event) {
     if (event->spontaneous()) {
         return;
     }
-    for (QPushButton* button : findChildren<QPushButton*>()) {
+    PrepareButtons();
+    FitToScreen();
+}
+
+/// The window system tells the size of the window's frame only once the window is on the screen.
+void Form::paintEvent(QPaintEvent* event) {
+    QDialog::paintEvent(event);
+    if (!std::exchange(painted_, true)) {
+        QTimer::singleShot(0, this, &Form::FitToScreen);
+    }
+}
+
+void Form::PrepareButtons() {
+    if (std::exchange(prepared_, true)) {
+        return;
+    }
+    for (QPushButton* const button : findChildren<QPushButton*>()) {
         button->setAutoDefault(false);
         button->setDefault(false);
+        ClickOnEnter(button);
     }
-    // A form larger than its screen is made to fit where it can be, and keeps its title bar on it.
-    const QRect onScreen = screen()->geometry();
+}
+
+void Form::FitToScreen() {
+    if (isMaximized()) {
+        return;
+    }
     const QSize frame = frameGeometry().size() - size();
-    resize(size().boundedTo(screen()->availableGeometry().size() - frame));
+    const QSize space = screen()->availableGeometry().size() - frame;
+    const QSize needed = minimumSizeHint();
+    if (needed.width() > space.width() || needed.height() > space.height()) {
+        MakeScrollable();
+    }
+    resize(size().boundedTo(space));
+    const QRect onScreen = screen()->geometry();
     const QSize whole = size() + frame;
     move(onScreen.left() + std::max(0, (onScreen.width() - whole.width()) / 2),
          onScreen.top() + std::max(0, (onScreen.height() - whole.height()) / 2));
+}
+
+/// Moves everything into a scroll area.
+void Form::MakeScrollable() {
+    if (std::exchange(scrollable_, true)) {
+        return;
+    }
+    QWidget* const focused = focusWidget();
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    auto* const content = new QWidget(area);
+    content->setLayout(layout());
+    area->setWidget(content);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(area);
+    area->show();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize(content->minimumSizeHint() + QSize(bar, bar));
+    if (focused != nullptr) {
+        focused->setFocus();
+    }
 }
 
 void Form::OnSelected(QAbstractButton* option, const std::function<void()>& handler) {
@@ -74,6 +133,11 @@ void Form::OnSelected(QAbstractButton* option, const std::function<void()>& hand
 void Form::Guarded(const std::function<void()>& handler) {
     try {
         handler();
+    } catch (const EntryError& error) {
+        ShowMessage(
+            {.text = error.what(), .icon = MessageIcon::Critical, .detail = error.Advice()});
+        error.Edit()->setFocus();
+        error.Edit()->selectAll();
     } catch (const std::exception& error) {
         ShowMessage({.text = error.what(), .icon = MessageIcon::Critical});
     }

@@ -15,7 +15,8 @@ namespace vx3260 {
 /// What the program's forms have in common: they centre themselves on the screen, open each other
 /// modally, and show the errors of their handlers. A form reads the chip in its constructor; an
 /// exception from there leaves the form unopened and is shown by the opener. Escape and the close
-/// box end in reject(), as "B&ack" does. Enter presses no button.
+/// box end in reject(), as "B&ack" does. Enter clicks the button that has the focus, and no other.
+/// A form larger than its screen gets scroll bars.
 class Form : public QDialog {
     Q_OBJECT
 
@@ -32,8 +33,11 @@ class Form : public QDialog {
     /// Shows why an attempt failed; `detail` says what was left unchanged.
     void ShowFailure(const std::exception& error, const std::string& detail);
 
-    /// Connects a control's signal to a member function of the form. An exception that leaves the
-    /// handler is shown as its text with the critical icon.
+    /// Runs a handler. An exception that leaves it is shown as its text with the critical icon; an
+    /// EntryError also with its advice, and its line edit gets the focus.
+    void Guarded(const std::function<void()>& handler);
+
+    /// Connects a control's signal to a member function of the form, which is run as Guarded does.
     template <typename Sender, typename Signal, typename Derived>
     void On(Sender* sender, Signal signal, void (Derived::*handler)()) {
         connect(sender, signal, this, [this, handler] {
@@ -57,14 +61,20 @@ class Form : public QDialog {
     void ShowBoardLabel(QLabel* label);
 
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
-    void Guarded(const std::function<void()>& handler);
     void ColourBoardLabel();
+    void PrepareButtons();
+    void FitToScreen();
+    void MakeScrollable();
 
     Services& services_;
     QLabel* boardLabel_ = nullptr;
+    bool prepared_ = false;
+    bool scrollable_ = false;
+    bool painted_ = false;
 };
 
 }  // namespace vx3260

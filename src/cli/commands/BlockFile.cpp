@@ -10,7 +10,7 @@
 namespace vx3260 {
 
 std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation, std::ostream& err) {
-    auto [codes, warning] = LoadCodes(path, notation);
+    auto [codes, look, warning] = LoadCodes(path, notation);
     const auto timeout = std::find(codes.begin(), codes.end(), ReadTimeout);
     if (timeout != codes.end()) {
         throw BadDataError(path + ": line " + std::to_string(timeout - codes.begin() + 1) +

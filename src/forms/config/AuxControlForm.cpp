@@ -31,7 +31,7 @@ AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
     };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &AuxControlForm::reject);
-    MakeBits(*ui_->Bits, RegisterMap::AuxControlFields);
+    MakeBits(*ui_->Bits);
     Load(*ui_->Bits, ui_->AuxControlLabel, channels);
 }
 
@@ -59,7 +59,7 @@ void AuxControlForm::ConnectOptions() {
          error,
          {.always = [this] { State().Polarity = vx3260::Polarity::Unipolar; },
           .beforeReading = [this] { ShowClickedUnipolar(); },
-          .atTheEnd = [this] { ShowClickedUnipolar(); }}},
+          .atTheEnd = [this] { ShowClickedReference(); }}},
         {ui_->OptBipolar,
          RegisterMap::Polarity,
          0,
@@ -86,9 +86,13 @@ void AuxControlForm::FollowBits(std::int32_t value) {
     ShowCaptions(references_, RegisterMap::Polarity.CodeIn(value) != 0);
 }
 
-/// After a click the first caption lacks its dash until the next refresh; intentional.
 void AuxControlForm::ShowClickedUnipolar() {
     ShowCaptions(references_, true);
+    ShowClickedReference();
+}
+
+/// After a click the caption lacks its dash until the form is opened again; intentional.
+void AuxControlForm::ShowClickedReference() {
     ui_->OptREF->setText(QStringLiteral("0 REFIN2"));
 }
 

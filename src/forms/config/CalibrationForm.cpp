@@ -6,18 +6,17 @@
 #include <cmath>
 
 #include "app/MessageTexts.h"
+#include "link/RegisterLookup.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
+#include "ui/ValueTexts.h"
 #include "ui_CalibrationForm.h"
 
 namespace vx3260 {
 namespace {
-
-bool IsEnter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
 
 /// Enter and Backspace are typed like characters; Escape, arrows, Delete and shortcuts are not.
 bool MakesCharacter(const QKeyEvent& key) {
@@ -40,8 +39,10 @@ CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& tr
     : Form(services, parent),
       ui_(std::make_unique<Ui::CalibrationForm>()),
       traits_(traits),
-      zeroScale_{Register(services.port, services.state.PortAddress, traits.zeroScale)},
-      fullScale_{Register(services.port, services.state.PortAddress, traits.fullScale)},
+      zeroScale_{traits.zeroScale,
+                 Register(services.port, services.state.PortAddress, traits.zeroScale)},
+      fullScale_{traits.fullScale,
+                 Register(services.port, services.state.PortAddress, traits.fullScale)},
       modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
     ui_->setupUi(this);
     NameControls();
@@ -79,6 +80,7 @@ void CalibrationForm::SetUp(Coefficient& coefficient, const QString& name) {
     UseValueFont(coefficient.hexLabel);
     UseFixedFont(coefficient.entry);
     coefficient.entry->installEventFilter(this);
+    SelectTextOnFocus(coefficient.entry);
     coefficient.value = coefficient.reg.ReadValue();
 }
 
@@ -87,7 +89,8 @@ bool CalibrationForm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<const QKeyEvent*>(event);
         if (MakesCharacter(key)) {
-            KeyPressed(watched == zeroScale_.entry ? zeroScale_ : fullScale_, IsEnter(key));
+            Coefficient& coefficient = watched == zeroScale_.entry ? zeroScale_ : fullScale_;
+            Guarded([this, &coefficient, &key] { KeyPressed(coefficient, IsEnter(key)); });
         }
     }
     return Form::eventFilter(watched, event);
@@ -99,11 +102,13 @@ void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
     try {
         if (!RegisterMap::IsPowerDown(modeRegister_.ReadValue())) {
             ShowMessage({.text = std::string(MessageTexts::CalibrationNeedsPowerDown),
-                         .icon = MessageIcon::Exclamation});
-            return;
+                         .icon = MessageIcon::Exclamation,
+                         .detail = "Select \"Power Down Mode\" in the mode register first."});
+        } else if (enter) {
+            Program(coefficient);
         }
         if (enter) {
-            Program(coefficient);
+            coefficient.entry->selectAll();
         }
     } catch (const RuntimeError&) {
         coefficient.entry->clear();
@@ -115,9 +120,13 @@ void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.value = TypedValue(coefficient);
     coefficient.reg.RegValue = coefficient.value;
     coefficient.reg.WriteReg();
-    if (coefficient.reg.ReadValue() != coefficient.value) {
+    const std::int32_t readBack = coefficient.reg.ReadValue();
+    if (readBack != coefficient.value) {
         ShowMessage({.text = std::string(MessageTexts::CoefficientNotVerified),
-                     .icon = MessageIcon::Exclamation});
+                     .icon = MessageIcon::Exclamation,
+                     .detail = MessageTexts::MismatchDetail(
+                         Shared().port, RegisterMap::DescriptionOf(coefficient.access),
+                         static_cast<std::int32_t>(coefficient.value), readBack)});
         return;
     }
     RefreshDisplay();
@@ -142,7 +151,7 @@ void CalibrationForm::ShowCoefficient(const Coefficient& coefficient) const {
     constexpr int bitsPerDigit = 4;
     const QString hex =
         QString::fromStdString(HexText(value, coefficient.reg.WordLength / bitsPerDigit));
-    coefficient.hexLabel->setText(hex);
+    ShowHex(coefficient.hexLabel, hex, value);
     coefficient.entry->setText(hex);
 }
 

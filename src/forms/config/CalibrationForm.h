@@ -42,6 +42,7 @@ class CalibrationForm : public Form {
   private:
     /// The display is drawn from `value`: what was read at load, or typed last.
     struct Coefficient {
+        RegisterMap::RegisterAccess access;
         Register reg;
         QLineEdit* entry = nullptr;
         QLabel* hexLabel = nullptr;

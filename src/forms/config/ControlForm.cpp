@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/config/ControlForm.h"
 
-#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 
 namespace vx3260 {
 
@@ -29,7 +29,7 @@ bool ControlForm::ReadChcon() {
 }
 
 void ControlForm::ShowReadBack(std::int32_t readBack) {
-    valueLabel_->setText(QString::fromStdString(HexText(readBack)));
+    ShowHex(valueLabel_, readBack);
     RefreshControlBits();
 }
 
@@ -47,7 +47,7 @@ void ControlForm::RefreshControlOptions() {
         const std::int32_t value = ReadRegister();
         KeepValue(value);
         SelectOptions(value);
-        valueLabel_->setText(QString::number(value));
+        ShowDecimal(valueLabel_, value);
     });
 }
 

@@ -2,13 +2,17 @@
 #include "forms/config/Filterform.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "app/MessageTexts.h"
 #include "link/FilterRate.h"
+#include "link/RegisterLookup.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
+#include "ui/ValueTexts.h"
 #include "ui_Filterform.h"
 
 namespace vx3260 {
@@ -34,9 +38,21 @@ QString WordText(std::int32_t filterWord) {
     return QString::fromStdString(HexText(filterWord));
 }
 
-/// Whole hertz. Throws TypeMismatchError if the text is not a number or the format leaves no digit.
+bool IsNegative(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    return first != std::string_view::npos && text[first] == '-';
+}
+
+/// Whole hertz; a number beyond 16 bits gives the nearest. Throws TypeMismatchError if the text is
+/// not a number.
 std::int16_t TypedRate(const std::string& text) {
-    return TextToInt16(FormatNumber(TextToDouble(text), typedRateFormat));
+    try {
+        const std::string rate = FormatNumber(TextToDouble(text), typedRateFormat);
+        return rate == "." ? std::int16_t{0} : TextToInt16(rate);
+    } catch (const OverflowError&) {
+        using Limits = std::numeric_limits<std::int16_t>;
+        return IsNegative(text) ? Limits::min() : Limits::max();
+    }
 }
 
 }  // namespace
@@ -50,6 +66,8 @@ Filterform::Filterform(Services& services, QWidget* parent)
     UseValueFont(ui_->Filterlabel);
     ShowBoardLabel(ui_->BadgeLabel);
     ui_->Bits->MakeCells();
+    SelectTextOnFocus(ui_->TxtFilter);
+    SelectTextOnFocus(ui_->TxtUpdate);
     On(ui_->TxtFilter, &QLineEdit::returnPressed, &Filterform::ApplyFilterWord);
     On(ui_->TxtUpdate, &QLineEdit::returnPressed, &Filterform::ApplyUpdateRate);
     On(ui_->Command1, &QPushButton::clicked, &Filterform::reject);
@@ -57,6 +75,7 @@ Filterform::Filterform(Services& services, QWidget* parent)
     State().FilterValue = ReadRegister();
     if (State().FilterValue == 0) {
         ShowMessage({.text = std::string(MessageTexts::ErrorReading)});
+        ui_->Bits->ShowValue(0);
         return;
     }
     ShowFilterSetting();
@@ -77,7 +96,7 @@ void Filterform::ShowFilterSetting() {
 void Filterform::RefreshFilterBits() {
     State().FilterValue = ReadRegister();
     ui_->Bits->ShowValue(State().FilterValue);
-    ui_->Filterlabel->setText(WordText(State().FilterValue));
+    ShowHex(ui_->Filterlabel, State().FilterValue);
 }
 
 void Filterform::ApplyFilterWord() {
@@ -92,16 +111,18 @@ void Filterform::ApplyFilterWord() {
         return;
     }
     if (word > MaxFilterWord) {
-        ShowExclamation(MessageTexts::FilterWordTooLarge);
+        Refuse(ui_->TxtFilter, QString::fromUtf8(MessageTexts::FilterWordTooLarge));
         return;
     }
     if (word < MinFilterWord) {
-        ShowExclamation("The minimum Filter Word is " + HexText(MinFilterWord) + " Hex");
+        Refuse(ui_->TxtFilter,
+               tr("The minimum Filter Word is %1 Hex").arg(WordText(MinFilterWord)));
         return;
     }
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedWord));
     ui_->TxtFilter->setText(WordText(word));
     Program(word, MessageTexts::ErrorProgrammingSmallP);
+    ui_->TxtFilter->selectAll();
 }
 
 void Filterform::ApplyUpdateRate() {
@@ -120,14 +141,19 @@ void Filterform::ApplyUpdateRate() {
     ui_->TxtFilter->setText(WordText(word));
     ui_->TxtUpdate->setText(RateText(word, rateOfTypedRate));
     Program(word, MessageTexts::ErrorProgramming);
+    ui_->TxtUpdate->selectAll();
 }
 
 void Filterform::Program(std::int32_t filterWord, std::string_view errorText) {
     register_.RegValue = filterWord;
     register_.WriteReg();
     RefreshFilterBits();
-    if (ReadRegister() != filterWord) {
-        ShowExclamation(errorText);
+    const std::int16_t readBack = ReadRegister();
+    if (readBack != filterWord) {
+        ShowExclamation(
+            errorText, MessageTexts::MismatchDetail(Shared().port,
+                                                    RegisterMap::DescriptionOf(RegisterMap::Filter),
+                                                    filterWord, readBack));
     }
 }
 
@@ -137,8 +163,8 @@ void Filterform::Refuse(QLineEdit* edit, const QString& reason) {
     edit->setFocus();
 }
 
-void Filterform::ShowExclamation(std::string_view text) {
-    ShowMessage({.text = std::string(text), .icon = MessageIcon::Exclamation});
+void Filterform::ShowExclamation(std::string_view text, const std::string& detail) {
+    ShowMessage({.text = std::string(text), .icon = MessageIcon::Exclamation, .detail = detail});
 }
 
 }  // namespace vx3260

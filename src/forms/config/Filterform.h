@@ -33,7 +33,7 @@ class Filterform final : public Form {
     void Program(std::int32_t filterWord, std::string_view errorText);
     std::int16_t ReadRegister();
     void Refuse(QLineEdit* edit, const QString& reason);
-    void ShowExclamation(std::string_view text);
+    void ShowExclamation(std::string_view text, const std::string& detail = {});
 
     std::unique_ptr<Ui::Filterform> ui_;
     Register register_;

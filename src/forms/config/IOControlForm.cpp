@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/config/IOControlForm.h"
 
-#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 #include "ui_IOControlForm.h"
 
 namespace vx3260 {
@@ -15,7 +15,7 @@ IOControlForm::IOControlForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->HeadingLabel);
     UseValueFont(ui_->IOControlLabel);
     ShowBoardLabel(ui_->BadgeLabel);
-    MakeBits(*ui_->Bits, RegisterMap::IOControlFields);
+    MakeBits(*ui_->Bits);
     switchPins_ = {
         {ui_->OptP1Power, ui_->OptP1Tri, ui_->OptP1IO, ui_->OptP1High, ui_->OptP1Low, &P1Function,
          &P1Status},
@@ -133,7 +133,7 @@ void IOControlForm::RefreshDisplay() {
         const std::int32_t value = ReadRegister();
         KeepValue(value);
         ui_->Bits->ShowValue(value);
-        ui_->IOControlLabel->setText(QString::fromStdString(HexText(value)));
+        ShowHex(ui_->IOControlLabel, value);
     });
 }
 

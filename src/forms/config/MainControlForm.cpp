@@ -27,7 +27,7 @@ MainControlForm::MainControlForm(Services& services, QWidget* parent)
     };
     ConnectOptions();
     On(ui_->Command1, &QPushButton::clicked, &MainControlForm::reject);
-    MakeBits(*ui_->Bits, RegisterMap::MainControlFields);
+    MakeBits(*ui_->Bits);
     Load(*ui_->Bits, ui_->mainControlLabel, channels);
 }
 

@@ -5,8 +5,8 @@
 #include <QScopeGuard>
 
 #include "link/Calibration.h"
-#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 #include "ui_ModeForm.h"
 
 namespace vx3260 {
@@ -17,7 +17,7 @@ ModeForm::ModeForm(Services& services, QWidget* parent)
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->modeLabel);
     ShowBoardLabel(ui_->BadgeLabel);
-    MakeBits(*ui_->Bits, RegisterMap::ModeFields);
+    MakeBits(*ui_->Bits);
     ConnectOptions();
     On(ui_->Command3, &QPushButton::clicked, &ModeForm::reject);
 
@@ -65,7 +65,7 @@ void ModeForm::KeepValue(std::int32_t value) {
 }
 
 void ModeForm::ShowReadBack(std::int32_t readBack) {
-    ui_->modeLabel->setText(QString::fromStdString(HexText(readBack)));
+    ShowHex(ui_->modeLabel, readBack);
     RefreshBitLabels();
 }
 
@@ -81,7 +81,7 @@ void ModeForm::RefreshModeForm() {
         for (const RegisterMap::Field& field : RegisterMap::ModeFields) {
             SelectOption(field, value);
         }
-        ui_->modeLabel->setText(QString::fromStdString(HexText(value)));
+        ShowHex(ui_->modeLabel, value);
     });
 }
 
@@ -90,21 +90,34 @@ void ModeForm::Calibrate(std::int32_t mode) {
         ShowMessage(*prompt);
     }
     KeepValue(StartCalibration(ChipRegister(), mode));
+    ui_->CalDoneLabel->clear();
     ui_->CalLabel->setText(tr("VX3260 Calibrating"));
     ui_->CalLabel->repaint();
-    if (!WaitForCalibrationEnd()) {
+    const bool done = WaitForCalibrationEnd();
+    if (!done) {
         ShowMessage({.text = std::string(MessageTexts::ErrorCalibrating),
-                     .icon = MessageIcon::Exclamation});
+                     .icon = MessageIcon::Exclamation,
+                     .detail = std::string(MessageTexts::CalibrationTimeoutDetail)});
     }
+    ShowCalibrationEnd(mode, done);
     // After the internal zero scale the register is not read again: the form shows it as it was
     // before the calibration; intentional.
     if (mode == RegisterMap::InternalZeroScale) {
-        ui_->modeLabel->setText(QStringLiteral("0"));
+        ShowHex(ui_->modeLabel, 0);
     } else {
         KeepValue(ReadRegister());
     }
     ui_->CalLabel->clear();
     RefreshModeForm();
+}
+
+void ModeForm::ShowCalibrationEnd(std::int32_t mode, bool done) {
+    static constexpr const char* names[] = {QT_TR_NOOP("Internal zero-scale calibration"),
+                                            QT_TR_NOOP("Internal full-scale calibration"),
+                                            QT_TR_NOOP("System zero-scale calibration"),
+                                            QT_TR_NOOP("System full-scale calibration")};
+    const QString name = tr(names[mode - RegisterMap::InternalZeroScale]);
+    ui_->CalDoneLabel->setText((done ? tr("%1 done") : tr("%1 did not end")).arg(name));
 }
 
 bool ModeForm::WaitForCalibrationEnd() {

@@ -32,6 +32,7 @@ class ModeForm final : public RegisterForm {
     /// mode register, whose mode the chip changes by itself.
     void Calibrate(std::int32_t mode);
     bool WaitForCalibrationEnd();
+    void ShowCalibrationEnd(std::int32_t mode, bool done);
 
     std::unique_ptr<Ui::ModeForm> ui_;
 };

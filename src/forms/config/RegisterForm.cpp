@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/config/RegisterForm.h"
 
+#include <QGroupBox>
 #include <QScopeGuard>
 #include <QString>
 #include <algorithm>
 #include <utility>
+
+#include "ui/KeyPresses.h"
 
 namespace vx3260 {
 namespace {
@@ -30,7 +33,9 @@ std::vector<QString> BitNames(std::span<const RegisterMap::Field> fields, int bi
 
 RegisterForm::RegisterForm(Services& services, const RegisterMap::RegisterAccess& access,
                            QWidget* parent)
-    : Form(services, parent), register_(services.port, services.state.PortAddress, access) {}
+    : Form(services, parent),
+      description_(RegisterMap::DescriptionOf(access)),
+      register_(services.port, services.state.PortAddress, access) {}
 
 void RegisterForm::SetOptions(std::vector<Option> options) {
     options_ = std::move(options);
@@ -42,10 +47,17 @@ void RegisterForm::SetOptions(std::vector<Option> options) {
             }
             if (option.steps.inPlaceOfWrite) {
                 option.steps.inPlaceOfWrite();
+                FocusSelected(*option.button->parentWidget());
             } else {
                 Program(option);
             }
         });
+    }
+    // An arrow key must not start a calibration.
+    for (const QWidget* const frame : findChildren<QGroupBox*>()) {
+        const auto buttons =
+            frame->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+        MoveFocusByArrows({buttons.begin(), buttons.end()});
     }
 }
 
@@ -58,7 +70,10 @@ void RegisterForm::Program(const Option& option) {
     if (write.Verified() || (write.readBack & steps.alsoGoodWith) != 0) {
         Do(steps.onSuccess);
     } else {
-        ShowMessage({.text = std::string(option.errorText), .icon = MessageIcon::Exclamation});
+        ShowMessage({.text = std::string(option.errorText),
+                     .icon = MessageIcon::Exclamation,
+                     .detail = MessageTexts::MismatchDetail(Shared().port, description_,
+                                                            write.wanted, write.readBack)});
         if (steps.mismatchEnds) {
             return;
         }
@@ -80,13 +95,13 @@ std::int32_t RegisterForm::ReadRegister() {
     return register_.ReadValue();
 }
 
-void RegisterForm::MakeBits(BitRow& row, std::span<const RegisterMap::Field> fields) const {
-    row.MakeCells(BitNames(fields, register_.WordLength));
+void RegisterForm::MakeBits(BitRow& row) const {
+    row.MakeCells(BitNames(description_.fields, register_.WordLength));
 }
 
-void RegisterForm::showEvent(QShowEvent* event) {
-    Form::showEvent(event);
-    const QList<QRadioButton*> buttons = findChildren<QRadioButton*>();
+/// Gives the focus to the first selected option.
+void RegisterForm::FocusSelected(const QWidget& within) {
+    const QList<QRadioButton*> buttons = within.findChildren<QRadioButton*>();
     const auto selected = std::find_if(buttons.begin(), buttons.end(),
                                        [](const QRadioButton* b) { return b->isChecked(); });
     if (selected != buttons.end()) {
@@ -94,10 +109,15 @@ void RegisterForm::showEvent(QShowEvent* event) {
     }
 }
 
+void RegisterForm::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    FocusSelected(*this);
+}
+
 void RegisterForm::WhileLoading(const std::function<void()>& refresh) {
     std::int16_t& loading = State().FormLoading;
+    const auto loaded = qScopeGuard([&loading, before = loading] { loading = before; });
     loading = 1;
-    const auto loaded = qScopeGuard([&loading] { loading = 0; });
     refresh();
 }
 

@@ -12,6 +12,7 @@
 #include "link/FieldWrite.h"
 #include "link/Register.h"
 #include "link/RegisterFields.h"
+#include "link/RegisterLookup.h"
 #include "ui/BitRow.h"
 #include "ui/Form.h"
 
@@ -59,13 +60,13 @@ class RegisterForm : public Form {
     Register& ChipRegister() { return register_; }
 
     /// Makes the row's cells, each named for the field that its bit belongs to.
-    void MakeBits(BitRow& row, std::span<const RegisterMap::Field> fields) const;
+    void MakeBits(BitRow& row) const;
 
     bool Loading() { return State().FormLoading != 0; }
     /// Runs `refresh` with FormLoading set.
     void WhileLoading(const std::function<void()>& refresh);
 
-    /// The arrow keys go on from the option that is selected, not from the first one.
+    /// Begins at the option that is selected, not at the first one.
     void showEvent(QShowEvent* event) override;
 
     /// Where the form keeps the register as it was read.
@@ -75,7 +76,9 @@ class RegisterForm : public Form {
 
   private:
     void Program(const Option& option);
+    static void FocusSelected(const QWidget& within);
 
+    const RegisterMap::RegisterDescription& description_;
     Register register_;
     std::vector<Option> options_;
 };

@@ -1,18 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/BlockReadingForm.h"
 
+#include "acquisition/ProgressText.h"
 #include "acquisition/Reading.h"
 #include "analysis/forms/CountRefusal.h"
 #include "app/MessageTexts.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
+#include "ui/EntryError.h"
 #include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
 
 namespace vx3260 {
 namespace {
 
 /// How often the progress bar is drawn at most.
 constexpr qint64 progressMilliseconds = 40;
+
+/// Throws if the text is not a number or not the size of a block.
+std::int16_t BlockSizeOf(const std::string& text) {
+    const std::int16_t size = TextToInt16(text);
+    CheckBlockSize(size);
+    return size;
+}
 
 }  // namespace
 
@@ -23,6 +33,7 @@ void BlockReadingForm::Load(const BlockControls& controls) {
     controls_ = controls;
     controls.progress->reset();
     UseFixedFont(controls.currentCode);
+    SelectTextOnFocus(controls.size);
     On(controls.read, &QPushButton::clicked, &BlockReadingForm::ReadForAnalysis);
     On(controls.size, &QLineEdit::returnPressed, &BlockReadingForm::ReadForAnalysis);
     On(controls.analyse, &QPushButton::clicked, &BlockReadingForm::AnalyseBlock);
@@ -32,19 +43,20 @@ void BlockReadingForm::ReadForAnalysis() {
     if (Loop().Running()) {
         return;
     }
-    const std::int16_t size = TextToInt16(controls_.size->text().toStdString());
-    CheckBlockSize(size);
+    const std::int16_t size = Entered(
+        controls_.size, "Number of Codes to Read: a whole number from 1 to 32767.", BlockSizeOf);
     if (RefusedAsDisabled()) {
         return;
     }
     PrepareReading();
     controls_.progress->setRange(0, size);
-    controls_.progress->setValue(0);
+    sinceStart_.start();
     sinceProgress_.start();
+    ShowProgress(0);
     const ReadingEnd end = Loop().Run([this, size](const ReadingHooks& hooks) {
         return ReadBlock(Reader(), Block(), size, hooks);
     });
-    controls_.progress->setValue(Block().count);
+    ShowProgress(Block().count);
     if (end != ReadingEnd::TimedOut) {
         BlockRead();
     }
@@ -75,9 +87,16 @@ void BlockReadingForm::PrepareReading() {
 void BlockReadingForm::FollowProgress() {
     if (sinceProgress_.isValid() && sinceProgress_.elapsed() >= progressMilliseconds) {
         // The count is the number of the code that is read next.
-        controls_.progress->setValue(Block().count - 1);
+        ShowProgress(Block().count - 1);
         sinceProgress_.restart();
     }
+}
+
+void BlockReadingForm::ShowProgress(int done) {
+    QProgressBar* const bar = controls_.progress;
+    const std::chrono::milliseconds elapsed(sinceStart_.elapsed());
+    bar->setFormat(QString::fromStdString(ProgressText(done, bar->maximum(), elapsed)));
+    bar->setValue(done);
 }
 
 void BlockReadingForm::ShowCode(std::int32_t code) {

@@ -47,11 +47,13 @@ class BlockReadingForm : public ReadingForm {
     void ReadForAnalysis();
     void AnalyseBlock();
     void FollowProgress();
+    void ShowProgress(int done);
 
     CodeBlock Block() { return State().BlockOf(converter_); }
 
     Converter converter_;
     BlockControls controls_{};
+    QElapsedTimer sinceStart_;
     QElapsedTimer sinceProgress_;
 };
 

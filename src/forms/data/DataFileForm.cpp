@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/DataFileForm.h"
 
+#include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QMimeData>
+#include <algorithm>
 
 #include "files/CodeFile.h"
 #include "numbers/NumberText.h"
+#include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
 #include "ui_DataFileForm.h"
 
 namespace vx3260 {
@@ -13,29 +18,74 @@ namespace {
 /// An empty line of this many rows keeps the place for the result, so that nothing moves.
 constexpr int resultRows = 4;
 
+/// The one file that is dragged; empty for anything else.
+QString DraggedFile(const QDropEvent& event) {
+    const QList<QUrl> urls = event.mimeData()->urls();
+    return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+}
+
 QString CodesText(std::int16_t count) {
     return QString::fromStdString(CountText(count, "code"));
 }
 
 }  // namespace
 
-DataFileForm::DataFileForm(Services& services, const DataFileTraits& traits, QWidget* parent)
-    : Form(services, parent), ui_(std::make_unique<Ui::DataFileForm>()), traits_(traits) {
+bool ChooseByLook(DataFileChoice& choice) {
+    const std::string path = choice.path.toStdString();
+    CheckIsNotDevice(path);
+    const std::optional<Notation> look = LookOf(path);
+    if (!look) {
+        return false;
+    }
+    choice.notation = *look;
+    const std::vector<std::int32_t> codes = LoadCodes(path, *look).codes;
+    // Both converters have small codes.
+    return *std::max_element(codes.begin(), codes.end()) > LargestCodeOf(Converter::Aux);
+}
+
+DataFileForm::DataFileForm(Services& services, const DataFileTraits& traits, DataFileChoice* choice,
+                           QWidget* parent)
+    : Form(services, parent),
+      ui_(std::make_unique<Ui::DataFileForm>()),
+      traits_(traits),
+      choice_(choice) {
     ui_->setupUi(this);
     setWindowTitle(traits.title);
+    ui_->HeadingLabel->setText(traits.heading);
+    UseHeadingFont(ui_->HeadingLabel);
+    ShowBoardLabel(ui_->BadgeLabel);
+    setAcceptDrops(true);
     ui_->Command1->setText(traits.command);
     ui_->ResultLabel->setMinimumHeight(resultRows * ui_->ResultLabel->fontMetrics().lineSpacing());
-    ui_->OptDecimal->setChecked(true);
-    ui_->OptMain->setChecked(true);
-    ui_->PathText->selectAll();
+    const DataFileChoice begin = choice == nullptr ? DataFileChoice() : *choice;
+    if (!begin.path.isEmpty()) {
+        ui_->PathText->setText(begin.path);
+    }
+    (begin.notation == Notation::Decimal ? ui_->OptDecimal : ui_->OptHexadecimal)->setChecked(true);
+    (begin.converter == Converter::Main ? ui_->OptMain : ui_->OptAux)->setChecked(true);
+    SelectTextOnFocus(ui_->PathText);
     ShowCounts();
 
-    On(ui_->Command1, &QPushButton::clicked, &DataFileForm::Run);
+    On(ui_->Command1, &QPushButton::clicked, &DataFileForm::RunChosen);
+    On(ui_->PathText, &QLineEdit::returnPressed, &DataFileForm::RunChosen);
     On(ui_->Command2, &QPushButton::clicked, &DataFileForm::reject);
     On(ui_->Command3, &QPushButton::clicked, &DataFileForm::Browse);
 }
 
-DataFileForm::~DataFileForm() = default;
+DataFileForm::~DataFileForm() {
+    if (choice_ != nullptr) {
+        *choice_ = {ui_->PathText->text(), ChosenNotation(), ChosenConverter()};
+    }
+}
+
+void DataFileForm::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(!DraggedFile(*event).isEmpty());
+}
+
+void DataFileForm::dropEvent(QDropEvent* event) {
+    ui_->PathText->setText(QDir::toNativeSeparators(DraggedFile(*event)));
+    event->acceptProposedAction();
+}
 
 Notation DataFileForm::ChosenNotation() const {
     return ui_->OptDecimal->isChecked() ? Notation::Decimal : Notation::Hexadecimal;
@@ -70,7 +120,7 @@ void DataFileForm::Browse() {
     }
 }
 
-void DataFileForm::Run() {
+QString DataFileForm::Run() {
     ui_->ResultLabel->clear();
     try {
         ui_->ResultLabel->setText(Process(Path()));
@@ -79,6 +129,7 @@ void DataFileForm::Run() {
     } catch (const std::runtime_error& error) {
         ShowFailure(error, traits_.failureDetail);
     }
+    return ui_->ResultLabel->text();
 }
 
 std::string DataFileForm::Path() const {

@@ -49,6 +49,9 @@ void PositiveEntry::Apply() {
 void PositiveEntry::Show() {
     if (!IsMarked(edit_)) {
         edit_->setText(QString::fromStdString(FormatNumber(value_, format_)));
+        if (edit_->hasFocus()) {
+            edit_->selectAll();
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
 #include "ui_ReadAuxDataForm.h"
 
 namespace vx3260 {
@@ -21,6 +22,7 @@ ReadAuxDataForm::ReadAuxDataForm(Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::ReadAuxDataForm>()) {
     ui_->setupUi(this);
     UseFixedFont(ui_->TemperatureText);
+    SelectTextOnFocus(ui_->SlopeText);
     LoadTwin(*ui_);
 
     new PositiveEntry(ui_->SlopeText, State().TemperatureSlope, "0.000",

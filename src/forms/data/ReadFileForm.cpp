@@ -9,18 +9,26 @@
 
 namespace vx3260 {
 
-ReadFileForm::ReadFileForm(Services& services, QWidget* parent)
+ReadFileForm::ReadFileForm(Services& services, DataFileChoice* choice, QWidget* parent)
     : DataFileForm(services,
                    {.title = tr("VX3260 Evaluation Software - Read from File"),
+                    .heading = tr("Read from File"),
                     .command = tr("&Read from File"),
                     .dialog = QFileDialog::AcceptOpen,
                     .failureDetail = "The block of codes stays as it was."},
-                   parent) {
+                   choice, parent) {
     setObjectName(QStringLiteral("ReadFileForm"));
 }
 
 QString ReadFileForm::Process(const std::string& path) {
-    const auto [codes, warning] = LoadCodes(path, ChosenNotation());
+    const auto [codes, look, warning] = LoadCodes(path, ChosenNotation());
+    std::vector<std::string> warnings = SuspicionsAbout(codes, ChosenConverter());
+    if (look && *look != ChosenNotation()) {
+        warnings.insert(warnings.begin(), OtherNotationText(*look));
+    }
+    if (!warnings.empty() && !LoadAllTheSame(warnings)) {
+        return tr("Nothing was read.");
+    }
     const CodeBlock block = ChosenBlock();
     block.codes = ToDoubles(codes);
     block.count = static_cast<std::int16_t>(codes.size());
@@ -30,7 +38,6 @@ QString ReadFileForm::Process(const std::string& path) {
         tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
             .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*smallest)),
                  QString::fromStdString(CodeText(*largest)));
-    std::vector<std::string> warnings = SuspicionsAbout(codes, ChosenConverter());
     if (!warning.empty()) {
         warnings.insert(warnings.begin(), warning);
     }
@@ -38,6 +45,18 @@ QString ReadFileForm::Process(const std::string& path) {
         result += tr("\nWarning: %1").arg(QString::fromStdString(text));
     }
     return result;
+}
+
+/// A block in the wrong notation must not replace a good one.
+bool ReadFileForm::LoadAllTheSame(const std::vector<std::string>& warnings) {
+    std::string text = "The file is unlikely to be a block of the " + ChosenName().toStdString() +
+                       " ADC in this notation:\r\n";
+    for (const std::string& warning : warnings) {
+        text += "\r\n" + warning;
+    }
+    return ShowMessage({.text = text + "\r\n\r\nReplace the block all the same ?",
+                        .icon = MessageIcon::Exclamation,
+                        .buttons = MessageButtons::YesNo}) == MessageAnswer::Yes;
 }
 
 }  // namespace vx3260

@@ -6,15 +6,20 @@
 namespace vx3260 {
 
 /// Replaces the chosen converter's block by a data file; the block stays unchanged unless the whole
-/// file is valid.
+/// file is valid, and the user agrees where its codes are suspicious.
 class ReadFileForm final : public DataFileForm {
     Q_OBJECT
 
   public:
-    explicit ReadFileForm(Services& services, QWidget* parent = nullptr);
+    /// `choice` as for DataFileForm.
+    explicit ReadFileForm(Services& services, DataFileChoice* choice = nullptr,
+                          QWidget* parent = nullptr);
 
   protected:
     QString Process(const std::string& path) override;
+
+  private:
+    bool LoadAllTheSame(const std::vector<std::string>& warnings);
 };
 
 }  // namespace vx3260

@@ -7,6 +7,9 @@
 #include "app/MessageTexts.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
+#include "ui/EntryError.h"
+#include "ui/Fonts.h"
+#include "ui/KeyPresses.h"
 
 namespace vx3260 {
 namespace {
@@ -31,12 +34,15 @@ ReadingForm::ReadingForm(Services& services, std::vector<Converter> converters, 
 
 void ReadingForm::Load(const Controls& controls) {
     controls_ = controls;
-    loop_ = new ReadingLoop(controls.prompt, controls.keyTarget, this);
+    loop_ = new ReadingLoop(controls.prompt, controls.stop, controls.keyTarget, this);
     // Composed input is a key press too, and must stop the loop instead of filling this line edit.
     controls.keyTarget->setAttribute(Qt::WA_InputMethodEnabled, false);
+    UseHeadingFont(controls.heading);
     ShowBoardLabel(controls.boardLabel);
     reference_ = new PositiveEntry(controls.reference, State().ReferenceVoltage, "#.00",
                                    tr("Enter a voltage of 0.01 V or more. %1 V stays in use."));
+    SelectTextOnFocus(controls.delay);
+    SelectTextOnFocus(controls.reference);
     On(controls.display, &QPushButton::clicked, &ReadingForm::ReadForDisplay);
     On(controls.delay, &QLineEdit::returnPressed, &ReadingForm::ReadForDisplay);
     On(controls.back, &QPushButton::clicked, &ReadingForm::reject);
@@ -61,7 +67,9 @@ void ReadingForm::ReadForDisplay() {
     if (loop_->Running()) {
         return;
     }
-    const std::int32_t delay = DelayOf(controls_.delay->text().toStdString());
+    const std::int32_t delay =
+        Entered(controls_.delay,
+                "Delay Between Reads: a whole number of milliseconds from 0 to 107374.", DelayOf);
     if (RefusedAsDisabled()) {
         return;
     }

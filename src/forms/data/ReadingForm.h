@@ -28,9 +28,11 @@ class ReadingForm : public Form {
   protected:
     /// The controls that every reading form has.
     struct Controls {
+        QLabel* heading;
         QLineEdit* delay;
         QLineEdit* reference;
         QLabel* prompt;
+        QPushButton* stop;
         QLineEdit* keyTarget;
         QPushButton* display;
         QPushButton* back;
@@ -40,8 +42,8 @@ class ReadingForm : public Form {
     /// All reading forms have them by the same names.
     template <typename Ui>
     static Controls ControlsOf(const Ui& ui) {
-        return {ui.DelayText, ui.RefText,  ui.ReadingLabel, ui.Text1,
-                ui.Command2,  ui.Command4, ui.BadgeLabel};
+        return {ui.HeadingLabel, ui.DelayText, ui.RefText,  ui.ReadingLabel, ui.StopButton,
+                ui.Text1,        ui.Command2,  ui.Command4, ui.BadgeLabel};
     }
 
     /// `converters` are those that must be enabled. The codes are the first one's; the other

@@ -11,8 +11,15 @@
 
 namespace vx3260 {
 
-ReadingLoop::ReadingLoop(QLabel* prompt, QWidget* keyTarget, QObject* parent)
-    : QObject(parent), prompt_(prompt), keyTarget_(keyTarget) {}
+ReadingLoop::ReadingLoop(QLabel* prompt, QAbstractButton* stop, QWidget* keyTarget, QObject* parent)
+    : QObject(parent), prompt_(prompt), stop_(stop), keyTarget_(keyTarget) {
+    // Nothing moves when the button comes and goes.
+    QSizePolicy policy = stop->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    stop->setSizePolicy(policy);
+    stop->hide();
+    connect(stop, &QAbstractButton::clicked, this, &ReadingLoop::Stop);
+}
 
 void ReadingLoop::Stop() {
     if (!running_) {
@@ -20,6 +27,7 @@ void ReadingLoop::Stop() {
     }
     stopRequested_ = true;
     prompt_->clear();
+    stop_->hide();
     emit StopRequested();
 }
 
@@ -28,9 +36,11 @@ ReadingEnd ReadingLoop::Run(const std::function<ReadingEnd(const ReadingHooks&)>
     running_ = true;
     stopRequested_ = false;
     prompt_->setText(tr("Press any key to stop reading"));
+    stop_->show();
     const auto ended = qScopeGuard([this, &focusBefore] {
         running_ = false;
         prompt_->clear();
+        stop_->hide();
         if (focusBefore) {
             focusBefore->setFocus();
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QObject>
 #include <QWidget>
@@ -11,14 +12,16 @@
 
 namespace vx3260 {
 
-/// A form's reading loop: it prompts for a key, any key but a lone modifier stops it, and between
-/// two reads the interface stays alive. Everything runs on the one user-interface thread.
+/// A form's reading loop: it prompts for a key, any key but a lone modifier stops it, and so does a
+/// button that is there meanwhile; between two reads the interface stays alive. Everything runs on
+/// the one user-interface thread.
 class ReadingLoop final : public QObject {
     Q_OBJECT
 
   public:
-    /// `prompt` shows the prompt while a loop runs; `keyTarget` has the focus meanwhile.
-    ReadingLoop(QLabel* prompt, QWidget* keyTarget, QObject* parent);
+    /// `prompt` shows the prompt while a loop runs, and `stop` is there; `keyTarget` has the focus
+    /// meanwhile.
+    ReadingLoop(QLabel* prompt, QAbstractButton* stop, QWidget* keyTarget, QObject* parent);
 
     bool Running() const { return running_; }
 
@@ -40,6 +43,7 @@ class ReadingLoop final : public QObject {
     void BetweenReads();
 
     QLabel* prompt_;
+    QAbstractButton* stop_;
     QWidget* keyTarget_;
     bool running_ = false;
     bool stopRequested_ = false;

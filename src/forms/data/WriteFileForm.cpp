@@ -7,13 +7,14 @@
 
 namespace vx3260 {
 
-WriteFileForm::WriteFileForm(Services& services, QWidget* parent)
+WriteFileForm::WriteFileForm(Services& services, DataFileChoice* choice, QWidget* parent)
     : DataFileForm(services,
                    {.title = tr("VX3260 Evaluation Software - Write to File"),
+                    .heading = tr("Write to File"),
                     .command = tr("&Write to File"),
                     .dialog = QFileDialog::AcceptSave,
                     .failureDetail = "Nothing was written. A file that was there stays as it was."},
-                   parent) {
+                   choice, parent) {
     setObjectName(QStringLiteral("WriteFileForm"));
 }
 

@@ -11,7 +11,9 @@ class WriteFileForm final : public DataFileForm {
     Q_OBJECT
 
   public:
-    explicit WriteFileForm(Services& services, QWidget* parent = nullptr);
+    /// `choice` as for DataFileForm.
+    explicit WriteFileForm(Services& services, DataFileChoice* choice = nullptr,
+                           QWidget* parent = nullptr);
 
   protected:
     QString Process(const std::string& path) override;

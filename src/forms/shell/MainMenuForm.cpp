@@ -2,6 +2,8 @@
 #include "forms/shell/MainMenuForm.h"
 
 #include <QKeyEvent>
+#include <QTime>
+#include <QTimer>
 
 #include "analysis/forms/AuxNoiseForm.h"
 #include "analysis/forms/CountRefusal.h"
@@ -22,7 +24,7 @@
 
 namespace vx3260 {
 
-MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
+MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget* parent)
     : Form(services, parent),
       ui_(std::make_unique<Ui::MainMenuForm>()),
       modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
@@ -35,9 +37,9 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
     On(ui_->Command1, &QPushButton::clicked, &MainMenuForm::OpenForm<ProgramForm>);
     On(ui_->Command2, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadMainDataForm>);
     On(ui_->Command3, &QPushButton::clicked, &MainMenuForm::AnalyseMainNoise);
-    On(ui_->Command4, &QPushButton::clicked, &MainMenuForm::OpenForm<ResetForm>);
-    On(ui_->Command5, &QPushButton::clicked, &MainMenuForm::OpenForm<ReadFileForm>);
-    On(ui_->Command6, &QPushButton::clicked, &MainMenuForm::OpenForm<WriteFileForm>);
+    On(ui_->Command4, &QPushButton::clicked, &MainMenuForm::ResetChip);
+    On(ui_->Command5, &QPushButton::clicked, &MainMenuForm::ReadFile);
+    On(ui_->Command6, &QPushButton::clicked, &MainMenuForm::WriteFile);
     On(ui_->Command7, &QPushButton::clicked, &MainMenuForm::OpenForm<aboutform>);
     On(ui_->Command8, &QPushButton::clicked, &MainMenuForm::Quit);
     On(ui_->Command9, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadAuxDataForm>);
@@ -45,6 +47,10 @@ MainMenuForm::MainMenuForm(Services& services, QWidget* parent)
     On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
     ShowPort();
+    if (!file.empty()) {
+        fileChoice_.path = QString::fromStdString(file);
+        QTimer::singleShot(0, this, [this] { Guarded([this] { BeginWithFile(); }); });
+    }
 }
 
 MainMenuForm::~MainMenuForm() = default;
@@ -78,7 +84,8 @@ void MainMenuForm::ShowPort() {
         ItemOf(port)->setChecked(port.address == State().PortAddress);
     }
     ui_->PortLabel->setText(
-        tr("Port address 0x%1").arg(QString::fromStdString(HexText(State().PortAddress))));
+        tr("Port address 0x%1")
+            .arg(QString::fromStdString(HexText(static_cast<std::uint16_t>(State().PortAddress)))));
 }
 
 template <typename Opened>
@@ -103,6 +110,38 @@ bool MainMenuForm::EnsureContinuousConversion() {
     modeRegister_.RegValue = mode | RegisterMap::ContinuousConversion;
     modeRegister_.WriteReg();
     return true;
+}
+
+/// The chip gives no answer to a reset, so this line is all that shows it.
+void MainMenuForm::ResetChip() {
+    ResetForm form(Shared(), this);
+    if (form.exec() == Accepted) {
+        ShowNotice(tr("%1 sent; the registers have their reset values").arg(form.Performed()));
+    }
+}
+
+void MainMenuForm::ShowNotice(const QString& text) {
+    ui_->NoticeLabel->setText(QTime::currentTime().toString() + QStringLiteral("  ") + text);
+}
+
+void MainMenuForm::ReadFile() {
+    OpenForm<ReadFileForm>(&fileChoice_);
+}
+
+void MainMenuForm::WriteFile() {
+    OpenForm<WriteFileForm>(&fileChoice_);
+}
+
+/// Loads the file at once where its look tells notation and converter. Otherwise the user chooses.
+void MainMenuForm::BeginWithFile() {
+    const bool certain = ChooseByLook(fileChoice_);
+    ReadFileForm form(Shared(), &fileChoice_, this);
+    const QString result = certain ? form.Run() : QString();
+    if (result.isEmpty()) {
+        form.exec();
+    } else {
+        ShowNotice(result);
+    }
 }
 
 void MainMenuForm::AnalyseMainNoise() {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/PrinterPorts.h"
+#include "forms/data/DataFileForm.h"
 #include "link/Register.h"
 #include "ui/Form.h"
 
@@ -20,7 +21,9 @@ class MainMenuForm final : public Form {
     Q_OBJECT
 
   public:
-    explicit MainMenuForm(Services& services, QWidget* parent = nullptr);
+    /// `file`, which may be empty, is a data file that is loaded once the menu is open.
+    explicit MainMenuForm(Services& services, const std::string& file = {},
+                          QWidget* parent = nullptr);
     ~MainMenuForm() override;
 
   protected:
@@ -32,7 +35,10 @@ class MainMenuForm final : public Form {
     template <typename Opened>
     void OpenConverting();
 
+    void ReadFile();
+    void WriteFile();
     void AnalyseMainNoise();
+    void ResetChip();
     void AnalyseAuxNoise();
     void Quit();
 
@@ -43,7 +49,11 @@ class MainMenuForm final : public Form {
     void ChoosePort(const PrinterPort& port);
     void ShowPort();
 
+    void BeginWithFile();
+    void ShowNotice(const QString& text);
+
     std::unique_ptr<Ui::MainMenuForm> ui_;
+    DataFileChoice fileChoice_;
     Register modeRegister_;
 };
 

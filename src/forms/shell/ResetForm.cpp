@@ -21,11 +21,13 @@ ResetForm::~ResetForm() = default;
 
 void ResetForm::ResetByLine() {
     HardwareReset(Shared().port, State().PortAddress);
+    performed_ = tr("hardware reset");
     accept();
 }
 
 void ResetForm::ResetByOnes() {
     SoftwareReset(Shared().port, State().PortAddress);
+    performed_ = tr("software reset");
     accept();
 }
 

@@ -19,11 +19,15 @@ class ResetForm final : public Form {
     explicit ResetForm(Services& services, QWidget* parent = nullptr);
     ~ResetForm() override;
 
+    /// The reset that closed the form: "hardware reset".
+    QString Performed() const { return performed_; }
+
   private:
     void ResetByLine();
     void ResetByOnes();
 
     std::unique_ptr<Ui::ResetForm> ui_;
+    QString performed_;
 };
 
 }  // namespace vx3260

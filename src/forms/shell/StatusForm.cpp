@@ -2,8 +2,8 @@
 #include "forms/shell/StatusForm.h"
 
 #include "link/Register.h"
-#include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 #include "ui_StatusForm.h"
 
 namespace vx3260 {
@@ -21,10 +21,8 @@ StatusForm::StatusForm(Services& services, QWidget* parent)
     ui_->Bits->MakeCells();
     ui_->Bits->ShowValue(value);
     const int widestHeading = ui_->Label15->sizeHint().width();
-    for (QLabel* bit : ui_->Bits->Cells()) {
-        bit->setMinimumWidth(widestHeading);
-    }
-    ui_->StatusLabel->setText(QString::fromStdString(HexText(value)));
+    ui_->Bits->SetMinCellWidth(widestHeading);
+    ShowHex(ui_->StatusLabel, value);
 }
 
 StatusForm::~StatusForm() = default;

@@ -33,9 +33,9 @@ TEST_F(CalibrationFormsTest, RefuseEachKeyOutsidePowerDown) {
     Box("MainZeroText").clear();
     const std::tuple<Qt::Key, Qt::KeyboardModifier, bool> keys[] = {
         {Qt::Key_1, Qt::NoModifier, true},         {Qt::Key_X, Qt::NoModifier, true},
-        {Qt::Key_Backspace, Qt::NoModifier, true}, {Qt::Key_Return, Qt::NoModifier, true},
-        {Qt::Key_Delete, Qt::NoModifier, false},   {Qt::Key_Left, Qt::NoModifier, false},
-        {Qt::Key_1, Qt::ControlModifier, false}};
+        {Qt::Key_Backspace, Qt::NoModifier, true}, {Qt::Key_Delete, Qt::NoModifier, false},
+        {Qt::Key_Left, Qt::NoModifier, false},     {Qt::Key_1, Qt::ControlModifier, false},
+        {Qt::Key_Return, Qt::NoModifier, true}};
     for (const auto& [key, modifier, refused] : keys) {
         QTest::keyClick(&Box("MainZeroText"), key, modifier);
         EXPECT_EQ(bench->messages.Take(),

@@ -26,10 +26,22 @@ TEST_F(ModeFormTest, CalibratesAndReadsTheRegisterAgain) {
     }
 }
 
-TEST_F(ModeFormTest, ArrowKeysGoThroughItsOptions) {
+TEST_F(ModeFormTest, ArrowKeysMoveTheFocusAndTabEntersAtTheSelectedOption) {
     Open<ModeForm>();
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifier modifier = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifier);
+        EXPECT_EQ(Contents(modeAt), 0x03U);
+        return QApplication::focusWidget()->objectName();
+    };
     EXPECT_TRUE(Find(*form, "OptMD3").hasFocus());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(press(Qt::Key_Down), "OptMD4");
+    EXPECT_EQ(press(Qt::Key_Return), "OptMD4");
+    EXPECT_EQ(press(Qt::Key_Up), "OptMD3");
+    EXPECT_EQ(press(Qt::Key_Left), "OptMD2");
+    EXPECT_EQ(press(Qt::Key_Tab), "OptOscOn");
+    EXPECT_EQ(press(Qt::Key_Backtab, Qt::ShiftModifier), "OptMD3");
+    EXPECT_EQ(press(Qt::Key_Up), "OptMD2");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_EQ(Contents(modeAt), 0x02U);
     QTest::keyClick(form.get(), Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
@@ -39,7 +51,8 @@ TEST_F(ModeFormTest, ShowsTheRegisterOfBeforeAnInternalZeroCalibration) {
     Open<ModeForm>();
     EXPECT_EQ(ClickOn("OptMD4"), "");
     EXPECT_TRUE(Checked(*form, "OptMD3"));
-    Expect("modeLabel: 3 | Label7: 1");
+    Expect("modeLabel: 3 | Label7: 1 | CalDoneLabel: Internal zero-scale calibration done");
+    EXPECT_TRUE(Find(*form, "OptMD3").hasFocus());
     EXPECT_EQ(Contents(modeAt), 0x01U);
     EXPECT_NE(Contents(mainZeroScaleAt), 0x800000U);
 }

@@ -49,6 +49,7 @@ TEST_F(DataFileFormsTest, BringBackWhatWasWritten) {
         EXPECT_NE(TextOf(*form, "ResultLabel").find(path), std::string::npos);
 
         bench->state.MainCodeCount = bench->state.AuxCodeCount = 0;
+        bench->messages.answers = {MessageAnswer::Yes};
         Open<ReadFileForm>();
         Do(path, notation, option);
         EXPECT_EQ(block.codes, codes) << bytes;
@@ -67,7 +68,13 @@ TEST_F(DataFileFormsTest, ShowWhatWasRead) {
     Expect(
         "MainCountLabel: 3 codes | ResultLabel: Read 3 codes into the Main ADC's block.\n"
         "Smallest 8388608 (800000), largest 8388625 (800011).");
-    Do(folder.Make("hex.dat", "1\n10000"), "OptHexadecimal", "OptAux");
+    const std::string hex = folder.Make("hex.dat", "1\n10000");
+    bench->messages.answers = {MessageAnswer::No, MessageAnswer::Yes};
+    EXPECT_NE(Do(hex, "OptHexadecimal", "OptAux").find("Replace the block all the same ?"),
+              std::string::npos);
+    EXPECT_EQ(bench->state.AuxCodes, std::vector<double>{1});
+    Expect("ResultLabel: Nothing was read.");
+    Do(hex, "OptHexadecimal", "OptAux");
     Expect(
         "ResultLabel: Read 2 codes into the Aux ADC's block.\n"
         "Smallest 1 (1), largest 65536 (10000).\n"
@@ -120,6 +127,20 @@ TEST_F(DataFileFormsTest, AskBeforeAFileIsReplacedAndReportAFailure) {
     EXPECT_EQ(Find<QLabel>(*form, "ResultLabel").textFormat(), Qt::PlainText);
     const std::string gone = folder.Path("gone/x.dat");
     EXPECT_EQ(Do(gone), "Exclamation: Cannot write " + gone + ": " + Folder::ReasonOfNoFile(gone));
+}
+
+TEST_F(DataFileFormsTest, RememberTheLastChoiceAndAskAboutTheOtherNotation) {
+    DataFileChoice choice;
+    Open<ReadFileForm>(&choice);
+    const std::string path = folder.Make("a.dat", " 8388608\n 8388609\n");
+    bench->messages.answers = {MessageAnswer::No};
+    ClickOn("OptHexadecimal");
+    EXPECT_NE(Enter("PathText", path).find("the lines look like decimal codes"), std::string::npos);
+    Open<WriteFileForm>(&choice);
+    Expect("PathText: " + path);
+    EXPECT_TRUE(Checked(*form, "OptHexadecimal"));
+    EXPECT_TRUE(ChooseByLook(choice));
+    EXPECT_EQ(choice.notation, Notation::Decimal);
 }
 
 TEST_F(DataFileFormsTest, ShowThePathChosenInTheDialog) {

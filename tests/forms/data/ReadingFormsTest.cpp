@@ -68,7 +68,7 @@ TEST_P(ReadDataFormTest, ReadsABlockByButtonAndByEnter) {
     EXPECT_EQ(Block().count, 200);
     EXPECT_EQ(Block().codes.size(), 200U);
     EXPECT_NEAR(Block().codes[199], GetParam().code, 99);
-    Expect("ReadingProgress: 200 of 200 codes | ReadingLabel:");
+    Expect("ReadingProgress: 200 of 200 | ReadingLabel:");
 
     Box("NumCodesText").setFocus();
     EXPECT_EQ(Enter("NumCodesText", "12"), "");

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+#include <cstdint>
+
+namespace vx3260 {
+
+/// Shows a number in hexadecimal, as `text` has it; tool tip and accessible description say so and
+/// give the decimal number.
+void ShowHex(QLabel* label, const QString& text, std::int32_t value);
+
+/// The same, with HexText of the number.
+void ShowHex(QLabel* label, std::int32_t value);
+
+/// Shows a number in decimal; tool tip and accessible description say so and give it in
+/// hexadecimal.
+void ShowDecimal(QLabel* label, std::int32_t value);
+
+}  // namespace vx3260
