@@ -139,6 +139,7 @@ TEST_F(DataFileFormsTest, RememberTheLastChoiceAndAskAboutTheOtherNotation) {
     Open<WriteFileForm>(&choice);
     Expect("PathText: " + path);
     EXPECT_TRUE(Checked(*form, "OptHexadecimal"));
+    form.reset();
     EXPECT_TRUE(ChooseByLook(choice));
     EXPECT_EQ(choice.notation, Notation::Decimal);
 }
