@@ -5,6 +5,7 @@
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace vx3260 {
@@ -158,6 +159,10 @@ void PlotView::Reveal(double key) {
 
 void PlotView::KeepInside() {
     Limit(xAxis, extent_.keys, extent_.minKeys);
+    if (extent_.valuesFromStart) {
+        const QSignalBlocker quiet(yAxis);
+        yAxis->moveRange(extent_.values.lower - yAxis->range().lower);
+    }
     Limit(yAxis, extent_.values, extent_.minValues);
     yAxis2->setRange(yAxis->range());
 }
@@ -237,6 +242,36 @@ void PlotView::mouseReleaseEvent(QMouseEvent* event) {
         axisRect()->rect().contains(at)) {
         emit Clicked(xAxis->pixelToCoord(at.x()));
     }
+}
+
+void PlotView::mouseMoveEvent(QMouseEvent* event) {
+    QCustomPlot::mouseMoveEvent(event);
+    const QPoint at = event->position().toPoint();
+    if (axisRect()->rect().contains(at)) {
+        emit PointedAt(xAxis->pixelToCoord(at.x()));
+    } else {
+        emit PointedAway();
+    }
+}
+
+void PlotView::leaveEvent(QEvent* event) {
+    QCustomPlot::leaveEvent(event);
+    emit PointedAway();
+}
+
+void PlotView::wheelEvent(QWheelEvent* event) {
+    constexpr double stepOfWheel = 120;
+    const QPointF at = event->position();
+    const QRect inside = axisRect()->rect();
+    const double factor = std::pow(zoomIn, event->angleDelta().y() / stepOfWheel);
+    if (at.y() <= inside.bottom()) {
+        yAxis->scaleRange(factor, yAxis->pixelToCoord(at.y()));
+    }
+    if (at.x() >= inside.left() && at.x() <= inside.right()) {
+        xAxis->scaleRange(factor, xAxis->pixelToCoord(at.x()));
+    }
+    event->accept();
+    replot(rpQueuedReplot);
 }
 
 void PlotView::processRectZoom(QRect rect, QMouseEvent* /*event*/) {

@@ -26,16 +26,17 @@ QColor Mixed(const QColor& one, const QColor& other, double part);
 
 /// The limits of moving and of zooming.
 struct PlotExtent {
-    QCPRange keys;     ///< all of the horizontal axis
-    QCPRange values;   ///< all of the vertical axis
-    double minKeys;    ///< the smallest span shown
-    double minValues;  ///< likewise
+    QCPRange keys;                 ///< all of the horizontal axis
+    QCPRange values;               ///< all of the vertical axis
+    double minKeys;                ///< the smallest span shown
+    double minValues;              ///< likewise
+    bool valuesFromStart = false;  ///< the vertical axis always begins at its lower end
 };
 
 /// A plot in the program's manner: the palette's colours, light or dark; moved by dragging, by the
-/// arrow keys and Page Up and Down; zoomed by the wheel, by a rectangle dragged with Shift or the
-/// right button, by + and -, one axis by Shift with an arrow key; Home shows everything again. The
-/// right axis has the range of the left one, at any time.
+/// arrow keys and Page Up and Down; zoomed by the wheel, over an axis that axis alone, by a
+/// rectangle dragged with Shift or the right button, by + and -, one axis by Shift with an arrow
+/// key; Home shows everything again. The right axis has the range of the left one, at any time.
 class PlotView final : public QCustomPlot {
     Q_OBJECT
 
@@ -62,11 +63,18 @@ class PlotView final : public QCustomPlot {
   signals:
     /// The left button was clicked at a place of the horizontal axis.
     void Clicked(double key);
+    /// The pointer is over a place of the horizontal axis.
+    void PointedAt(double key);
+    /// The pointer has left the plot.
+    void PointedAway();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void processRectZoom(QRect rect, QMouseEvent* event) override;
