@@ -2,8 +2,19 @@
 #include "app/MessageTexts.h"
 
 #include "link/RegisterMap.h"
+#include "numbers/NumberText.h"
 
 namespace vx3260::MessageTexts {
+
+std::string AddressTooHigh(std::int32_t address) {
+    return "The printer port's address " + PrefixedHex(address) +
+           " is above 0x7FFF and cannot be used.";
+}
+
+std::string Status(std::string_view windowsVersion, std::int16_t portAddress) {
+    return "Windows Version:" + std::string(windowsVersion) +
+           "\rPort Address:" + PrefixedHex(portAddress);
+}
 
 std::string ConverterDisabled(Converter converter) {
     return "Enable " + std::string(TraitsOf(converter).name) + " ADC before reading Data";

@@ -17,6 +17,10 @@ namespace vx3260::MessageTexts {
 inline constexpr std::string_view ClaimFailed = "claim parallel port failed";
 inline constexpr std::string_view NoPrinterPort = "This PC does not appear to have a Printer Port";
 inline constexpr std::string_view NoPrinterPortTitle = "GetPortAddress Error";
+inline constexpr std::string_view SimulatedHint = "--simulated works on the simulated board";
+std::string AddressTooHigh(std::int32_t address);
+/// What /SS shows.
+std::string Status(std::string_view windowsVersion, std::int16_t portAddress);
 
 // The menus.
 inline constexpr std::string_view AskContinuousConversion =
@@ -59,6 +63,9 @@ inline constexpr std::string_view ErrorProgramming = "Error Programming VX3260";
 inline constexpr std::string_view ErrorProgrammingSmallP = "Error programming VX3260";
 
 inline constexpr std::string_view ErrorCalibrating = "Error Calibrating VX3260";
+inline constexpr std::string_view CalibrationTimeoutDetail =
+    "The data-ready line did not show the end of the calibration in time. Check the cable, the "
+    "board's power and its data-ready line.";
 
 /// What the user has to connect before a calibration of this mode, 4 to 7; nothing for the internal
 /// ones.

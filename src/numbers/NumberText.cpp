@@ -106,6 +106,10 @@ std::string HexText(std::int32_t value, int minDigits) {
     return digits;
 }
 
+std::string PrefixedHex(std::int32_t value, int minDigits) {
+    return "0x" + HexText(value, minDigits);
+}
+
 std::string UpperCase(std::string_view text) {
     std::string upper(text);
     for (char& c : upper) {

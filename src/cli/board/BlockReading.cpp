@@ -19,16 +19,12 @@
 namespace vx3260 {
 namespace {
 
-std::string HexByte(std::int32_t value) {
-    return "0x" + HexText(value);
-}
-
 [[noreturn]] void RefuseReadBack(Services& services, const FieldWrite& write) {
     RequireAnswer(services, {RegisterMap::DescriptionOf(RegisterMap::Mode), write.readBack},
-                  HexByte(write.wanted) + " was written. ");
+                  PrefixedHex(write.wanted) + " was written. ");
     throw CommandError(ExitCode::ReadBackMismatch,
-                       "wrong answer from the board: wrote " + HexByte(write.wanted) +
-                           " to the mode register and read back " + HexByte(write.readBack) +
+                       "wrong answer from the board: wrote " + PrefixedHex(write.wanted) +
+                           " to the mode register and read back " + PrefixedHex(write.readBack) +
                            ". Check the cable and the board's power.");
 }
 
@@ -69,7 +65,7 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
         RefuseReadBack(services, write);
     }
     err << "The chip was not in Continuous Conversion Mode: mode register changed from "
-        << HexByte(before) << " to " << HexByte(write.wanted) << std::endl;
+        << PrefixedHex(before) << " to " << PrefixedHex(write.wanted) << std::endl;
 }
 
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,

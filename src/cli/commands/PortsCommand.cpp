@@ -14,7 +14,7 @@ namespace vx3260 {
 namespace {
 
 std::string AddressText(const PortListing& port) {
-    return port.address == 0 ? "unknown" : "0x" + HexText(port.address);
+    return port.address == 0 ? "unknown" : PrefixedHex(port.address);
 }
 
 std::string Text(const std::vector<PortListing>& ports) {

@@ -7,7 +7,7 @@ namespace vx3260 {
 
 std::string RegisterHex(std::int32_t value, const RegisterMap::RegisterAccess& access) {
     constexpr int bitsOfDigit = 4;
-    return "0x" + HexText(value, access.wordLength / bitsOfDigit);
+    return PrefixedHex(value, access.wordLength / bitsOfDigit);
 }
 
 std::string ChangeText(const RegisterMap::RegisterDescription& description, std::int32_t before,
