@@ -40,6 +40,6 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
 
 /// Conditions of a converter from the value of its control register.
 ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
-                                  std::int16_t control);
+                                  std::int32_t control);
 
 }  // namespace vx3260

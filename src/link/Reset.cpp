@@ -3,8 +3,8 @@
 
 #include "link/BoardLines.h"
 #include "link/PortAccess.h"
+#include "link/Register.h"
 #include "link/RegisterMap.h"
-#include "link/Serial.h"
 
 namespace vx3260 {
 namespace {
@@ -27,8 +27,7 @@ void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
     }
     PortOut(parallelPort, port, BoardLines::Idle);
     for (const RegisterMap::RegisterAccess& test : {RegisterMap::Test1, RegisterMap::Test2}) {
-        SerialWrite(parallelPort, test.writeByte, port, 8);
-        SerialWrite(parallelPort, 0, port, test.wordLength);
+        Register(parallelPort, port, test).WriteValue(0);
     }
 }
 

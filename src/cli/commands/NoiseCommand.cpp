@@ -150,8 +150,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
     CheckCount(static_cast<std::int64_t>(codes.size()));
     WarnOfSuspiciousCodes(codes, converter_, err);
     try {
-        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_,
-                                           static_cast<std::int16_t>(fileControl_)));
+        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_, fileControl_));
     } catch (const RuntimeError& error) {
         throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
     }
@@ -167,8 +166,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const auto control =
-        static_cast<std::int16_t>(ReadRegister(services, TraitsOf(converter_).control));
+    const std::int32_t control = ReadContents(services, TraitsOf(converter_).control);
     const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
     const StopSignal stop;
     const BlockReading reading =

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "cli/board/BoardRegisters.h"
-#include "cli/reports/RegisterText.h"
 #include "cli/reports/RegistersReport.h"
 
 namespace vx3260 {
@@ -13,7 +12,7 @@ namespace {
 std::vector<RegisterReading> ReadAll(Services& services) {
     std::vector<RegisterReading> readings;
     for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
-        readings.push_back(ReadRegister(services, description));
+        readings.push_back(ReadDescribed(services, description));
     }
     return readings;
 }

@@ -40,8 +40,10 @@ CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& tr
     : Form(services, parent),
       ui_(std::make_unique<Ui::CalibrationForm>()),
       traits_(traits),
-      zeroScale_{Register(services.port, services.state.PortAddress, traits.zeroScale)},
-      fullScale_{Register(services.port, services.state.PortAddress, traits.fullScale)},
+      zeroScale_{Register(services.port, services.state.PortAddress,
+                          TraitsOf(traits.converter).zeroScale)},
+      fullScale_{Register(services.port, services.state.PortAddress,
+                          TraitsOf(traits.converter).fullScale)},
       modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
     ui_->setupUi(this);
     NameControls();
@@ -113,8 +115,7 @@ void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
 
 void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.value = TypedValue(coefficient);
-    coefficient.reg.RegValue = coefficient.value;
-    coefficient.reg.WriteReg();
+    coefficient.reg.WriteValue(coefficient.value);
     if (coefficient.reg.ReadValue() != coefficient.value) {
         ShowMessage({.text = std::string(MessageTexts::CoefficientNotVerified),
                      .icon = MessageIcon::Exclamation});
