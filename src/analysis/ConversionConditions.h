@@ -7,6 +7,8 @@
 
 namespace vx3260 {
 
+inline constexpr double NanovoltsPerVolt = 1e9;
+
 /// The conditions under which codes are read, which turn them into volts.
 struct ConversionConditions {
     Converter converter;

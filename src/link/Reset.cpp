@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::int16_t resetLow = BoardLines::Idle & ~BoardLines::Reset;
 constexpr std::int16_t clockHighOneResetLow = BoardLines::ClockHighOne & ~BoardLines::Reset;
-constexpr int onesThatReset = 32;
 
 }  // namespace
 
@@ -21,7 +20,7 @@ void HardwareReset(ParallelPort& parallelPort, std::int16_t port) {
 }
 
 void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
-    for (int i = 0; i < onesThatReset; ++i) {
+    for (int i = 0; i < OnesThatReset; ++i) {
         PortOut(parallelPort, port, BoardLines::ClockLowOne);
         PortOut(parallelPort, port, clockHighOneResetLow);
     }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/BlockReading.h"
 
-#include <algorithm>
-
 #include "analysis/SuspiciousCodes.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
@@ -12,8 +10,6 @@
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
 #include "link/RegisterMap.h"
-#include "link/Serial.h"
-#include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {

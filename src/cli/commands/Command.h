@@ -44,6 +44,8 @@ void AddConverter(CLI::App& parser, Converter& converter);
 CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
                             const std::string& description);
 
+inline constexpr std::int64_t DefaultCount = 200;
+
 /// Adds --count N, how many codes to read.
 CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);
 

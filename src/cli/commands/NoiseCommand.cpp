@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/NoiseCommand.h"
 
-#include <algorithm>
 #include <limits>
 #include <map>
 #include <span>
@@ -14,10 +13,10 @@
 #include "cli/board/StopSignal.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/NoiseReport.h"
-#include "cli/reports/RegisterText.h"
 #include "link/CodeBlock.h"
 #include "link/RegisterFields.h"
 #include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "options/Validators.h"
 
@@ -65,17 +64,18 @@ CLI::Option* AddField(CLI::App& parser, const std::string& option, const Registe
 }
 
 /// Refuses an option for the converter that has another option in its place.
-CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::string& ofTwin) {
-    const auto refusal = [converter, &chosen, ofTwin](const std::string& /*value*/) {
+CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
+                       const std::string& otherOption) {
+    const auto refusal = [converter, &chosen, otherOption](const std::string& /*value*/) {
         return chosen == converter ? ""
                                    : "the " + std::string(TraitsOf(chosen).name) + " ADC takes " +
-                                         ofTwin + " in its place";
+                                         otherOption + " in its place";
     };
     return {refusal, ""};
 }
 
 void CheckCount(std::int64_t count) {
-    if (count < MinCodesForAnalysis || count > MaxCodesForAnalysis) {
+    if (!CountFitsAnalysis(count)) {
         throw CommandError(ExitCode::CountRefused,
                            std::string(MessageTexts::CountRefusal) + " (" + std::to_string(count) +
                                " given; accepted are " + std::to_string(MinCodesForAnalysis) +
@@ -99,7 +99,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
             "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
             "Reference voltage")
         ->type_name("VOLTS")
-        ->default_str("2.5")
+        ->default_str(ShortestText(referenceVoltage_))
         ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
     AddFormat(Parser(), format_, ReportFormat::Json);
 }
@@ -172,7 +172,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    if (!CountFitsAnalysis(static_cast<std::int32_t>(reading.codes.size()))) {
+    if (!CountFitsAnalysis(static_cast<std::int64_t>(reading.codes.size()))) {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }

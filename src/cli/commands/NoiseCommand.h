@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/NoiseAnalysis.h"
+#include "app/StartUp.h"
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
@@ -27,8 +28,8 @@ class NoiseCommand final : public Command {
     std::string file_;
     Notation notation_ = Notation::Decimal;
     std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
-    std::int64_t count_ = 200;
-    float referenceVoltage_ = 2.5F;
+    std::int64_t count_ = DefaultCount;
+    float referenceVoltage_ = DefaultReferenceVoltage;
     ReportFormat format_ = ReportFormat::Text;
 };
 

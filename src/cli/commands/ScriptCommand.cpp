@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/ScriptCommand.h"
 
-#include <vector>
-
 #include "cli/commands/CommandSet.h"
 #include "cli/commands/ReportErrors.h"
 #include "cli/commands/ScriptText.h"

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <string_view>
 
-#include "analysis/SuspiciousCodes.h"
 #include "cli/reports/Columns.h"
 #include "cli/reports/RegisterText.h"
 #include "numbers/NumberText.h"
