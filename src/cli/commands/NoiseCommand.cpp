@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/NoiseCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <limits>
 #include <map>
 #include <span>
@@ -111,34 +112,40 @@ CLI::Option* NoiseCommand::AddFile() {
         Parser()
             .add_option("FILE", file_, "Data file to analyse; without it, codes are read")
             ->check(NotEmpty());
-    CLI::Option* const range =
-        Parser()
-            .add_option_function<int>(
-                rangeOption,
-                [this](int code) {
-                    fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code);
-                },
-                "Range code, 0 to 7, that FILE was read with from the main ADC")
-            ->type_name("CODE")
-            ->check(CLI::Range(0, 7))
-            ->check(OnlyFor(Converter::Main, converter_, fullScaleOption))
-            ->needs(file);
-    CLI::Option* const fullScale =
+    AddScale(file);
+    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
+                         "Polarity that FILE was read with")
+                    ->needs(file));
+    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
+    return file;
+}
+
+/// The options for what FILE was read with: the range of the main ADC, the full scale of the aux
+/// ADC. FILE needs the one of its converter.
+void NoiseCommand::AddScale(CLI::Option* file) {
+    const CLI::Option* const range = AddRange()->needs(file);
+    const CLI::Option* const fullScale =
         AddField(Parser(), fullScaleOption, RegisterMap::Reference, fileControl_,
                  "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
             ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
             ->needs(file);
-    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
-                         "Polarity that FILE was read with")
-                    ->needs(file));
     Parser().final_callback([this, range, fullScale] {
         const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
         if (!file_.empty() && scale->empty()) {
             throw CLI::RequiresError("FILE", scale->get_name());
         }
     });
-    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
-    return file;
+}
+
+CLI::Option* NoiseCommand::AddRange() {
+    return Parser()
+        .add_option_function<int>(
+            rangeOption,
+            [this](int code) { fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code); },
+            "Range code, 0 to 7, that FILE was read with from the main ADC")
+        ->type_name("CODE")
+        ->check(CLI::Range(0, 7))
+        ->check(OnlyFor(Converter::Main, converter_, fullScaleOption));
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {

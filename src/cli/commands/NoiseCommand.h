@@ -19,6 +19,8 @@ class NoiseCommand final : public Command {
 
   private:
     CLI::Option* AddFile();
+    void AddScale(CLI::Option* file);
+    CLI::Option* AddRange();
     NoiseAnalysis AnalyseFile(std::ostream& err) const;
     ExitCode RunOnFile(const CommandContext& context) const;
     ExitCode RunOnBoard(const CommandContext& context) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/PortsCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <QJsonArray>
 #include <algorithm>
 #include <vector>

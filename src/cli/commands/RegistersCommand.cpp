@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/RegistersCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <vector>
 
 #include "cli/board/BoardRegisters.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/ScriptCommand.h"
 
+#include <CLI/CLI.hpp>
+
 #include "cli/commands/CommandSet.h"
 #include "cli/commands/ReportErrors.h"
 #include "cli/commands/ScriptText.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/SetCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <ostream>
 
 #include "app/MessageTexts.h"
