@@ -24,6 +24,32 @@ namespace {
                            ". Check the cable and the board's power.");
 }
 
+void RequireEnabled(Services& services, const ConverterReader& reader, Converter converter) {
+    if (reader.Enabled()) {
+        return;
+    }
+    RequireAnswer(
+        services,
+        {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
+        NothingWritten);
+    throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
+}
+
+ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
+                            const CliStreams& streams, const std::function<bool()>& stopRequested) {
+    ProgressLine progress(streams.err, count, streams.errIsTerminal);
+    return ReadBlock(
+        reader, block, count,
+        {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+}
+
+/// A board that goes while a code is clocked in leaves a false one, which only a later access
+/// shows.
+bool GoneAfterReading(Services& services, Converter converter, ReadingEnd end) {
+    return end != ReadingEnd::TimedOut &&
+           !BoardAnswers(services, RegisterMap::DescriptionOf(TraitsOf(converter).control));
+}
+
 constexpr std::string_view goneDetail =
     "The board does not answer after the last code, which was discarded. Check the cable and the "
     "board's power.";
@@ -66,34 +92,16 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
 
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested) {
-    const std::string name = std::string(TraitsOf(converter).name) + " ADC";
     ConverterReader reader(services.port, services.state.PortAddress, converter);
     reader.ReadControls();
-    if (!reader.Enabled()) {
-        RequireAnswer(
-            services,
-            {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
-            NothingWritten);
-        throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
-    }
+    RequireEnabled(services, reader, converter);
     CheckReadyLine(services);
-    streams.err << "Reading " << CountText(count, "code") << " from the " << name
-                << ", Ctrl+C stops" << std::endl;
+    streams.err << "Reading " << CountText(count, "code") << " from the "
+                << TraitsOf(converter).name << " ADC, Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
-    ReadingEnd end = [&] {
-        ProgressLine progress(streams.err, count, streams.errIsTerminal);
-        return ReadBlock(
-            reader, block, count,
-            {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
-    }();
-    // A board that goes while a code is clocked in leaves a false one, which only a later access
-    // shows.
-    const bool gone =
-        end != ReadingEnd::TimedOut &&
-        !BoardAnswers(services, RegisterMap::DescriptionOf(TraitsOf(converter).control));
-    if (gone) {
-        end = ReadingEnd::TimedOut;
-    }
+    const ReadingEnd read = ReadWithProgress(reader, block, count, streams, stopRequested);
+    const bool gone = GoneAfterReading(services, converter, read);
+    const ReadingEnd end = gone ? ReadingEnd::TimedOut : read;
     BlockReading reading{GoodCodes(block, end), end};
     ReportEnd(services, end,
               gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),
