@@ -13,7 +13,6 @@
 #include "ports/ParportDevices.h"
 #include "ports/PpdevPort.h"
 #else
-#include "numbers/NumberText.h"
 #include "ports/ParllioPort.h"
 #endif
 

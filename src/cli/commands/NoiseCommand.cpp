@@ -7,7 +7,6 @@
 #include <span>
 #include <vector>
 
-#include "analysis/NoiseTexts.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/BoardRegisters.h"
