@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds what the programs for 64-bit Windows are linked with, which Debian has for Linux only: Qt
 # and QCustomPlot as static libraries, from Debian's source packages and of the versions that are
-# installed here. Prints the folder, below ${VX3260_CACHE:-~/.cache/vx3260}. What is there and whole
-# is taken as it is; a build that was broken off goes on. Their licences and sources are there too.
+# installed here. Prints the folder, below ${VX3260_CACHE:-~/.cache/vx3260}. A complete build is
+# reused, an interrupted one continued. Their licences and sources are there too.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -25,7 +25,8 @@ Sources() {
     done
 }
 
-# What another result would come of. The number is raised when one comes of what is done below.
+# Everything that changes the result; hashed into the folder's name. Raise the number after changing
+# the steps below.
 Ingredients() {
     echo 1
     Sources
@@ -36,7 +37,7 @@ Ingredients() {
     cat cmake/WindowsToolchain.cmake
 }
 
-IsWhole() {
+IsComplete() {
     [ -s "$folder/checksums" ] && (cd "$folder" && sha256sum --quiet --check checksums >&2)
 }
 
@@ -138,7 +139,7 @@ work=$folder.build
 mkdir -p "$cache"
 exec {lock}>"$cache/lock"
 flock "$lock"
-if ! IsWhole; then
+if ! IsComplete; then
     rm -rf "$folder"
     mkdir -p "$work"
     if [ ! -f "$work/downloaded" ]; then

@@ -23,7 +23,7 @@ InDisplay() {
     xvfb-run -a -s '-screen 0 1280x1024x24' scripts/with-window-manager.sh "$@"
 }
 
-# The programs' last words count, not what wine ends with when it is ended.
+# The log's last line decides; wine's exit code does not.
 RunTests() {
     local tests log
     for tests in core files cli forms; do

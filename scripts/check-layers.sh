@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The layers are what add_layer() and add_form_layer() name in the folders' CMakeLists.txt. Fails
 # when a file under src/ includes one of a layer that its own layer does not link, directly or
-# through others, or one of Qt's headers in a layer that does not link Qt; when layers link in a
-# circle; and when the table of floors in docs/ARCHITECTURE.md says otherwise.
+# through others, or a header of Qt, QCustomPlot or CLI11 in a layer that does not link that; when
+# layers link in a circle; and when the table of floors in docs/ARCHITECTURE.md says otherwise, of
+# the programs in src/CMakeLists.txt too.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -41,11 +42,38 @@ awk '
         from = LayerOf(file)
         if (from == "") { Fault(file ": its folder has no layer"); return }
         if (line ~ /#include <Q/ && qt[from] == "no") Fault(line ": " from " does not link Qt")
+        CheckLibrary(line, from, "#include <CLI/", "CLI11::CLI11")
+        CheckLibrary(line, from, "#include <qcustomplot", "QCustomPlotQt6::QCustomPlotQt6")
         if (match(line, /"[^"]+\/[^"]+"/) == 0) return
         target = substr(line, RSTART + 1, RLENGTH - 2)
         to = LayerOf(target)
         if (to == "") Fault(line ": no layer has " target)
         else if (to != from && !((from, to) in reached)) Fault(line ": " from " does not link " to)
+    }
+    function CheckLibrary(line, from, include, library) {
+        if (index(line, include) > 0 && !((from, library) in reached))
+            Fault(line ": " from " does not link " library)
+    }
+    # The row of the programs: their sources, and for each of them the folders that it links and Qt.
+    function CheckPrograms(row,    cell, names, folders, uses, i, j, count, program, libraries, found) {
+        gsub(/ *\| */, "|", row)
+        gsub(/`/, "", row)
+        split(row, cell, "|")
+        split(cell[5], folders, "; ")
+        split(cell[6], uses, "; ")
+        for (i = split(cell[3], names, ", "); i > 0; i--) {
+            program = names[i]
+            sub(/\.cpp$/, "", program)
+            found = ""
+            for (j = split(links[program] linksOfPrograms, libraries); j > 0; j--)
+                found = found " " home[libraries[j]]
+            found = Sorted(substr(found, 2), " ")
+            if (found != Sorted(folders[i], ", "))
+                Fault(table program " links:" found ", and not: " folders[i])
+            Follow(program, program)
+            if (qt[program] != uses[i])
+                Fault(table program ", Qt: " qt[program] ", and not: " uses[i])
+        }
     }
     # A row of the table: floor, folder, what it holds, the folders that it links, Qt.
     function CheckRow(row,    cell, folder, i) {
@@ -92,6 +120,16 @@ awk '
         }
     }
 
+    FILENAME == "src/CMakeLists.txt" {
+        gsub(/"[^"]*"/, "")
+        gsub(/[()]/, " ")
+        for (i = 3; i <= NF; i++) {
+            if ($i !~ /^vx_/) continue
+            if ($1 == "add_program") links[$2] = links[$2] " " $i
+            else if ($1 == "target_link_libraries") linksOfPrograms = linksOfPrograms " " $i
+        }
+        next
+    }
     FILENAME ~ /CMakeLists\.txt$/ {
         folder = FILENAME
         gsub(/^src\/|\/CMakeLists\.txt$/, "", folder)
@@ -117,6 +155,7 @@ awk '
     }
     /^src\// { includes[++includeCount] = $0 }
     /^\| [0-9]+ \| `[a-z\/]+\/` \|/ { rows[++rowCount] = $0 }
+    /^\| [0-9]+ \| `[a-z0-9-]+\.cpp`/ { programRow = $0 }
     END {
         table = "docs/ARCHITECTURE.md, table of floors: "
         for (layer in home) Follow(layer, layer)
@@ -124,7 +163,9 @@ awk '
         GatherFolders()
         for (i = 1; i <= includeCount; i++) CheckInclude(includes[i])
         for (i = 1; i <= rowCount; i++) CheckRow(rows[i])
+        if (programRow == "") Fault(table "no row for the programs")
+        else CheckPrograms(programRow)
         CheckFloors()
         exit bad
-    }' "${lists[@]}" docs/ARCHITECTURE.md \
+    }' src/CMakeLists.txt "${lists[@]}" docs/ARCHITECTURE.md \
     <(grep -rnE '^#include' src --include='*.h' --include='*.cpp' --include='*.h.in')

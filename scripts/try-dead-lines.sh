@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sets every value of every field through lines that are dead, where each has to end with exit
-# code 4 (no answer), and on a working board, where each has to succeed. Then lets the board go during
-# commands, which must not report false values as a success.
+# Sets every named value of every field, and of a range its two ends, through lines that are dead,
+# where each has to end with exit code 4 (no answer), and on a working board, where each has to
+# succeed. Then lets the board go during commands, which must not report false values as a success.
 # Usage: try-dead-lines.sh VX3260-CLI
 set -euo pipefail
 program=$1

@@ -4,7 +4,7 @@
 # window manager and for programs under wine. Called by build-windows.sh.
 set -euo pipefail
 
-# What of wine still runs belongs to another display, or will.
+# Ends wine processes left from another display.
 wineserver -k || true
 openbox >"$WINEPREFIX/openbox.log" 2>&1 &
 windowManager=$!

@@ -4,26 +4,27 @@
 #include "link/RegisterMap.h"
 
 namespace vx3260 {
+
 ConverterReader::ConverterReader(ParallelPort& parallelPort, const std::int16_t& portAddress,
                                  Converter converter)
     : converter_(converter),
       data_(parallelPort, portAddress, TraitsOf(converter).data),
-      twinData_(parallelPort, portAddress, TraitsOf(OtherConverter(converter)).data),
+      otherData_(parallelPort, portAddress, TraitsOf(OtherConverter(converter)).data),
       mainControl_(parallelPort, portAddress, RegisterMap::MainControl),
       auxControl_(parallelPort, portAddress, RegisterMap::AuxControl) {}
 
 void ConverterReader::ReadControls() {
-    mainControlValue_ = static_cast<std::int16_t>(mainControl_.ReadValue());
-    auxControlValue_ = static_cast<std::int16_t>(auxControl_.ReadValue());
+    mainControlValue_ = mainControl_.ReadValue();
+    auxControlValue_ = auxControl_.ReadValue();
 }
 
 bool ConverterReader::Enabled(Converter converter) const {
-    return (Control(converter) & RegisterMap::EnableMask) != 0;
+    return RegisterMap::IsEnabled(Control(converter));
 }
 
 std::int32_t ConverterReader::ReadCode() {
     if (BothEnabled()) {
-        codeAlongside_ = twinData_.Read();
+        codeAlongside_ = otherData_.Read();
     }
     return data_.Read();
 }

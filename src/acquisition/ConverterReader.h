@@ -10,8 +10,8 @@
 
 namespace vx3260 {
 
-/// Reads the codes of one converter. While both converters run, its twin's result is read first
-/// each time: data-ready announces either, so an unread twin would pass for a new result.
+/// Reads the codes of one converter. While both converters run, the other one's result is
+/// read first each time: data-ready announces either, so an unread one would pass for a new result.
 class ConverterReader {
   public:
     /// References as for Register.
@@ -22,7 +22,7 @@ class ConverterReader {
     void ReadControls();
 
     /// What ReadControls found in a converter's control register.
-    std::int16_t Control(Converter converter) const {
+    std::int32_t Control(Converter converter) const {
         return converter == Converter::Main ? mainControlValue_ : auxControlValue_;
     }
     bool Enabled(Converter converter) const;
@@ -33,17 +33,17 @@ class ConverterReader {
     /// The next code, or ReadTimeout. A time-out of the other converter is ignored.
     std::int32_t ReadCode();
 
-    /// The twin's code of the last ReadCode.
+    /// The other converter's code of the last ReadCode.
     std::int32_t CodeAlongside() const { return codeAlongside_; }
 
   private:
     Converter converter_;
     ReadData data_;
-    ReadData twinData_;
+    ReadData otherData_;
     Register mainControl_;
     Register auxControl_;
-    std::int16_t mainControlValue_ = 0;
-    std::int16_t auxControlValue_ = 0;
+    std::int32_t mainControlValue_ = 0;
+    std::int32_t auxControlValue_ = 0;
     std::int32_t codeAlongside_ = 0;
 };
 

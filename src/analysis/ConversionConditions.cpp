@@ -51,7 +51,7 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
 }
 
 ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
-                                  std::int16_t control) {
+                                  std::int32_t control) {
     const Polarity polarity =
         (control & RegisterMap::UnipolarMask) != 0 ? Polarity::Unipolar : Polarity::Bipolar;
     if (converter == Converter::Main) {

@@ -7,6 +7,8 @@
 
 namespace vx3260 {
 
+inline constexpr double NanovoltsPerVolt = 1e9;
+
 /// The conditions under which codes are read, which turn them into volts.
 struct ConversionConditions {
     Converter converter;
@@ -40,6 +42,6 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
 
 /// Conditions of a converter from the value of its control register.
 ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
-                                  std::int16_t control);
+                                  std::int32_t control);
 
 }  // namespace vx3260

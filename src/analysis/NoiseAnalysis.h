@@ -16,7 +16,7 @@ namespace vx3260 {
 inline constexpr std::int16_t MinCodesForAnalysis = 10;
 inline constexpr std::int16_t MaxCodesForAnalysis = 5000;
 
-constexpr bool CountFitsAnalysis(std::int32_t count) {
+constexpr bool CountFitsAnalysis(std::int64_t count) {
     return count >= MinCodesForAnalysis && count <= MaxCodesForAnalysis;
 }
 

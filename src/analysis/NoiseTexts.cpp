@@ -10,8 +10,6 @@
 namespace vx3260 {
 namespace {
 
-constexpr double nanovoltsPerVolt = 1e9;
-
 /// How a voltage is shown, below a limit in nanovolts.
 struct VoltageScale {
     double limit;
@@ -45,18 +43,18 @@ std::string VoltageText(double nanovolts, std::span<const VoltageScale> scales) 
 std::string LsbText(double lsbVolts) {
     constexpr double microvolt = 1e-6;
     return lsbVolts > microvolt ? FormatNumber(lsbVolts * 1e6, "0.###") + " uV"
-                                : FormatNumber(lsbVolts * nanovoltsPerVolt, "0.###") + " nV";
+                                : FormatNumber(lsbVolts * NanovoltsPerVolt, "0.###") + " nV";
 }
 
 std::string CodesAsVoltage(const NoiseAnalysis& analysis, double codes,
                            std::span<const VoltageScale> scales) {
-    return VoltageText(analysis.conditions.lsbVolts * nanovoltsPerVolt * codes, scales);
+    return VoltageText(analysis.conditions.lsbVolts * NanovoltsPerVolt * codes, scales);
 }
 
 /// A negative average is shown as its magnitude, without a sign; intentional.
 std::string AverageText(const NoiseAnalysis& analysis) {
     const double volts = analysis.conditions.VoltsOf(std::floor(analysis.statistics.averageCode));
-    return VoltageText(std::abs(volts * nanovoltsPerVolt), averageScales);
+    return VoltageText(std::abs(volts * NanovoltsPerVolt), averageScales);
 }
 
 /// From this range on, in volts, the name is in volts and has no space before the unit.

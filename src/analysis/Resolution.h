@@ -3,9 +3,6 @@
 
 #include <cstddef>
 
-#include "analysis/ConversionConditions.h"
-#include "analysis/NoiseStatistics.h"
-
 namespace vx3260 {
 
 /// How much peak-to-peak noise is expected of Gaussian noise, in sigmas: 99.9 % of all codes are

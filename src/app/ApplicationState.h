@@ -13,11 +13,15 @@
 namespace vx3260 {
 
 /// Everything the forms share, for the whole run. Nothing here outlives the process.
+///
+/// Part of the state's definition, set though nothing reads them: IsNtFamily, PortCount,
+/// MainControlValue, AuxControlValue, IOControlValue, InputRange, Polarity, and the statistics
+/// from MaxCode on.
 struct ApplicationState {
     // Port and platform, from start-up.
     std::string WindowsVersionText;
-    std::int16_t IsNtFamily = 0;   ///< 0 or -1; nothing reads it
-    std::int32_t PortCount = 0;    ///< result of GetParallelPortCount; nothing reads it
+    std::int16_t IsNtFamily = 0;   ///< 0 or -1
+    std::int32_t PortCount = 0;    ///< result of GetParallelPortCount
     bool PortClaimFailed = false;  ///< what is read then does not come from a board
     std::int16_t PortAddress = 0;  ///< base I/O address; read afresh at every chip access
     std::array<bool, PrinterPorts.size()> PrinterPortEnabled{true, true, true};
@@ -51,7 +55,7 @@ struct ApplicationState {
     std::int32_t MaxCode = 0;
     std::int32_t MinCode = 0;
     float AverageCode = 0;
-    double LsbSize = 0;  ///< size of one code: volts after the statistics, nanovolts once shown
+    double LsbSize = 0;  ///< size of one code, nanovolts
     std::int32_t RmsNoiseLsb = 0;
 
     CodeBlock BlockOf(Converter converter) {

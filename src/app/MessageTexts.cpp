@@ -7,6 +7,16 @@
 
 namespace vx3260::MessageTexts {
 
+std::string AddressTooHigh(std::int32_t address) {
+    return "The printer port's address " + PrefixedHex(address) +
+           " is above 0x7FFF and cannot be used.";
+}
+
+std::string Status(std::string_view windowsVersion, std::int16_t portAddress) {
+    return "Windows Version:" + std::string(windowsVersion) +
+           "\rPort Address:" + PrefixedHex(static_cast<std::uint16_t>(portAddress));
+}
+
 std::string ConverterDisabled(Converter converter) {
     return "Enable " + std::string(TraitsOf(converter).name) + " ADC before reading Data";
 }
@@ -24,11 +34,8 @@ std::string TimeoutDetail(const ParallelPort& port) {
 std::string MismatchDetail(const ParallelPort& port,
                            const RegisterMap::RegisterDescription& description,
                            std::int32_t written, std::int32_t readBack) {
-    const auto hex = [&](std::int32_t value) {
-        constexpr int bitsOfDigit = 4;
-        return "0x" + HexText(value, description.access.wordLength / bitsOfDigit);
-    };
-    std::string detail = "Wrote " + hex(written) + ", read back " + hex(readBack) + ".";
+    std::string detail = "Wrote " + RegisterHex(written, description.access) + ", read back " +
+                         RegisterHex(readBack, description.access) + ".";
     for (const RegisterMap::Field& field : description.fields) {
         const auto was = RegisterMap::NameOfCode(field, field.CodeIn(written));
         const auto is = RegisterMap::NameOfCode(field, field.CodeIn(readBack));

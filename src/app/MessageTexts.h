@@ -18,6 +18,10 @@ namespace vx3260::MessageTexts {
 inline constexpr std::string_view ClaimFailed = "claim parallel port failed";
 inline constexpr std::string_view NoPrinterPort = "This PC does not appear to have a Printer Port";
 inline constexpr std::string_view NoPrinterPortTitle = "GetPortAddress Error";
+inline constexpr std::string_view SimulatedHint = "--simulated works on the simulated board";
+std::string AddressTooHigh(std::int32_t address);
+/// What /SS shows.
+std::string Status(std::string_view windowsVersion, std::int16_t portAddress);
 
 // The menus.
 inline constexpr std::string_view AskContinuousConversion =

@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::int32_t firstPort = 1;
 constexpr std::string_view statusSwitch = "/SS";
-constexpr float startReferenceVoltage = 2.5F;
 
 struct VersionName {
     std::int32_t number;
@@ -65,13 +64,12 @@ void FindPortAddress(Services& services) {
     ParallelPortInfo info;
     if (services.port.GetParallelPortInfo(firstPort, info) == 0) {
         const std::string reason = services.port.FailureDetail();
-        services.messages.Show(
-            {.text = std::string(MessageTexts::NoPrinterPort),
-             .icon = MessageIcon::Exclamation,
-             .title = std::string(MessageTexts::NoPrinterPortTitle),
-             .detail =
-                 reason + (reason.empty() ? "" : "\n") +
-                 "Without a board, work on the simulated one with the option\n    --simulated"});
+        services.messages.Show({.text = std::string(MessageTexts::NoPrinterPort),
+                                .icon = MessageIcon::Exclamation,
+                                .title = std::string(MessageTexts::NoPrinterPortTitle),
+                                .detail = reason + (reason.empty() ? "" : "\n") +
+                                          "Without a board, " +
+                                          std::string(MessageTexts::SimulatedHint) + "."});
         return;
     }
     try {
@@ -79,8 +77,7 @@ void FindPortAddress(Services& services) {
     } catch (const RuntimeError& error) {
         services.messages.Show({.text = error.what(),
                                 .icon = MessageIcon::Critical,
-                                .detail = "The printer port's address 0x" + HexText(info.address) +
-                                          " is above 0x7FFF and cannot be used."});
+                                .detail = MessageTexts::AddressTooHigh(info.address)});
         return;
     }
     EnableMatchingPort(services.state);
@@ -93,8 +90,8 @@ void InitialiseControlRegister(ParallelPort& port, std::int16_t portAddress) {
 }
 
 void ShowStatus(Services& services) {
-    services.messages.Show({.text = "Windows Version:" + services.state.WindowsVersionText +
-                                    "\rPort Address:0x" + HexText(services.state.PortAddress),
+    services.messages.Show({.text = MessageTexts::Status(services.state.WindowsVersionText,
+                                                         services.state.PortAddress),
                             .icon = MessageIcon::Information,
                             .title = "Show Status"});
 }
@@ -149,7 +146,7 @@ void SetUpPort(Services& services, bool statusRequested) {
 
 void StartUp(Services& services, bool statusRequested) {
     SetUpPort(services, statusRequested);
-    services.state.ReferenceVoltage = startReferenceVoltage;
+    services.state.ReferenceVoltage = DefaultReferenceVoltage;
 }
 
 void StartUp(Services& services) {

@@ -9,6 +9,9 @@
 
 namespace vx3260 {
 
+/// Volts, until the user enters another.
+inline constexpr float DefaultReferenceVoltage = 2.5F;
+
 /// The operating system's name: "Windows 95", "Windows 98", "Windows NT 3.51", "Windows NT 4.0" or
 /// "Windows 2000"; empty for another version of the two families, "Failed" for another system.
 std::string GetWindowsVersion(OperatingSystem& system);
@@ -27,7 +30,7 @@ bool IsStatusSwitch(std::string_view word);
 /// shows system and address. What fails is shown in a message box; start-up goes on.
 void SetUpPort(Services& services, bool statusRequested);
 
-/// All that comes before the first window: SetUpPort, then a reference voltage of 2.5 V.
+/// All that comes before the first window: SetUpPort, then DefaultReferenceVoltage.
 void StartUp(Services& services, bool statusRequested);
 
 /// The same, showing the status if StatusRequested.

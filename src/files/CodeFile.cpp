@@ -44,8 +44,8 @@ std::string ReasonOf(const QFileDevice& file) {
 
 /// The reported size is only a hint: it is 0 for a pipe, and a file may grow.
 std::size_t ChunkSize(const QFile& file, std::size_t maxBytes) {
-    constexpr std::size_t least = std::size_t{1} << 16U;
-    return std::clamp(static_cast<std::size_t>(file.size()) + 1, least, maxBytes + 1);
+    constexpr std::size_t minBytes = std::size_t{1} << 16U;
+    return std::clamp(static_cast<std::size_t>(file.size()) + 1, minBytes, maxBytes + 1);
 }
 
 std::string ReadBounded(QFile& file, const std::string& name, const SizeLimit& limit) {
@@ -283,8 +283,7 @@ void WriteToStream(std::ostream& stream, std::string_view text, std::string_view
     errno = 0;
     stream << text << std::flush;
     if (!stream) {
-        const int error = errno != 0 ? errno : EIO;
-        ThrowCannot("write", name, std::generic_category().message(error));
+        throw CannotWrite(name);
     }
 }
 

@@ -9,7 +9,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "files/CodeText.h"
 #include "numbers/FileErrors.h"
@@ -62,7 +61,7 @@ class CodeWriter {
     explicit CodeWriter(std::ostream& standardOutput)
         : name_("standard output"), stream_(&standardOutput) {}
 
-    /// One or the other: an empty `target`, "-" and "/dev/stdout" stand for `standardOutput`.
+    /// Standard output if `target` is empty, "-" or "/dev/stdout"; otherwise that file.
     CodeWriter(std::string target, std::ostream& standardOutput);
 
     /// Writes the codes, once. Throws FileAccessError; where a file could not be replaced after

@@ -5,15 +5,15 @@
 #include <charconv>
 #include <system_error>
 
+#include "files/PlainText.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::ptrdiff_t maxHexDigits = 8;
 
-bool IsBlank(char c) {
+bool IsSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r';
 }
 
@@ -23,26 +23,21 @@ bool IsPrintable(char c) {
 
 /// Control characters never occur in a text. Bytes above 127 may, in some encoding.
 bool IsBinary(char c) {
-    return (c >= '\0' && c < ' ' && !IsBlank(c)) || c == '\x7F';
+    return IsControl(c) && !IsSpace(c);
 }
 
-std::string_view WithoutBlanks(std::string_view line) {
-    const auto* const first = std::find_if_not(line.begin(), line.end(), IsBlank);
-    const auto last = std::find_if_not(line.rbegin(), line.rend(), IsBlank).base();
+std::string_view WithoutSpaces(std::string_view line) {
+    const auto* const first = std::find_if_not(line.begin(), line.end(), IsSpace);
+    const auto last = std::find_if_not(line.rbegin(), line.rend(), IsSpace).base();
     return first < last ? std::string_view(first, last) : std::string_view();
 }
 
 std::string Quoted(std::string_view text) {
     constexpr std::size_t maxShown = 40;
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string quoted = "\"";
     for (const char c : text.substr(0, maxShown)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (IsPrintable(c)) {
-            quoted += c;
-        } else {
-            quoted += {'\\', 'x', digits[byte >> 4U], digits[byte & 0x0FU]};
-        }
+        quoted +=
+            IsPrintable(c) ? std::string(1, c) : "\\x" + HexText(static_cast<unsigned char>(c), 2);
     }
     return quoted + (text.size() > maxShown ? "...\"" : "\"");
 }
@@ -83,7 +78,7 @@ class CodeParser {
         codes.reserve(MaxCodesInBlock);
         for (; position_ != end_; ++line_) {
             const char* const lineStart = position_;
-            SkipBlanks();
+            SkipSpaces();
             if (AtLineEnd()) {
                 SkipBlankLines();
                 break;
@@ -104,8 +99,8 @@ class CodeParser {
   private:
     bool AtLineEnd() const { return position_ == end_ || *position_ == '\n'; }
 
-    void SkipBlanks() {
-        while (position_ != end_ && IsBlank(*position_)) {
+    void SkipSpaces() {
+        while (position_ != end_ && IsSpace(*position_)) {
             ++position_;
         }
     }
@@ -118,8 +113,8 @@ class CodeParser {
 
     /// Empty lines are accepted at the end of the text only.
     void SkipBlankLines() {
-        const auto isBlankOrLineEnd = [](char c) { return c == '\n' || IsBlank(c); };
-        if (!std::all_of(position_, end_, isBlankOrLineEnd)) {
+        const auto isSpaceOrLineEnd = [](char c) { return c == '\n' || IsSpace(c); };
+        if (!std::all_of(position_, end_, isSpaceOrLineEnd)) {
             Refuse("a blank line where a code is expected");
         }
         position_ = end_;
@@ -129,7 +124,7 @@ class CodeParser {
         std::int32_t code = 0;
         const ParsedCode parsed = ParseCode(position_, end_, notation_, code);
         position_ = parsed.end;
-        SkipBlanks();
+        SkipSpaces();
         if (parsed.error != std::errc() || !AtLineEnd()) {
             RefuseLine({lineStart, std::find(lineStart, end_, '\n')}, parsed.error);
         }
@@ -140,7 +135,7 @@ class CodeParser {
         if (std::any_of(line.begin(), line.end(), IsBinary)) {
             Refuse("binary data, not a text: " + Quoted(line));
         }
-        const std::string code = Quoted(WithoutBlanks(line));
+        const std::string code = Quoted(WithoutSpaces(line));
         if (error == std::errc::result_out_of_range && AtLineEnd()) {
             Refuse(code + " does not fit into 32 bits");
         }
@@ -193,9 +188,7 @@ std::string OtherNotationText(Notation look) {
 }
 
 ParsedCodes ParseCodes(std::string_view text, Notation notation, std::string_view source) {
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
+    text = WithoutByteOrderMark(text);
     ParsedCodes parsed{CodeParser(text, notation, source).Parse(), NotationByLook(text), ""};
     if (!text.ends_with('\n')) {
         parsed.warning = "the last line has no line end; was the file cut off?";

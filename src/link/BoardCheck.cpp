@@ -2,7 +2,6 @@
 #include "link/BoardCheck.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 #include "link/DataReady.h"
@@ -75,8 +74,7 @@ class Checker {
     }
 
     std::int32_t WriteAndRead(std::int32_t value) {
-        auxControl_.RegValue = value;
-        auxControl_.WriteReg();
+        auxControl_.WriteValue(value);
         return auxControl_.ReadValue();
     }
 

@@ -8,8 +8,7 @@ namespace vx3260 {
 
 std::int32_t StartCalibration(Register& modeRegister, std::int32_t mode) {
     const std::int32_t before = modeRegister.ReadValue();
-    modeRegister.RegValue = RegisterMap::OperatingMode.Insert(before, mode);
-    modeRegister.WriteReg();
+    modeRegister.WriteValue(RegisterMap::OperatingMode.Insert(before, mode));
     return before;
 }
 

@@ -15,11 +15,24 @@ struct ConverterTraits {
     std::string_view name;  ///< as in the forms' texts: "Main", "Aux"
     RegisterMap::RegisterAccess data;
     RegisterMap::RegisterAccess control;
+    RegisterMap::RegisterAccess zeroScale;  ///< calibration register
+    RegisterMap::RegisterAccess fullScale;  ///< calibration register
 };
 
-inline constexpr ConverterTraits MainTraits{"Main", RegisterMap::MainData,
-                                            RegisterMap::MainControl};
-inline constexpr ConverterTraits AuxTraits{"Aux", RegisterMap::AuxData, RegisterMap::AuxControl};
+inline constexpr ConverterTraits MainTraits{
+    .name = "Main",
+    .data = RegisterMap::MainData,
+    .control = RegisterMap::MainControl,
+    .zeroScale = RegisterMap::MainZeroScale,
+    .fullScale = RegisterMap::MainFullScale,
+};
+inline constexpr ConverterTraits AuxTraits{
+    .name = "Aux",
+    .data = RegisterMap::AuxData,
+    .control = RegisterMap::AuxControl,
+    .zeroScale = RegisterMap::AuxZeroScale,
+    .fullScale = RegisterMap::AuxFullScale,
+};
 
 constexpr const ConverterTraits& TraitsOf(Converter converter) {
     return converter == Converter::Main ? MainTraits : AuxTraits;

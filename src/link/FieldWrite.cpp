@@ -10,8 +10,7 @@ FieldWrite WriteField(Register& reg, const RegisterMap::Field& field, std::int32
 FieldWrite WriteField(Register& reg, std::int32_t before, const RegisterMap::Field& field,
                       std::int32_t code) {
     const std::int32_t wanted = field.Insert(before, code);
-    reg.RegValue = wanted;
-    reg.WriteReg();
+    reg.WriteValue(wanted);
     return {before, wanted, reg.ReadValue()};
 }
 

@@ -11,9 +11,6 @@ namespace vx3260 {
 /// Reads one converter's results. Properties and port address as in Register.
 class ReadData {
   public:
-    ReadData(ParallelPort& parallelPort, const std::int16_t& portAddress)
-        : parallelPort_(parallelPort), portAddress_(portAddress) {}
-
     ReadData(ParallelPort& parallelPort, const std::int16_t& portAddress,
              const RegisterMap::RegisterAccess& access)
         : WordLength(access.wordLength),
@@ -21,8 +18,8 @@ class ReadData {
           parallelPort_(parallelPort),
           portAddress_(portAddress) {}
 
-    std::int16_t WordLength = 0;   ///< bits of a result
-    std::int16_t ReadAddress = 0;  ///< whole communications byte that reads it
+    std::int16_t WordLength;   ///< bits of a result
+    std::int16_t ReadAddress;  ///< whole communications byte that reads it
 
     /// Asks for a result, waits for data-ready and returns the code, or ReadTimeout. After a
     /// time-out the chip still waits for the clocks of this word.

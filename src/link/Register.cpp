@@ -20,6 +20,11 @@ void Register::WriteReg() {
     SerialWrite(parallelPort_, ToInt32(RegValue), portAddress_, WordLength);
 }
 
+void Register::WriteValue(double value) {
+    RegValue = value;
+    WriteReg();
+}
+
 std::int32_t ReadRegister(ParallelPort& parallelPort, const std::int16_t& portAddress,
                           const RegisterMap::RegisterAccess& access) {
     return Register(parallelPort, portAddress, access).ReadValue();

@@ -12,11 +12,7 @@ namespace vx3260 {
 /// the port address in force at the moment of the call. No operation detects a missing board.
 class Register {
   public:
-    /// Both references must outlive the object. All properties start at zero.
-    Register(ParallelPort& parallelPort, const std::int16_t& portAddress)
-        : parallelPort_(parallelPort), portAddress_(portAddress) {}
-
-    /// Properties for an access to the given register; RegValue stays.
+    /// Both references must outlive the object. Properties for an access to the given register.
     Register(ParallelPort& parallelPort, const std::int16_t& portAddress,
              const RegisterMap::RegisterAccess& access)
         : WordLength(access.wordLength),
@@ -25,10 +21,10 @@ class Register {
           parallelPort_(parallelPort),
           portAddress_(portAddress) {}
 
-    std::int16_t WordLength = 0;    ///< bits of the register
-    std::int16_t ReadAddress = 0;   ///< whole communications byte that reads it
-    std::int16_t WriteAddress = 0;  ///< whole communications byte that writes it
-    double RegValue = 0;            ///< what the next WriteReg sends
+    std::int16_t WordLength;    ///< bits of the register
+    std::int16_t ReadAddress;   ///< whole communications byte that reads it
+    std::int16_t WriteAddress;  ///< whole communications byte that writes it
+    double RegValue = 0;        ///< what the next WriteReg sends
 
     /// The register's contents, 0 to 2^WordLength - 1. RegValue stays as it is.
     double ReadReg();
@@ -40,6 +36,9 @@ class Register {
     /// two's complement. Throws OverflowError, after the communications byte has been sent, when
     /// RegValue does not fit 32 bits.
     void WriteReg();
+
+    /// Stores the value in RegValue and sends it with WriteReg.
+    void WriteValue(double value);
 
   private:
     ParallelPort& parallelPort_;

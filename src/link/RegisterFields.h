@@ -47,13 +47,20 @@ inline constexpr FieldValue OffOn[] = {{0, "off"}, {1, "on"}};
 inline constexpr FieldValue LowHigh[] = {{0, "low"}, {1, "high"}};
 
 inline constexpr FieldValue ModeValues[] = {
-    {0, "power-down"},    {1, "idle"},          {2, "single"},      {3, "continuous"},
-    {4, "internal-zero"}, {5, "internal-full"}, {6, "system-zero"}, {7, "system-full"}};
+    {PowerDown, "power-down"},
+    {Idle, "idle"},
+    {SingleConversion, "single"},
+    {ContinuousConversion, "continuous"},
+    {InternalZeroScale, "internal-zero"},
+    {InternalFullScale, "internal-full"},
+    {SystemZeroScale, "system-zero"},
+    {SystemFullScale, "system-full"},
+};
 inline constexpr FieldValue OscillatorValues[] = {{0, "on"}, {1, "off"}};
 inline constexpr FieldValue ChconValues[] = {{0, "cleared"}, {1, "set"}};
 inline constexpr FieldValue BufferingValues[] = {{0, "unbuffered"}, {1, "buffered"}};
 
-inline constexpr Field OperatingMode{"mode", "Mode of operation", 0x07, ModeValues};
+inline constexpr Field OperatingMode{"mode", "Mode of operation", ModeMask, ModeValues};
 inline constexpr Field Oscillator{"oscillator", "Oscillator in power-down", 0x08, OscillatorValues};
 inline constexpr Field Chcon{"chcon", "Channel configuration", 0x10, ChconValues};
 inline constexpr Field Buffering{"buffering", "Input buffering", 0x40, BufferingValues};

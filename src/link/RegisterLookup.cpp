@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "numbers/NumberText.h"
+
 namespace vx3260::RegisterMap {
 namespace {
 
@@ -32,6 +34,11 @@ std::optional<std::string_view> NameOfCode(const Field& field, std::int32_t code
     const auto named = std::find_if(field.values.begin(), field.values.end(),
                                     [code](const FieldValue& v) { return v.code == code; });
     return named == field.values.end() ? std::nullopt : std::optional(named->name);
+}
+
+std::string RegisterHex(std::int32_t value, const RegisterAccess& access) {
+    constexpr int bitsOfDigit = 4;
+    return PrefixedHex(value, access.wordLength / bitsOfDigit);
 }
 
 }  // namespace vx3260::RegisterMap

@@ -36,6 +36,8 @@ inline constexpr RegisterAccess Test2{0x0D, 0, 16};
 /// Mode register, bits 2 to 0.
 inline constexpr std::int16_t ModeMask = 0x07;
 inline constexpr std::int16_t PowerDown = 0;
+inline constexpr std::int16_t Idle = 1;
+inline constexpr std::int16_t SingleConversion = 2;
 inline constexpr std::int16_t ContinuousConversion = 3;
 constexpr bool IsPowerDown(std::int32_t mode) {
     return (mode & ModeMask) == PowerDown;
@@ -51,6 +53,9 @@ inline constexpr std::int16_t SystemFullScale = 7;
 /// Main and aux ADC control registers.
 inline constexpr std::int16_t EnableMask = 0x80;
 inline constexpr std::int16_t UnipolarMask = 0x08;
+constexpr bool IsEnabled(std::int32_t control) {
+    return (control & EnableMask) != 0;
+}
 
 /// Aux ADC control register: full scale is the reference, or half of it when clear.
 inline constexpr std::int16_t FullReferenceMask = 0x01;

@@ -3,15 +3,14 @@
 
 #include "link/BoardLines.h"
 #include "link/PortAccess.h"
+#include "link/Register.h"
 #include "link/RegisterMap.h"
-#include "link/Serial.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr std::int16_t resetLow = BoardLines::Idle & ~BoardLines::Reset;
 constexpr std::int16_t clockHighOneResetLow = BoardLines::ClockHighOne & ~BoardLines::Reset;
-constexpr int onesThatReset = 32;
 
 }  // namespace
 
@@ -21,14 +20,13 @@ void HardwareReset(ParallelPort& parallelPort, std::int16_t port) {
 }
 
 void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
-    for (int i = 0; i < onesThatReset; ++i) {
+    for (int i = 0; i < OnesThatReset; ++i) {
         PortOut(parallelPort, port, BoardLines::ClockLowOne);
         PortOut(parallelPort, port, clockHighOneResetLow);
     }
     PortOut(parallelPort, port, BoardLines::Idle);
     for (const RegisterMap::RegisterAccess& test : {RegisterMap::Test1, RegisterMap::Test2}) {
-        SerialWrite(parallelPort, test.writeByte, port, 8);
-        SerialWrite(parallelPort, 0, port, test.wordLength);
+        Register(parallelPort, port, test).WriteValue(0);
     }
 }
 

@@ -7,11 +7,14 @@
 
 namespace vx3260 {
 
-/// Pulses the chip's reset line: two writes to the data register, as long as they take.
+/// Pulses the chip's reset line. The pulse lasts one port write.
 void HardwareReset(ParallelPort& parallelPort, std::int16_t port);
 
-/// Clocks 32 one bits into the chip, which brings its interface back in step, then clears both
-/// test registers. The reset line is pulsed low with each of the 32 bits.
+/// One bits in a row that reset the chip's interface.
+inline constexpr int OnesThatReset = 32;
+
+/// Clocks OnesThatReset one bits into the chip, which brings its interface back in step, then
+/// clears both test registers. The reset line is pulsed low with each of the bits.
 void SoftwareReset(ParallelPort& parallelPort, std::int16_t port);
 
 }  // namespace vx3260

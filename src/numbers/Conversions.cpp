@@ -24,13 +24,13 @@ Integer Fit(Wide value) {
     return static_cast<Integer>(value);
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const auto first = text.find_first_not_of(blanks);
+std::string_view WithoutSpaces(std::string_view text) {
+    constexpr std::string_view spaces = " \t\r\n";
+    const auto first = text.find_first_not_of(spaces);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(spaces) - first + 1);
 }
 
 /// Of a number that double precision cannot hold: whether it is too small rather than too large.
@@ -54,8 +54,8 @@ std::int32_t ToInt32(double value) {
 }
 
 double TextToDouble(std::string_view text) {
-    std::string_view digits = WithoutBlanks(text);
-    // from_chars knows no plus sign, but does know "inf" and "nan", which are refused here.
+    std::string_view digits = WithoutSpaces(text);
+    // from_chars rejects a plus sign and accepts "inf" and "nan".
     if (digits.starts_with('+') && !digits.starts_with("+-")) {
         digits.remove_prefix(1);
     }

@@ -83,6 +83,27 @@ std::string FractionPart(const Decimal& number) {
     return fraction;
 }
 
+/// What a format of FormatNumber asks for, in digits.
+struct Places {
+    std::size_t minWhole;
+    bool point;
+    std::size_t minFraction;
+    int maxFraction;
+};
+
+Places PlacesOf(std::string_view format) {
+    const std::size_t pointAt = std::min(format.find('.'), format.size());
+    const bool point = pointAt < format.size();
+    const std::string_view whole = format.substr(0, pointAt);
+    const std::string_view fraction = format.substr(pointAt + (point ? 1 : 0));
+    return {
+        .minWhole = whole.size() - std::min(whole.find('0'), whole.size()),
+        .point = point,
+        .minFraction = fraction.find_last_of('0') + 1,
+        .maxFraction = static_cast<int>(fraction.size()),
+    };
+}
+
 template <typename Number>
 std::string Shortest(Number value) {
     std::array<char, 32> buffer{};
@@ -104,6 +125,10 @@ std::string HexText(std::int32_t value, int minDigits) {
     const auto width = static_cast<std::size_t>(minDigits);
     digits.insert(0, width - std::min(width, digits.size()), '0');
     return digits;
+}
+
+std::string PrefixedHex(std::int32_t value, int minDigits) {
+    return "0x" + HexText(value, minDigits);
 }
 
 std::string UpperCase(std::string_view text) {
@@ -163,28 +188,15 @@ std::string FormatNumber(double value, std::string_view format) {
     if (!std::isfinite(value)) {
         throw OverflowError();
     }
-    const auto pointAt = format.find('.');
-    const std::string_view wholePlaces = format.substr(0, pointAt);
-    const std::string_view places =
-        pointAt == std::string_view::npos ? std::string_view{} : format.substr(pointAt + 1);
-    const auto firstZero = std::min(wholePlaces.find('0'), wholePlaces.size());
-    const auto minWhole = wholePlaces.size() - firstZero;
-    const auto minFraction = places.find_last_of('0') + 1;
-
+    const Places places = PlacesOf(format);
     Decimal number = ToDecimal(std::abs(value));
-    RoundHalfAwayFromZero(number, static_cast<int>(places.size()));
+    RoundHalfAwayFromZero(number, places.maxFraction);
     std::string whole = WholePart(number);
     std::string fraction = FractionPart(number);
     const bool zero = whole.empty() && fraction.empty();
-    whole.insert(0, minWhole - std::min(minWhole, whole.size()), '0');
-    fraction.resize(std::max(minFraction, fraction.size()), '0');
-
-    std::string text = value < 0 && !zero ? "-" : "";
-    text += whole;
-    if (pointAt != std::string_view::npos) {
-        text += '.' + fraction;
-    }
-    return text;
+    whole.insert(0, places.minWhole - std::min(places.minWhole, whole.size()), '0');
+    fraction.resize(std::max(places.minFraction, fraction.size()), '0');
+    return (value < 0 && !zero ? "-" : "") + whole + (places.point ? "." + fraction : "");
 }
 
 std::string FixedText(double value, int decimals) {

@@ -15,6 +15,9 @@ std::string HexText(std::int32_t value);
 /// The same with leading zeros up to `minDigits` digits.
 std::string HexText(std::int32_t value, int minDigits);
 
+/// HexText after "0x".
+std::string PrefixedHex(std::int32_t value, int minDigits = 1);
+
 /// The capital of a letter a to z; any other character as it is.
 constexpr char UpperCase(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "options/PortOptions.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string_view>
 
 #include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "numbers/WholeNumber.h"
 #include "options/Validators.h"
@@ -14,6 +16,8 @@
 
 namespace vx3260 {
 namespace {
+
+using Microseconds = std::chrono::duration<double, std::micro>;
 
 constexpr std::string_view faultListName = "list";
 
@@ -57,16 +61,17 @@ std::string RefuseOtherThanAddress(const std::string& text) {
 }
 
 std::string RefuseOtherThanMicroseconds(const std::string& text) {
-    constexpr double most = 1e6;
+    constexpr int maxMicroseconds = 1'000'000;
     try {
         const double microseconds = TextToDouble(text);
-        if (microseconds >= 0 && microseconds <= most) {
+        if (microseconds >= 0 && microseconds <= maxMicroseconds) {
             return "";
         }
     } catch (const RuntimeError&) {
         // Refused below, like a number outside the range.
     }
-    return "'" + text + "' is not a number of microseconds from 0 to 1000000";
+    return "'" + text + "' is not a number of microseconds from 0 to " +
+           std::to_string(maxMicroseconds);
 }
 
 std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
@@ -108,7 +113,7 @@ void AddPollTime(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
            "Least time of a read of the port: 100000 of them are the limit of a wait for data")
         ->type_name("US")
         ->check(CLI::Validator(RefuseOtherThanMicroseconds, ""))
-        ->default_str("4")
+        ->default_str(ShortestText(Microseconds(DefaultPollTime).count()))
         ->excludes(simulated);
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <CLI/CLI.hpp>
-#include <string>
-#include <vector>
-
 #include "ports/OpenPort.h"
+
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace vx3260 {
 

@@ -80,8 +80,8 @@ std::string WindowsSystem::CommandLine() {
 
 std::string WindowsSystem::WithoutProgram(const std::string& commandLine) {
     const std::size_t pathEnd = commandLine.starts_with('"') ? commandLine.find('"', 1) : 0;
-    const std::size_t blank = commandLine.find_first_of(" \t", pathEnd);
-    return blank == std::string::npos ? std::string() : commandLine.substr(blank + 1);
+    const std::size_t space = commandLine.find_first_of(" \t", pathEnd);
+    return space == std::string::npos ? std::string() : commandLine.substr(space + 1);
 }
 
 std::optional<std::string> WindowsSystem::GetKeyValue(const std::string& key,

@@ -23,7 +23,7 @@ class WindowsSystem final : public OperatingSystem {
     std::string CommandLine() override;
 
     /// A whole command line without the program's path, which comes first, in quotation marks where
-    /// it holds a blank.
+    /// it holds a space.
     static std::string WithoutProgram(const std::string& commandLine);
 
     std::optional<std::string> GetKeyValue(const std::string& key,

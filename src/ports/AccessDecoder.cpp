@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <optional>
 #include <string_view>
 
 #include "link/BoardLines.h"
 #include "link/RegisterFields.h"
 #include "link/RegisterMap.h"
+#include "link/Reset.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -18,7 +18,6 @@ namespace {
 using RegisterMap::RegisterAccess;
 
 constexpr std::int16_t communicationsBits = 8;
-constexpr int onesThatReset = 32;
 
 struct NamedRegister {
     std::string_view name;
@@ -72,8 +71,8 @@ void AccessDecoder::Step(std::int16_t outputs, bool dout) {
     const bool rising = IsHigh(outputs, BoardLines::Clock) && !clockHigh_;
     clockHigh_ = IsHigh(outputs, BoardLines::Clock);
     CountOnes(rising, din, inReset);
-    if (inReset || onesInARow_ == onesThatReset) {
-        text_ = onesInARow_ == onesThatReset ? "software reset" : "hardware reset";
+    if (inReset || onesInARow_ == OnesThatReset) {
+        text_ = onesInARow_ == OnesThatReset ? "software reset" : "hardware reset";
         AwaitCommunicationsByte();
     } else if (rising) {
         Shift(reading_ ? dout : din);
@@ -82,7 +81,7 @@ void AccessDecoder::Step(std::int16_t outputs, bool dout) {
 
 /// During a software reset the line goes low with each one bit; otherwise it restarts the count.
 void AccessDecoder::CountOnes(bool rising, bool din, bool inReset) {
-    if (onesInARow_ == onesThatReset || (rising ? !din : inReset)) {
+    if (onesInARow_ == OnesThatReset || (rising ? !din : inReset)) {
         onesInARow_ = 0;
     }
     if (rising && din) {

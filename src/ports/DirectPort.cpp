@@ -19,11 +19,8 @@ std::int32_t ChosenAddress(std::optional<std::int32_t> address, const std::strin
     if (address) {
         return *address;
     }
-    if (!path.empty()) {
-        return ParportDeviceAt(path).baseAddress;
-    }
-    const std::vector<ParportDevice> devices = FindParportDevices();
-    return devices.empty() ? 0 : devices.front().baseAddress;
+    const auto device = path.empty() ? FirstParportDevice() : ParportDeviceAt(path);
+    return device ? device->baseAddress : 0;
 }
 
 #if defined(__x86_64__) || defined(__i386__)
@@ -50,7 +47,7 @@ int RequestAccess(unsigned long /*base*/) {
 void WriteIo(std::int32_t /*address*/, std::uint8_t /*value*/) {}
 
 std::uint8_t ReadIo(std::int32_t /*address*/) {
-    return 0xFF;
+    return BoardLines::Undriven;
 }
 
 #endif
@@ -69,7 +66,7 @@ bool DirectPort::Claim() {
     if (BaseAddress() == 0) {
         return false;
     }
-    if (BaseAddress() > std::numeric_limits<std::int16_t>::max()) {
+    if (BaseAddress() > MaxDirectAddress) {
         failure_ =
             "Direct access reaches addresses up to 0x7FFF. Leave out --port-access=direct: "
             "the driver reaches every port.";

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 
 #include "link/BoardLines.h"
@@ -12,60 +13,74 @@ namespace vx3260 {
 namespace {
 
 struct StuckLine {
-    std::string_view name;
+    FaultDescription description;
     std::int16_t Faults::*mask;
     std::int16_t line;
 };
 
 constexpr StuckLine stuckLines[] = {
-    {"sclk-stuck-high", &Faults::dataHigh, BoardLines::Clock},
-    {"sclk-stuck-low", &Faults::dataLow, BoardLines::Clock},
-    {"din-stuck-high", &Faults::dataHigh, BoardLines::Din},
-    {"din-stuck-low", &Faults::dataLow, BoardLines::Din},
-    {"reset-stuck-high", &Faults::dataHigh, BoardLines::Reset},
-    {"reset-stuck-low", &Faults::dataLow, BoardLines::Reset},
-    {"dout-stuck-high", &Faults::statusHigh, BoardLines::Dout},
-    {"dout-stuck-low", &Faults::statusLow, BoardLines::Dout},
-    {"rdy-stuck-high", &Faults::statusHigh, BoardLines::NotReady},
-    {"rdy-stuck-low", &Faults::statusLow, BoardLines::NotReady},
-    {"no-data-ready", &Faults::statusHigh, BoardLines::NotReady},
+    {{"sclk-stuck-high", "the clock line stays high"}, &Faults::dataHigh, BoardLines::Clock},
+    {{"sclk-stuck-low", "the clock line stays low"}, &Faults::dataLow, BoardLines::Clock},
+    {{"din-stuck-high", "the data line to the chip stays high"},
+     &Faults::dataHigh,
+     BoardLines::Din},
+    {{"din-stuck-low", "the data line to the chip stays low"}, &Faults::dataLow, BoardLines::Din},
+    {{"reset-stuck-high", "the reset line stays high: no hardware reset"},
+     &Faults::dataHigh,
+     BoardLines::Reset},
+    {{"reset-stuck-low", "the reset line stays low: the chip stays in reset"},
+     &Faults::dataLow,
+     BoardLines::Reset},
+    {{"dout-stuck-high", "the data line from the chip stays high: all bits read 1"},
+     &Faults::statusHigh,
+     BoardLines::Dout},
+    {{"dout-stuck-low", "the data line from the chip stays low: all bits read 0"},
+     &Faults::statusLow,
+     BoardLines::Dout},
+    {{"rdy-stuck-high", "the data-ready line stays high: no result is announced"},
+     &Faults::statusHigh,
+     BoardLines::NotReady},
+    {{"rdy-stuck-low", "the data-ready line stays low: no wait for a result"},
+     &Faults::statusLow,
+     BoardLines::NotReady},
+    {{"no-data-ready", "data-ready never comes"}, &Faults::statusHigh, BoardLines::NotReady},
 };
 
 struct NumberedFault {
-    std::string_view prefix;
+    FaultDescription description;
     std::int64_t Faults::*number;
     std::int64_t min;
+
+    /// The name without its "N".
+    constexpr std::string_view Prefix() const {
+        return description.name.substr(0, description.name.size() - 1);
+    }
 };
 
 constexpr NumberedFault numberedFaults[] = {
-    {"board-gone=", &Faults::goneAfter, 0},
-    {"bit-flip=", &Faults::flipEvery, 1},
+    {{"board-gone=N", "the board is gone after N port accesses (0: from the start)"},
+     &Faults::goneAfter,
+     0},
+    {{"bit-flip=N", "every Nth bit read from the chip is inverted"}, &Faults::flipEvery, 1},
 };
 
-constexpr std::array descriptions{
-    FaultDescription{"sclk-stuck-high", "the clock line stays high"},
-    FaultDescription{"sclk-stuck-low", "the clock line stays low"},
-    FaultDescription{"din-stuck-high", "the data line to the chip stays high"},
-    FaultDescription{"din-stuck-low", "the data line to the chip stays low"},
-    FaultDescription{"reset-stuck-high", "the reset line stays high: no hardware reset"},
-    FaultDescription{"reset-stuck-low", "the reset line stays low: the chip stays in reset"},
-    FaultDescription{"dout-stuck-high", "the data line from the chip stays high: all bits read 1"},
-    FaultDescription{"dout-stuck-low", "the data line from the chip stays low: all bits read 0"},
-    FaultDescription{"rdy-stuck-high", "the data-ready line stays high: no result is announced"},
-    FaultDescription{"rdy-stuck-low", "the data-ready line stays low: no wait for a result"},
-    FaultDescription{"no-data-ready", "data-ready never comes"},
-    FaultDescription{"board-gone=N", "the board is gone after N port accesses (0: from the start)"},
-    FaultDescription{"bit-flip=N", "every Nth bit read from the chip is inverted"},
-};
+constexpr auto descriptions = [] {
+    std::array<FaultDescription, std::size(stuckLines) + std::size(numberedFaults)> all{};
+    const auto description = [](const auto& fault) { return fault.description; };
+    auto* const numbered =
+        std::transform(std::begin(stuckLines), std::end(stuckLines), all.begin(), description);
+    std::transform(std::begin(numberedFaults), std::end(numberedFaults), numbered, description);
+    return all;
+}();
 
 bool AddNumbered(std::string_view name, Faults& faults) {
     const auto* const fault =
         std::find_if(std::begin(numberedFaults), std::end(numberedFaults),
-                     [name](const NumberedFault& f) { return name.starts_with(f.prefix); });
+                     [name](const NumberedFault& f) { return name.starts_with(f.Prefix()); });
     if (fault == std::end(numberedFaults)) {
         return false;
     }
-    const std::optional<std::int64_t> number = DecimalNumber(name.substr(fault->prefix.size()));
+    const std::optional<std::int64_t> number = DecimalNumber(name.substr(fault->Prefix().size()));
     if (!number || *number < fault->min) {
         return false;
     }
@@ -80,8 +95,9 @@ std::span<const FaultDescription> KnownFaults() {
 }
 
 bool AddFault(std::string_view name, Faults& faults) {
-    const auto* const stuck = std::find_if(std::begin(stuckLines), std::end(stuckLines),
-                                           [name](const StuckLine& s) { return s.name == name; });
+    const auto* const stuck =
+        std::find_if(std::begin(stuckLines), std::end(stuckLines),
+                     [name](const StuckLine& s) { return s.description.name == name; });
     if (stuck == std::end(stuckLines)) {
         return AddNumbered(name, faults);
     }

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "app/MessageTexts.h"
 #include "app/PrinterPorts.h"
 #include "ports/SimulatedPort.h"
 #include "ports/TracePort.h"
@@ -12,7 +13,6 @@
 #include "ports/ParportDevices.h"
 #include "ports/PpdevPort.h"
 #else
-#include "numbers/NumberText.h"
 #include "ports/ParllioPort.h"
 #endif
 
@@ -106,7 +106,7 @@ std::vector<PortListing> ListPorts(const PortChoice& choice) {
 std::string NoPortDetail() {
     const std::string failure = OpenRealPort({})->FailureDetail();
     return failure + (failure.empty() ? "There is no printer port.\n" : "\n") +
-           "Without a board, --simulated works on the simulated one.";
+           "Without a board, " + std::string(MessageTexts::SimulatedHint) + ".";
 }
 
 }  // namespace vx3260

@@ -42,7 +42,7 @@ struct PortChoice {
     std::string device{};  ///< path of a real port; the first there is when empty
     PortMethod method = PortMethod::Driver;
     std::optional<std::int32_t> address{};                ///< base address, for direct access
-    std::chrono::nanoseconds pollTime = DefaultPollTime;  ///< least time of a real port's read
+    std::chrono::nanoseconds pollTime = DefaultPollTime;  ///< minimum time of a real port's read
     std::string traceFile{};                              ///< path; no trace when empty
 };
 

@@ -11,7 +11,6 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <system_error>
 
 #include "app/PrinterPorts.h"
@@ -128,11 +127,11 @@ std::string PermissionDetail(const std::string& path) {
     const bool groupMay =
         status && (status->st_mode & groupMayReadAndWrite) == groupMayReadAndWrite;
     if (group.empty() || group == "root" || !groupMay) {
-        return "You may not use " + path +
+        return "You have no permission to use " + path +
                ". Have the administrator give the device to a group (usually \"lp\") and you to "
                "that group.";
     }
-    return "You may not use " + path + ", which belongs to the group \"" + group +
+    return "You have no permission to use " + path + ", which belongs to the group \"" + group +
            "\". Join it with\n    sudo usermod -aG " + group + " " + UserName(getuid()) +
            "\nthen log out and in again.";
 }
@@ -151,6 +150,11 @@ std::vector<ParportDevice> FindParportDevices() {
         return std::pair(a.path.size(), a.path) < std::pair(b.path.size(), b.path);
     });
     return devices;
+}
+
+std::optional<ParportDevice> FirstParportDevice() {
+    const std::vector<ParportDevice> devices = FindParportDevices();
+    return devices.empty() ? std::nullopt : std::optional(devices.front());
 }
 
 ParportDevice ParportDeviceAt(const std::string& path) {

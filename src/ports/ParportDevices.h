@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct ParportDevice {
 /// The machine's printer ports in the order of their numbers; empty where the kernel has none or
 /// its modules are not loaded.
 std::vector<ParportDevice> FindParportDevices();
+
+/// The first of them.
+std::optional<ParportDevice> FirstParportDevice();
 
 /// The device with a path, which need not exist.
 ParportDevice ParportDeviceAt(const std::string& path);

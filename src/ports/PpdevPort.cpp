@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint8_t inputsBit = 0x20;
 constexpr std::uint8_t driversBits = 0x0F;
-constexpr std::uint8_t noAnswer = 0xFF;
+constexpr std::uint8_t noAnswer = BoardLines::Undriven;
 
 std::optional<ParportDevice> ChosenDevice(const std::string& path) {
     if (!path.empty()) {
@@ -27,8 +27,7 @@ std::optional<ParportDevice> ChosenDevice(const std::string& path) {
         const bool missing = !std::filesystem::exists(path, error) && !error;
         return missing ? std::nullopt : std::optional(ParportDeviceAt(path));
     }
-    const std::vector<ParportDevice> devices = FindParportDevices();
-    return devices.empty() ? std::nullopt : std::optional(devices.front());
+    return FirstParportDevice();
 }
 
 /// An ioctl that a signal interrupted is repeated.

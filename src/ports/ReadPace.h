@@ -13,12 +13,12 @@ inline constexpr std::chrono::nanoseconds DefaultPollTime = std::chrono::microse
 /// would take some 50 us.
 class ReadPace {
   public:
-    explicit ReadPace(std::chrono::nanoseconds least) : least_(least) {}
+    explicit ReadPace(std::chrono::nanoseconds minTime) : minTime_(minTime) {}
 
     /// Calls `read`, waits out the rest of the time and returns what was read.
     template <typename Read>
     auto Paced(const Read& read) const {
-        const auto end = std::chrono::steady_clock::now() + least_;
+        const auto end = std::chrono::steady_clock::now() + minTime_;
         const auto value = read();
         while (std::chrono::steady_clock::now() < end) {
         }
@@ -26,7 +26,7 @@ class ReadPace {
     }
 
   private:
-    std::chrono::nanoseconds least_;
+    std::chrono::nanoseconds minTime_;
 };
 
 }  // namespace vx3260

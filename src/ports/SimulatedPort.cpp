@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/SimulatedPort.h"
 
+#include "app/PrinterPorts.h"
 #include "link/BoardLines.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t baseAddress = 888;
-constexpr int addresses = 3;
+constexpr std::int16_t baseAddress = DefaultPortAddress;
 
 bool IsOurs(std::int16_t address) {
-    return address >= baseAddress && address < baseAddress + addresses;
+    return address >= baseAddress && address < baseAddress + BoardLines::RegisterCount;
 }
 
 unsigned OffsetOf(std::int16_t address) {

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <iostream>
-#include <string_view>
 #include <utility>
 
 #include "link/BoardLines.h"

@@ -104,7 +104,7 @@ VcdWriter::VcdWriter(const std::string& path, std::string_view scope,
     RefuseOtherThanDump(path);
     file_.open(FilePath(path), std::ios::binary | std::ios::trunc);
     if (!file_) {
-        ThrowCannotWrite();
+        throw CannotWrite(path_);
     }
     Append(Header(scope, variables) + TimeLine(end_));
 }
@@ -145,12 +145,7 @@ void VcdWriter::Append(const std::string& text) {
     std::error_code ignored;
     std::filesystem::resize_file(FilePath(path_), size_, ignored);
     errno = error;
-    ThrowCannotWrite();
-}
-
-void VcdWriter::ThrowCannotWrite() const {
-    const int error = errno != 0 ? errno : EIO;
-    throw FileAccessError("cannot write " + path_ + ": " + std::generic_category().message(error));
+    throw CannotWrite(path_);
 }
 
 }  // namespace vx3260

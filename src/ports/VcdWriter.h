@@ -45,7 +45,6 @@ class VcdWriter {
 
   private:
     void Append(const std::string& text);
-    [[noreturn]] void ThrowCannotWrite() const;
 
     std::string path_;
     std::ofstream file_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/SimulatedChip.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vx3260 {
@@ -51,17 +52,80 @@ constexpr std::uint32_t unipolarBit = 0x08;
 constexpr std::uint32_t referenceBit = 0x01;
 constexpr std::uint32_t chconBit = 0x10;
 constexpr std::uint32_t oscillatorOffBit = 0x08;
+constexpr std::uint32_t calibratingBit = 0x20;
+constexpr std::uint32_t lockBit = 0x01;
 
 constexpr double referenceVolts = 2.5;
 
 /// One conversion takes 24 cycles of the 32768 Hz clock for each count of the filter word.
 constexpr double nanosecondsPerCount = 24 * 1e9 / 32768;
-constexpr std::uint32_t leastFilterWord = 13;
+constexpr std::uint32_t minFilterWord = 13;
 constexpr int periodsOfCalibration = 3;
 
 constexpr double nominalFilterWord = 0x45;
 constexpr double mainNoiseVolts = 0.5e-6;  // in the 20 mV range; 8 times that in the 2.56 V range
 constexpr double auxNoiseVolts = 20e-6;
+
+unsigned RangeCode(std::uint32_t control) {
+    return control & 7U;
+}
+
+double MainFullScaleVolts(std::uint32_t control) {
+    return std::ldexp(1.024 * referenceVolts, static_cast<int>(RangeCode(control)) - 7);
+}
+
+double AuxFullScaleVolts(std::uint32_t control) {
+    return (control & referenceBit) != 0 ? referenceVolts : referenceVolts / 2;
+}
+
+double MainNoiseVolts(std::uint32_t control) {
+    return mainNoiseVolts * std::exp2(RangeCode(control) * 3.0 / 7.0);
+}
+
+double AuxNoiseVolts(std::uint32_t /*control*/) {
+    return auxNoiseVolts;
+}
+
+/// What differs between the converters. `control` is the control register's contents; noise is
+/// that of the nominal filter word.
+struct ConverterDescription {
+    Address data;
+    Address control;
+    Address zeroScale;
+    Address fullScale;
+    int bits;
+    std::uint32_t channelCodes;  ///< the largest code of the channel field, from bit 4 on
+    std::uint32_t readyBit;      ///< of the status register, as the next
+    std::uint32_t errorBit;
+    double (*inputVolts)(unsigned channel, bool chcon);
+    double (*fullScaleVolts)(std::uint32_t control);
+    double (*noiseVolts)(std::uint32_t control);
+};
+
+constexpr ConverterDescription descriptions[] = {
+    {.data = mainData,
+     .control = mainControl,
+     .zeroScale = mainZeroScale,
+     .fullScale = mainFullScale,
+     .bits = 24,
+     .channelCodes = 3,
+     .readyBit = 0x80,
+     .errorBit = 0x08,
+     .inputVolts = AnalogModel::MainInput,
+     .fullScaleVolts = MainFullScaleVolts,
+     .noiseVolts = MainNoiseVolts},
+    {.data = auxData,
+     .control = auxControl,
+     .zeroScale = auxZeroScale,
+     .fullScale = auxFullScale,
+     .bits = 16,
+     .channelCodes = 7,
+     .readyBit = 0x40,
+     .errorBit = 0x04,
+     .inputVolts = AnalogModel::AuxInput,
+     .fullScaleVolts = AuxFullScaleVolts,
+     .noiseVolts = AuxNoiseVolts},
+};
 
 bool IsReadable(unsigned address) {
     return address <= auxFullScale;
@@ -146,8 +210,10 @@ void SimulatedChip::FallingEdge() {
     if (!latched_) {
         latched_ = true;
         shift_ = Contents(address_);
-        if (address_ == mainData || address_ == auxData) {
-            converters_[address_ == mainData ? mainAdc : auxAdc].unread = false;
+        for (const Which which : {mainAdc, auxAdc}) {
+            if (address_ == descriptions[which].data) {
+                converters_[which].unread = false;
+            }
         }
     }
     dout_ = ((shift_ >> (bitsLeft_ - 1)) & 1U) != 0;
@@ -259,11 +325,9 @@ void SimulatedChip::CalibrateEnabled(unsigned field) {
         const double connected = zero ? 0.0 : setup.fullScaleVolts;
         const double volts = internal ? connected : InputVolts(which);
         if (zero) {
-            registers_[which == mainAdc ? mainZeroScale : auxZeroScale] =
-                analog_.CalibrateZero(volts, setup);
+            registers_[descriptions[which].zeroScale] = analog_.CalibrateZero(volts, setup);
         } else {
-            registers_[which == mainAdc ? mainFullScale : auxFullScale] =
-                analog_.CalibrateFull(volts, setup);
+            registers_[descriptions[which].fullScale] = analog_.CalibrateFull(volts, setup);
         }
         converters_[which].unread = true;
     }
@@ -278,54 +342,43 @@ bool SimulatedChip::Chcon() const {
 }
 
 bool SimulatedChip::Enabled(Which which) const {
-    return (registers_[which == mainAdc ? mainControl : auxControl] & enableBit) != 0;
+    return (registers_[descriptions[which].control] & enableBit) != 0;
 }
 
 std::int64_t SimulatedChip::Period() const {
-    const std::uint32_t word = std::max(registers_[filter], leastFilterWord);
+    const std::uint32_t word = std::max(registers_[filter], minFilterWord);
     return std::llround(word * nanosecondsPerCount);
 }
 
 double SimulatedChip::InputVolts(Which which) const {
-    if (which == mainAdc) {
-        return AnalogModel::MainInput((registers_[mainControl] >> 4) & 3U, Chcon());
-    }
-    return AnalogModel::AuxInput((registers_[auxControl] >> 4) & 7U, Chcon());
+    const ConverterDescription& own = descriptions[which];
+    return own.inputVolts((registers_[own.control] >> 4) & own.channelCodes, Chcon());
 }
 
 ConversionSetup SimulatedChip::Setup(Which which) const {
-    const std::uint32_t control = registers_[which == mainAdc ? mainControl : auxControl];
-    const bool bipolar = (control & unipolarBit) == 0;
+    const ConverterDescription& own = descriptions[which];
+    const std::uint32_t control = registers_[own.control];
     const double rateFactor =
-        std::sqrt(nominalFilterWord / std::max(registers_[filter], leastFilterWord));
-    if (which == auxAdc) {
-        const double fullScale =
-            (control & referenceBit) != 0 ? referenceVolts : referenceVolts / 2;
-        return {16,
-                bipolar,
-                fullScale,
-                auxNoiseVolts * rateFactor,
-                registers_[auxZeroScale],
-                registers_[auxFullScale]};
-    }
-    const int range = static_cast<int>(control & 7U);
-    return {24,
-            bipolar,
-            std::ldexp(1.024 * referenceVolts, range - 7),
-            mainNoiseVolts * std::exp2(range * 3.0 / 7.0) * rateFactor,
-            registers_[mainZeroScale],
-            registers_[mainFullScale]};
+        std::sqrt(nominalFilterWord / std::max(registers_[filter], minFilterWord));
+    return {
+        .bits = own.bits,
+        .bipolar = (control & unipolarBit) == 0,
+        .fullScaleVolts = own.fullScaleVolts(control),
+        .noiseVolts = own.noiseVolts(control) * rateFactor,
+        .zeroScale = registers_[own.zeroScale],
+        .fullScale = registers_[own.fullScale],
+    };
 }
 
 std::uint32_t SimulatedChip::StatusBits() const {
     const bool oscillatorStopped =
         Mode() == powerDown && (registers_[mode] & oscillatorOffBit) != 0;
-    std::uint32_t bits = oscillatorStopped ? 0x00 : 0x01;                  // LOCK
-    bits |= converters_[mainAdc].unread && Enabled(mainAdc) ? 0x80U : 0U;  // RDY0
-    bits |= converters_[auxAdc].unread && Enabled(auxAdc) ? 0x40U : 0U;    // RDY1
-    bits |= IsCalibration(Mode()) ? 0x20U : 0U;                            // CAL
-    bits |= converters_[mainAdc].clamped ? 0x08U : 0U;                     // ERR0
-    bits |= converters_[auxAdc].clamped ? 0x04U : 0U;                      // ERR1
+    std::uint32_t bits = oscillatorStopped ? 0 : lockBit;
+    bits |= IsCalibration(Mode()) ? calibratingBit : 0;
+    for (const Which which : {mainAdc, auxAdc}) {
+        bits |= converters_[which].unread && Enabled(which) ? descriptions[which].readyBit : 0;
+        bits |= converters_[which].clamped ? descriptions[which].errorBit : 0;
+    }
     return bits;
 }
 

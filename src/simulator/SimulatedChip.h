@@ -10,11 +10,10 @@
 namespace vx3260 {
 
 /// The chip at its pins: a serial interface that decodes clock edges, the registers behind it,
-/// conversions and calibrations with their durations. It spells its own addresses and bits, so
-/// that it can disagree with the program that drives it.
+/// conversions and calibrations with their durations. Defines its own addresses and bits, so that a
+/// wrong mask in link/ shows.
 ///
-/// Undefined accesses: a communications byte with bit 7, 5 or 4 set, or
-/// for a register that has no such access, is ignored and the next byte is taken as another one.
+/// A communications byte with bit 7, 5 or 4 set, or for an access the register lacks, is ignored.
 /// 32 one bits in a row reset the chip as the reset line does.
 class SimulatedChip {
   public:

@@ -64,7 +64,7 @@ TEST_F(StartUpTest, GoesOnWithoutAPort) {
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_EQ(messages.shown[0].title, "VX3260 Evaluation Software");
     EXPECT_EQ(messages.shown[1].title, "GetPortAddress Error");
-    EXPECT_TRUE(messages.shown[1].detail.ends_with("--simulated"));
+    EXPECT_TRUE(messages.shown[1].detail.ends_with("--simulated works on the simulated board."));
     EXPECT_EQ(messages.Take(),
               "Plain: claim parallel port failed\n"
               "Exclamation: This PC does not appear to have a Printer Port");

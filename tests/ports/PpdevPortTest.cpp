@@ -159,7 +159,8 @@ TEST_F(PpdevPortTest, NamesTheGroupThatOwnsTheDevice) {
         GTEST_SKIP() << "only root can give a file to a group";
     }
     EXPECT_EQ(OpenFailureDetail("/dev/parport0", EACCES),
-              "You may not use /dev/parport0, which belongs to the group \"lp\". Join it with\n"
+              "You have no permission to use /dev/parport0, which belongs to the group \"lp\". "
+              "Join it with\n"
               "    sudo usermod -aG lp root\nthen log out and in again.");
     ASSERT_EQ(chown(device.c_str(), 0, 0), 0);
     EXPECT_TRUE(

@@ -11,8 +11,6 @@
 namespace vx3260 {
 namespace {
 
-constexpr double nanovoltsPerVolt = 1e9;
-
 void ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
     auto* const label = form.findChild<QLabel*>(QString::fromUtf8(name));
     UseFixedFont(label);
@@ -50,8 +48,7 @@ NoiseForm::~NoiseForm() = default;
 ConversionConditions NoiseForm::ReadConditions() {
     ApplicationState& state = State();
     const RegisterMap::RegisterAccess& control = TraitsOf(converter_).control;
-    const auto value =
-        static_cast<std::int16_t>(ReadRegister(Shared().port, state.PortAddress, control));
+    const std::int32_t value = ReadRegister(Shared().port, state.PortAddress, control);
     ConversionConditions conditions = ConditionsOf(converter_, state.ReferenceVoltage, value);
     // The shared conversion conditions are the main ADC's.
     if (converter_ == Converter::Main) {
@@ -76,7 +73,7 @@ void NoiseForm::KeepStatistics() {
     state.MinCode = analysis.statistics.minCode;
     state.AverageCode = analysis.statistics.averageCode;
     state.RmsNoiseLsb = analysis.statistics.rmsNoiseLsb;
-    state.LsbSize = analysis.conditions.lsbVolts * nanovoltsPerVolt;
+    state.LsbSize = analysis.conditions.lsbVolts * NanovoltsPerVolt;
 }
 
 void NoiseForm::ShowTexts() {

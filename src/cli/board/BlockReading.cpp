@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/BlockReading.h"
 
-#include <algorithm>
-
 #include "analysis/SuspiciousCodes.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
@@ -12,24 +10,44 @@
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
 #include "link/RegisterMap.h"
-#include "link/Serial.h"
-#include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
 
-std::string HexByte(std::int32_t value) {
-    return "0x" + HexText(value);
-}
-
 [[noreturn]] void RefuseReadBack(Services& services, const FieldWrite& write) {
     RequireAnswer(services, {RegisterMap::DescriptionOf(RegisterMap::Mode), write.readBack},
-                  HexByte(write.wanted) + " was written. ");
+                  PrefixedHex(write.wanted) + " was written. ");
     throw CommandError(ExitCode::ReadBackMismatch,
-                       "wrong answer from the board: wrote " + HexByte(write.wanted) +
-                           " to the mode register and read back " + HexByte(write.readBack) +
+                       "wrong answer from the board: wrote " + PrefixedHex(write.wanted) +
+                           " to the mode register and read back " + PrefixedHex(write.readBack) +
                            ". Check the cable and the board's power.");
+}
+
+void RequireEnabled(Services& services, const ConverterReader& reader, Converter converter) {
+    if (reader.Enabled()) {
+        return;
+    }
+    RequireAnswer(
+        services,
+        {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
+        NothingWritten);
+    throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
+}
+
+ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
+                            const CliStreams& streams, const std::function<bool()>& stopRequested) {
+    ProgressLine progress(streams.err, count, streams.errIsTerminal);
+    return ReadBlock(
+        reader, block, count,
+        {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+}
+
+/// A board that goes while a code is clocked in leaves a false one, which only a later access
+/// shows.
+bool GoneAfterReading(Services& services, Converter converter, ReadingEnd end) {
+    return end != ReadingEnd::TimedOut &&
+           !BoardAnswers(services, RegisterMap::DescriptionOf(TraitsOf(converter).control));
 }
 
 constexpr std::string_view goneDetail =
@@ -69,39 +87,21 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
         RefuseReadBack(services, write);
     }
     err << "The chip was not in Continuous Conversion Mode: mode register changed from "
-        << HexByte(before) << " to " << HexByte(write.wanted) << std::endl;
+        << PrefixedHex(before) << " to " << PrefixedHex(write.wanted) << std::endl;
 }
 
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested) {
-    const std::string name = std::string(TraitsOf(converter).name) + " ADC";
     ConverterReader reader(services.port, services.state.PortAddress, converter);
     reader.ReadControls();
-    if (!reader.Enabled()) {
-        RequireAnswer(
-            services,
-            {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
-            NothingWritten);
-        throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
-    }
+    RequireEnabled(services, reader, converter);
     CheckReadyLine(services);
-    streams.err << "Reading " << CountText(count, "code") << " from the " << name
-                << ", Ctrl+C stops" << std::endl;
+    streams.err << "Reading " << CountText(count, "code") << " from the "
+                << TraitsOf(converter).name << " ADC, Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
-    ReadingEnd end = [&] {
-        ProgressLine progress(streams.err, count, streams.errIsTerminal);
-        return ReadBlock(
-            reader, block, count,
-            {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
-    }();
-    // A board that goes while a code is clocked in leaves a false one, which only a later access
-    // shows.
-    const bool gone =
-        end != ReadingEnd::TimedOut &&
-        !BoardAnswers(services, RegisterMap::DescriptionOf(TraitsOf(converter).control));
-    if (gone) {
-        end = ReadingEnd::TimedOut;
-    }
+    const ReadingEnd read = ReadWithProgress(reader, block, count, streams, stopRequested);
+    const bool gone = GoneAfterReading(services, converter, read);
+    const ReadingEnd end = gone ? ReadingEnd::TimedOut : read;
     BlockReading reading{GoodCodes(block, end), end};
     ReportEnd(services, end,
               gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),

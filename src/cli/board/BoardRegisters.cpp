@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "cli/reports/RegisterText.h"
 #include "link/BoardCheck.h"
 #include "link/Register.h"
+#include "link/RegisterLookup.h"
 #include "options/ExitCodes.h"
 
 namespace vx3260 {
@@ -30,17 +30,17 @@ std::optional<int> DeadLineBehind(Services& services, const RegisterReading& rea
 
 }  // namespace
 
-std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access) {
+std::int32_t ReadContents(Services& services, const RegisterMap::RegisterAccess& access) {
     return ReadRegister(services.port, services.state.PortAddress, access);
 }
 
-RegisterReading ReadRegister(Services& services,
-                             const RegisterMap::RegisterDescription& description) {
-    return {description, ReadRegister(services, description.access)};
+RegisterReading ReadDescribed(Services& services,
+                              const RegisterMap::RegisterDescription& description) {
+    return {description, ReadContents(services, description.access)};
 }
 
 bool BoardAnswers(Services& services, const RegisterMap::RegisterDescription& description) {
-    return !DeadLineBehind(services, ReadRegister(services, description));
+    return !DeadLineBehind(services, ReadDescribed(services, description));
 }
 
 void RequireAnswer(Services& services, const RegisterReading& reading,
@@ -62,7 +62,7 @@ void RequireAnswer(Services& services, const RegisterReading& reading,
 RegisterReading ReadAnswered(Services& services,
                              const RegisterMap::RegisterDescription& description,
                              std::string_view consequence) {
-    const RegisterReading reading = ReadRegister(services, description);
+    const RegisterReading reading = ReadDescribed(services, description);
     RequireAnswer(services, reading, consequence);
     return reading;
 }

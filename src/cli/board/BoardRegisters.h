@@ -9,10 +9,12 @@
 
 namespace vx3260 {
 
-/// Reads a register once.
-std::int32_t ReadRegister(Services& services, const RegisterMap::RegisterAccess& access);
-RegisterReading ReadRegister(Services& services,
-                             const RegisterMap::RegisterDescription& description);
+/// The contents of a register of the board, read once.
+std::int32_t ReadContents(Services& services, const RegisterMap::RegisterAccess& access);
+
+/// The same, with the description of the register.
+RegisterReading ReadDescribed(Services& services,
+                              const RegisterMap::RegisterDescription& description);
 
 /// Ensures that a value was read from a board. A dead line makes all bits alike, so such a value is
 /// accepted only if another register reads differently. Throws CommandError if none does;

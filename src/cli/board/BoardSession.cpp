@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "app/MessageTexts.h"
 #include "app/StartUp.h"
 #include "numbers/FilePath.h"
 #include "options/ExitCodes.h"
@@ -41,14 +42,12 @@ void BoardSession::Open() {
 Services& BoardSession::Services() {
     Open();
     if (state_.PortAddress == 0) {
-        throw CommandError(ExitCode::NoAnswer,
-                           "no printer port to reach a board through; --simulated works on the "
-                           "simulated board");
+        throw CommandError(ExitCode::NoAnswer, "no printer port to reach a board through; " +
+                                                   std::string(MessageTexts::SimulatedHint));
     }
     if (state_.PortClaimFailed) {
-        throw CommandError(ExitCode::NoAnswer,
-                           "the printer port could not be claimed; --simulated works on the "
-                           "simulated board");
+        throw CommandError(ExitCode::NoAnswer, "the printer port could not be claimed; " +
+                                                   std::string(MessageTexts::SimulatedHint));
     }
     return *services_;
 }

@@ -6,10 +6,9 @@
 
 namespace vx3260 {
 
-/// While one exists, SIGINT (Ctrl+C), SIGTERM and SIGHUP do not end the process but ask it to stop;
-/// a second
-/// SIGINT or SIGTERM ends it. A signal that the process was started to ignore, as by nohup, stays
-/// ignored. One at a time.
+/// While an object exists, SIGINT (Ctrl+C), SIGTERM and SIGHUP request a stop instead of ending the
+/// process; a second SIGINT or SIGTERM ends it. Signals ignored at process start (nohup) stay
+/// ignored. One object at a time.
 class StopSignal {
   public:
     StopSignal();

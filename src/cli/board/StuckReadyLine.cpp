@@ -35,11 +35,11 @@ bool IsSet(const RegisterReading& status, std::string_view bit) {
 /// Reads the results that the status register shows. False when it shows none.
 bool DiscardResults(Services& services) {
     const RegisterReading status =
-        ReadRegister(services, RegisterMap::DescriptionOf(RegisterMap::Status));
+        ReadDescribed(services, RegisterMap::DescriptionOf(RegisterMap::Status));
     bool taken = false;
     for (const ReadyBit& bit : readyBits) {
         if (IsSet(status, bit.name)) {
-            ReadRegister(services, TraitsOf(bit.converter).data);
+            ReadContents(services, TraitsOf(bit.converter).data);
             taken = true;
         }
     }
@@ -60,7 +60,7 @@ void CheckReadyLine(Services& services) {
 }
 
 void CheckCalibrationEnded(Services& services) {
-    if (IsSet(ReadRegister(services, RegisterMap::DescriptionOf(RegisterMap::Status)), "cal")) {
+    if (IsSet(ReadDescribed(services, RegisterMap::DescriptionOf(RegisterMap::Status)), "cal")) {
         RefuseStuckLine(
             "it announces the end of a calibration that goes on, as the status "
             "register shows");

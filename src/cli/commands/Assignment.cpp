@@ -18,10 +18,10 @@ using RegisterMap::FieldValue;
 
 /// The codes that may be written to a field.
 struct CodeLimits {
-    std::int64_t least;
-    std::int64_t most;
+    std::int64_t min;
+    std::int64_t max;
 
-    bool Include(std::int64_t code) const { return least <= code && code <= most; }
+    bool Include(std::int64_t code) const { return min <= code && code <= max; }
 };
 
 /// Fields that do not accept all codes that fit their bits.
@@ -71,7 +71,7 @@ std::vector<std::string> WritableNames(const Field& field) {
 
 std::string NumberRange(const Field& field) {
     const CodeLimits limits = LimitsOf(field);
-    return std::to_string(limits.least) + " to " + std::to_string(limits.most);
+    return std::to_string(limits.min) + " to " + std::to_string(limits.max);
 }
 
 void RefuseCalibration(const Field& field, std::optional<std::int64_t> code) {

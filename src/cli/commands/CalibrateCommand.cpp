@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/CalibrateCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <ostream>
 #include <vector>
@@ -11,28 +12,14 @@
 #include "cli/commands/Assignment.h"
 #include "cli/reports/RegisterText.h"
 #include "link/Calibration.h"
+#include "link/Converter.h"
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
 
 namespace vx3260 {
 namespace {
 
-/// The registers that calibrating a converter can change.
-struct CalibratedConverter {
-    RegisterMap::RegisterAccess control;
-    std::string_view zero;
-    std::string_view full;
-};
-
-constexpr CalibratedConverter calibratedConverters[] = {
-    {RegisterMap::MainControl, "main-zero", "main-full"},
-    {RegisterMap::AuxControl, "aux-zero", "aux-full"},
-};
-
 constexpr std::string_view calibrationStarted = "The calibration was started. ";
-constexpr std::string_view timeoutDetail =
-    "The data-ready line did not show the end of the calibration in time. Check the cable, the "
-    "board's power and its data-ready line.";
 
 std::vector<std::string> CalibrationKindNames() {
     std::vector<std::string> names;
@@ -47,17 +34,18 @@ std::int32_t ModeOf(std::string_view kind) {
         ->code;
 }
 
+RegisterReading ReadBefore(Services& services, const RegisterMap::RegisterAccess& access) {
+    return ReadAnswered(services, RegisterMap::DescriptionOf(access), NothingWritten);
+}
+
+/// The registers that a calibration of the enabled converters can change.
 std::vector<RegisterReading> ReadCalibration(Services& services) {
     std::vector<RegisterReading> readings;
-    for (const CalibratedConverter& converter : calibratedConverters) {
-        const RegisterReading control =
-            ReadAnswered(services, RegisterMap::DescriptionOf(converter.control), NothingWritten);
-        if ((control.value & RegisterMap::EnableMask) == 0) {
-            continue;
-        }
-        for (const std::string_view name : {converter.zero, converter.full}) {
-            readings.push_back(
-                ReadAnswered(services, RegisterMap::RegisterNamed(name), NothingWritten));
+    for (const Converter converter : {Converter::Main, Converter::Aux}) {
+        const ConverterTraits& traits = TraitsOf(converter);
+        if (RegisterMap::IsEnabled(ReadBefore(services, traits.control).value)) {
+            readings.push_back(ReadBefore(services, traits.zeroScale));
+            readings.push_back(ReadBefore(services, traits.fullScale));
         }
     }
     return readings;
@@ -95,7 +83,7 @@ ExitCode CalibrateCommand::Run(const CommandContext& context) {
     if (!WaitForCalibration(services.port, services.state.PortAddress)) {
         services.messages.Show({.text = std::string(MessageTexts::ErrorCalibrating),
                                 .icon = MessageIcon::Exclamation,
-                                .detail = std::string(timeoutDetail)});
+                                .detail = std::string(MessageTexts::CalibrationTimeoutDetail)});
         return ExitCode::NoAnswer;
     }
     CheckCalibrationEnded(services);

@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/CheckCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "cli/reports/RegisterText.h"
 #include "link/BoardCheck.h"
+#include "link/RegisterLookup.h"
 
 namespace vx3260 {
 namespace {
 
-struct VerdictText {
+struct VerdictEntry {
     BoardVerdict verdict;
     std::string_view seen;
     std::string_view advice;
 };
 
-constexpr VerdictText verdictTexts[] = {
+constexpr VerdictEntry verdictEntries[] = {
     {BoardVerdict::Answers,
      "the board answers: what was written to a register reads back (data-ready was not "
      "looked at)",
@@ -33,17 +34,17 @@ constexpr VerdictText verdictTexts[] = {
      "length of the cable, and for another program on the same port."},
 };
 
-const VerdictText& TextOf(BoardVerdict verdict) {
-    return *std::find_if(std::begin(verdictTexts), std::end(verdictTexts),
-                         [verdict](const VerdictText& text) { return text.verdict == verdict; });
+const VerdictEntry& EntryOf(BoardVerdict verdict) {
+    return *std::find_if(std::begin(verdictEntries), std::end(verdictEntries),
+                         [verdict](const VerdictEntry& entry) { return entry.verdict == verdict; });
 }
 
 std::string Hex(std::int32_t value) {
     return RegisterHex(value, RegisterMap::AuxControl);
 }
 
-std::string Told(const BoardCheck& check) {
-    std::string text(TextOf(check.verdict).seen);
+std::string VerdictText(const BoardCheck& check) {
+    std::string text(EntryOf(check.verdict).seen);
     if (check.verdict == BoardVerdict::AnswersWrongly) {
         text += ": the aux ADC control register was written with " + Hex(check.written) +
                 " and reads " + Hex(check.readBack);
@@ -66,9 +67,9 @@ ExitCode CheckCommand::Run(const CommandContext& context) {
     if (check.verdict != BoardVerdict::Answers) {
         const bool wrong = check.verdict == BoardVerdict::AnswersWrongly;
         throw CommandError(wrong ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
-                           Told(check) + ". " + std::string(TextOf(check.verdict).advice));
+                           VerdictText(check) + ". " + std::string(EntryOf(check.verdict).advice));
     }
-    context.streams.out << Told(check) << '\n';
+    context.streams.out << VerdictText(check) << '\n';
     return check.putBack ? ExitCode::Success : ExitCode::ReadBackMismatch;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/Command.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <vector>
 
@@ -26,6 +27,13 @@ std::string RefuseOtherThanDecimal(const std::string& text) {
 }
 
 }  // namespace
+
+Command::Command(CLI::App& program, const std::string& name, const std::string& description)
+    : parser_(*program.add_subcommand(name, description)) {}
+
+bool Command::Chosen() const {
+    return parser_.parsed();
+}
 
 void AddConverter(CLI::App& parser, Converter& converter) {
     parser

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include <cstdint>
 #include <string>
 
 #include "cli/board/BoardSession.h"
 #include "files/CodeText.h"
 #include "link/Converter.h"
 #include "options/ExitCodes.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace vx3260 {
 
@@ -22,14 +27,13 @@ class Command {
     Command& operator=(Command&&) = delete;
 
     /// Whether the parsed command line names this command.
-    bool Chosen() const { return parser_.parsed(); }
+    bool Chosen() const;
 
     /// Runs the command. Throws CommandError, FileAccessError, BadDataError or RuntimeError.
     virtual ExitCode Run(const CommandContext& context) = 0;
 
   protected:
-    Command(CLI::App& program, const std::string& name, const std::string& description)
-        : parser_(*program.add_subcommand(name, description)) {}
+    Command(CLI::App& program, const std::string& name, const std::string& description);
 
     CLI::App& Parser() { return parser_; }
 
@@ -43,6 +47,8 @@ void AddConverter(CLI::App& parser, Converter& converter);
 /// Adds an option with a decimal integer; a number beyond 64 bits is clamped.
 CLI::Option* AddWholeNumber(CLI::App& parser, const std::string& name, std::int64_t& number,
                             const std::string& description);
+
+inline constexpr std::int64_t DefaultCount = 200;
 
 /// Adds --count N, how many codes to read.
 CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);

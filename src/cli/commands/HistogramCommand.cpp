@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/HistogramCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <vector>
 
 #include "analysis/PlotCsv.h"

@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/NoiseCommand.h"
 
-#include <algorithm>
+#include <CLI/CLI.hpp>
 #include <limits>
 #include <map>
 #include <span>
 #include <vector>
 
-#include "analysis/NoiseTexts.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/NoiseReport.h"
-#include "cli/reports/RegisterText.h"
 #include "link/CodeBlock.h"
 #include "link/RegisterFields.h"
 #include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "options/Validators.h"
 
@@ -65,17 +64,18 @@ CLI::Option* AddField(CLI::App& parser, const std::string& option, const Registe
 }
 
 /// Refuses an option for the converter that has another option in its place.
-CLI::Validator OnlyFor(Converter converter, const Converter& chosen, const std::string& ofTwin) {
-    const auto refusal = [converter, &chosen, ofTwin](const std::string& /*value*/) {
+CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
+                       const std::string& otherOption) {
+    const auto refusal = [converter, &chosen, otherOption](const std::string& /*value*/) {
         return chosen == converter ? ""
                                    : "the " + std::string(TraitsOf(chosen).name) + " ADC takes " +
-                                         ofTwin + " in its place";
+                                         otherOption + " in its place";
     };
     return {refusal, ""};
 }
 
 void CheckCount(std::int64_t count) {
-    if (count < MinCodesForAnalysis || count > MaxCodesForAnalysis) {
+    if (!CountFitsAnalysis(count)) {
         throw CommandError(ExitCode::CountRefused,
                            std::string(MessageTexts::CountRefusal) + " (" + std::to_string(count) +
                                " given; accepted are " + std::to_string(MinCodesForAnalysis) +
@@ -99,7 +99,7 @@ NoiseCommand::NoiseCommand(CLI::App& program)
             "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
             "Reference voltage")
         ->type_name("VOLTS")
-        ->default_str("2.5")
+        ->default_str(ShortestText(referenceVoltage_))
         ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
     AddFormat(Parser(), format_, ReportFormat::Json);
 }
@@ -111,34 +111,40 @@ CLI::Option* NoiseCommand::AddFile() {
         Parser()
             .add_option("FILE", file_, "Data file to analyse; without it, codes are read")
             ->check(NotEmpty());
-    CLI::Option* const range =
-        Parser()
-            .add_option_function<int>(
-                rangeOption,
-                [this](int code) {
-                    fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code);
-                },
-                "Range code, 0 to 7, that FILE was read with from the main ADC")
-            ->type_name("CODE")
-            ->check(CLI::Range(0, 7))
-            ->check(OnlyFor(Converter::Main, converter_, fullScaleOption))
-            ->needs(file);
-    CLI::Option* const fullScale =
+    AddScale(file);
+    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
+                         "Polarity that FILE was read with")
+                    ->needs(file));
+    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
+    return file;
+}
+
+/// The options for what FILE was read with: the range of the main ADC, the full scale of the aux
+/// ADC. FILE needs the one of its converter.
+void NoiseCommand::AddScale(CLI::Option* file) {
+    const CLI::Option* const range = AddRange()->needs(file);
+    const CLI::Option* const fullScale =
         AddField(Parser(), fullScaleOption, RegisterMap::Reference, fileControl_,
                  "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
             ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
             ->needs(file);
-    file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
-                         "Polarity that FILE was read with")
-                    ->needs(file));
     Parser().final_callback([this, range, fullScale] {
         const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
         if (!file_.empty() && scale->empty()) {
             throw CLI::RequiresError("FILE", scale->get_name());
         }
     });
-    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
-    return file;
+}
+
+CLI::Option* NoiseCommand::AddRange() {
+    return Parser()
+        .add_option_function<int>(
+            rangeOption,
+            [this](int code) { fileControl_ = RegisterMap::InputRange.Insert(fileControl_, code); },
+            "Range code, 0 to 7, that FILE was read with from the main ADC")
+        ->type_name("CODE")
+        ->check(CLI::Range(0, 7))
+        ->check(OnlyFor(Converter::Main, converter_, fullScaleOption));
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {
@@ -150,8 +156,7 @@ NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
     CheckCount(static_cast<std::int64_t>(codes.size()));
     WarnOfSuspiciousCodes(codes, converter_, err);
     try {
-        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_,
-                                           static_cast<std::int16_t>(fileControl_)));
+        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_, fileControl_));
     } catch (const RuntimeError& error) {
         throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
     }
@@ -167,14 +172,13 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const auto control =
-        static_cast<std::int16_t>(ReadRegister(services, TraitsOf(converter_).control));
+    const std::int32_t control = ReadContents(services, TraitsOf(converter_).control);
     const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    if (!CountFitsAnalysis(static_cast<std::int32_t>(reading.codes.size()))) {
+    if (!CountFitsAnalysis(static_cast<std::int64_t>(reading.codes.size()))) {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/NoiseAnalysis.h"
+#include "app/StartUp.h"
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
@@ -18,6 +19,8 @@ class NoiseCommand final : public Command {
 
   private:
     CLI::Option* AddFile();
+    void AddScale(CLI::Option* file);
+    CLI::Option* AddRange();
     NoiseAnalysis AnalyseFile(std::ostream& err) const;
     ExitCode RunOnFile(const CommandContext& context) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
@@ -27,8 +30,8 @@ class NoiseCommand final : public Command {
     std::string file_;
     Notation notation_ = Notation::Decimal;
     std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
-    std::int64_t count_ = 200;
-    float referenceVoltage_ = 2.5F;
+    std::int64_t count_ = DefaultCount;
+    float referenceVoltage_ = DefaultReferenceVoltage;
     ReportFormat format_ = ReportFormat::Text;
 };
 

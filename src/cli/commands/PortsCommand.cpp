@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/PortsCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <QJsonArray>
 #include <algorithm>
 #include <vector>
@@ -14,7 +15,7 @@ namespace vx3260 {
 namespace {
 
 std::string AddressText(const PortListing& port) {
-    return port.address == 0 ? "unknown" : "0x" + HexText(port.address);
+    return port.address == 0 ? "unknown" : PrefixedHex(port.address);
 }
 
 std::string Text(const std::vector<PortListing>& ports) {

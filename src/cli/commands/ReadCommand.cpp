@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/ReadCommand.h"
 
+#include <CLI/CLI.hpp>
+
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
 #include "files/CodeFile.h"

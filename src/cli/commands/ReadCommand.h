@@ -18,7 +18,7 @@ class ReadCommand final : public Command {
 
   private:
     Converter converter_ = Converter::Main;
-    std::int64_t count_ = 200;
+    std::int64_t count_ = DefaultCount;
     std::string output_;
     Notation notation_ = Notation::Decimal;
 };

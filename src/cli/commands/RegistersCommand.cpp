@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/RegistersCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <vector>
 
 #include "cli/board/BoardRegisters.h"
-#include "cli/reports/RegisterText.h"
 #include "cli/reports/RegistersReport.h"
 
 namespace vx3260 {
@@ -13,7 +13,7 @@ namespace {
 std::vector<RegisterReading> ReadAll(Services& services) {
     std::vector<RegisterReading> readings;
     for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
-        readings.push_back(ReadRegister(services, description));
+        readings.push_back(ReadDescribed(services, description));
     }
     return readings;
 }

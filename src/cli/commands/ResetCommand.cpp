@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/ResetCommand.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <ostream>
 #include <vector>

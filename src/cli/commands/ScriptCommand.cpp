@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/ScriptCommand.h"
 
-#include <vector>
+#include <CLI/CLI.hpp>
 
 #include "cli/commands/CommandSet.h"
 #include "cli/commands/ReportErrors.h"

@@ -3,17 +3,17 @@
 
 #include <algorithm>
 
-#include "files/CodeText.h"
+#include "files/PlainText.h"
+#include "numbers/FileErrors.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view blanks = " \t";
+constexpr std::string_view spaces = " \t";
 
 /// Control characters never occur in a script. Bytes above 127 may be part of a file's name.
 bool IsBinary(char c) {
-    return (c >= '\0' && c < ' ' && c != '\t') || c == '\x7F';
+    return IsControl(c) && c != '\t';
 }
 
 std::string_view WithoutCarriageReturn(std::string_view line) {
@@ -21,16 +21,14 @@ std::string_view WithoutCarriageReturn(std::string_view line) {
 }
 
 bool IsCommand(std::string_view line) {
-    const std::size_t start = line.find_first_not_of(blanks);
+    const std::size_t start = line.find_first_not_of(spaces);
     return start != std::string_view::npos && line[start] != '#';
 }
 
 }  // namespace
 
 std::vector<ScriptLine> ScriptLines(std::string_view text, std::string_view source) {
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
+    text = WithoutByteOrderMark(text);
     std::vector<ScriptLine> lines;
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/SetCommand.h"
 
-#include <algorithm>
+#include <CLI/CLI.hpp>
 #include <ostream>
 
+#include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/commands/Assignment.h"
 #include "cli/reports/RegisterText.h"
@@ -53,7 +54,7 @@ void RequirePowerDown(Services& services, const RegisterDescription& description
     }
     const std::int32_t mode =
         ReadAnswered(services, RegisterMap::DescriptionOf(RegisterMap::Mode), NothingWritten).value;
-    if (RegisterMap::OperatingMode.CodeIn(mode) != 0) {
+    if (!RegisterMap::IsPowerDown(mode)) {
         throw CommandError(ExitCode::NotInPowerDown,
                            "the VX3260 must be in Power-Down Mode to program the register " +
                                std::string(description.name) +
@@ -95,8 +96,8 @@ void CheckReadBack(Services& services, const RegisterDescription& description,
         return;
     }
     throw CommandError(ExitCode::ReadBackMismatch,
-                       "Error Programming VX3260: wrote " + written + " to the register " +
-                           std::string(description.name) + " (it was " +
+                       std::string(MessageTexts::ErrorProgramming) + ": wrote " + written +
+                           " to the register " + std::string(description.name) + " (it was " +
                            RegisterHex(write.before, description.access) + ") and read back " +
                            RegisterHex(write.readBack, description.access) +
                            ". What was written has been left as it is.");

@@ -5,9 +5,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "analysis/SuspiciousCodes.h"
 #include "cli/reports/Columns.h"
-#include "cli/reports/RegisterText.h"
+#include "link/RegisterLookup.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -15,6 +14,9 @@ namespace {
 
 constexpr std::string_view gap = "  ";
 constexpr std::string_view meanMark = "> ";
+constexpr std::string_view codeHeading = "First Code";
+constexpr std::string_view countHeading = "Count";
+constexpr std::size_t minBarWidth = 10;
 
 /// A character of a bar is filled in eighths, from the left.
 constexpr std::size_t eighths = 8;
@@ -39,60 +41,56 @@ std::string HexCode(std::int64_t code, Converter converter) {
                : RegisterHex(static_cast<std::int32_t>(code), TraitsOf(converter).data);
 }
 
-/// The lines of the bins.
-class Bars {
-  public:
-    Bars(const FileHistogram& counted, std::size_t width)
-        : counted_(counted),
-          codeWidth_(std::max(codeHeading.size(), DecimalWidth())),
-          hexWidth_(HexCode(0, counted.converter).size()),
-          maxCount_(*std::max_element(counts_.begin(), counts_.end())),
-          countWidth_(std::max(countHeading.size(), std::to_string(maxCount_).size())) {
-        const std::size_t before = Label("", "", "", "").size() + gap.size();
-        barWidth_ = std::max(minBarWidth, width - std::min(width, before));
-    }
-
-    std::string Heading() const { return Label("", codeHeading, "", countHeading) + "\n"; }
-
-    std::string Line(std::size_t bin) const {
-        const std::int64_t code = counted_.histogram.FirstCodeOf(bin);
-        const std::string bar = Bar(counts_[bin], maxCount_, barWidth_);
-        return Label(bin == MeanBin() ? meanMark : "", std::to_string(code),
-                     HexCode(code, counted_.converter), std::to_string(counts_[bin])) +
-               (bar.empty() ? "" : std::string(gap) + bar) + "\n";
-    }
-
-  private:
-    static constexpr std::size_t minBarWidth = 10;
-    static constexpr std::string_view codeHeading = "First Code";
-    static constexpr std::string_view countHeading = "Count";
-
-    std::size_t DecimalWidth() const {
-        const Histogram& histogram = counted_.histogram;
-        return std::max(std::to_string(histogram.firstCode).size(),
-                        std::to_string(histogram.FirstCodeOf(counts_.size() - 1)).size());
-    }
-
-    std::size_t MeanBin() const {
-        const Histogram& histogram = counted_.histogram;
-        const auto mean = static_cast<std::int64_t>(std::llround(counted_.statistics.mean));
-        return static_cast<std::size_t>((mean - histogram.firstCode) / histogram.binWidth);
-    }
-
-    std::string Label(std::string_view mark, std::string_view code, std::string_view hex,
-                      std::string_view count) const {
-        return Padded(mark, meanMark.size()) + RightAligned(code, codeWidth_) + std::string(gap) +
-               Padded(hex, hexWidth_) + std::string(gap) + RightAligned(count, countWidth_);
-    }
-
-    const FileHistogram& counted_;
-    const std::vector<std::size_t>& counts_ = counted_.histogram.counts;
-    std::size_t codeWidth_;
-    std::size_t hexWidth_;
-    std::size_t maxCount_;
-    std::size_t countWidth_;
-    std::size_t barWidth_;
+/// Widths of the columns, in characters.
+struct Columns {
+    std::size_t code;
+    std::size_t hex;
+    std::size_t count;
+    std::size_t bar;
+    std::size_t maxCount;  ///< the count whose bar fills its column
 };
+
+std::string Label(const Columns& columns, std::string_view mark, std::string_view code,
+                  std::string_view hex, std::string_view count) {
+    return Padded(mark, meanMark.size()) + RightAligned(code, columns.code) + std::string(gap) +
+           Padded(hex, columns.hex) + std::string(gap) + RightAligned(count, columns.count);
+}
+
+std::size_t DecimalWidth(const Histogram& histogram) {
+    return std::max(std::to_string(histogram.firstCode).size(),
+                    std::to_string(histogram.FirstCodeOf(histogram.counts.size() - 1)).size());
+}
+
+Columns ColumnsFor(const FileHistogram& counted, std::size_t width) {
+    const Histogram& histogram = counted.histogram;
+    const std::size_t maxCount =
+        *std::max_element(histogram.counts.begin(), histogram.counts.end());
+    Columns columns{
+        .code = std::max(codeHeading.size(), DecimalWidth(histogram)),
+        .hex = HexCode(0, counted.converter).size(),
+        .count = std::max(countHeading.size(), std::to_string(maxCount).size()),
+        .bar = minBarWidth,
+        .maxCount = maxCount,
+    };
+    const std::size_t before = Label(columns, "", "", "", "").size() + gap.size();
+    columns.bar = std::max(minBarWidth, width - std::min(width, before));
+    return columns;
+}
+
+std::size_t MeanBin(const FileHistogram& counted) {
+    const Histogram& histogram = counted.histogram;
+    const auto mean = static_cast<std::int64_t>(std::llround(counted.statistics.mean));
+    return static_cast<std::size_t>((mean - histogram.firstCode) / histogram.binWidth);
+}
+
+std::string Line(const FileHistogram& counted, const Columns& columns, std::size_t bin) {
+    const std::int64_t code = counted.histogram.FirstCodeOf(bin);
+    const std::size_t count = counted.histogram.counts[bin];
+    const std::string bar = Bar(count, columns.maxCount, columns.bar);
+    return Label(columns, bin == MeanBin(counted) ? meanMark : "", std::to_string(code),
+                 HexCode(code, counted.converter), std::to_string(count)) +
+           (bar.empty() ? "" : std::string(gap) + bar) + "\n";
+}
 
 std::string Heading(const FileHistogram& counted) {
     const std::pair<std::string_view, std::string> rows[] = {
@@ -112,10 +110,11 @@ std::string Heading(const FileHistogram& counted) {
 }  // namespace
 
 std::string HistogramText(const FileHistogram& counted, std::size_t width) {
-    const Bars bars(counted, width);
-    std::string text = Heading(counted) + "\n" + bars.Heading();
+    const Columns columns = ColumnsFor(counted, width);
+    std::string text =
+        Heading(counted) + "\n" + Label(columns, "", codeHeading, "", countHeading) + "\n";
     for (std::size_t bin = 0; bin < counted.histogram.counts.size(); ++bin) {
-        text += bars.Line(bin);
+        text += Line(counted, columns, bin);
     }
     return text;
 }

@@ -6,7 +6,6 @@
 
 #include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
-#include "cli/reports/RegisterText.h"
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
 #include "numbers/NumberText.h"

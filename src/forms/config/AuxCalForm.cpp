@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/config/AuxCalForm.h"
 
-#include "link/RegisterMap.h"
-
 namespace vx3260 {
 namespace {
 
 /// A negative entry is corrected by 256 only: FFFF is stored as 0x00FF; intentional.
-constexpr CalibrationTraits auxCalibration{.converter = Converter::Aux,
-                                           .zeroScale = RegisterMap::AuxZeroScale,
-                                           .fullScale = RegisterMap::AuxFullScale,
-                                           .correction = 256};
+constexpr CalibrationTraits auxCalibration{.converter = Converter::Aux, .correction = 256};
 
 }  // namespace
 

@@ -47,7 +47,7 @@ void AuxControlForm::ConnectOptions() {
         {ui_->OptTemp, AuxChannel, 3, error},
         {ui_->OptAGND_AGND, AuxChannel, 4, error},
         {ui_->OptREF, Reference, 1, error},
-        // Only this one of the two sets the range for the analysis; intentional.
+        // Only this one of the two sets the shared range; intentional.
         {ui_->OptREF2,
          Reference,
          0,

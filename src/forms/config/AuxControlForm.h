@@ -12,8 +12,8 @@ class AuxControlForm;
 
 namespace vx3260 {
 
-/// Sets the aux ADC's control register. The polarity that the analysis goes by follows the options;
-/// the input range is touched by one of them alone, see ConnectOptions.
+/// Sets the aux ADC's control register. The shared polarity follows the options; the shared input
+/// range is set by one of them alone, see ConnectOptions.
 class AuxControlForm final : public ControlForm {
     Q_OBJECT
 

@@ -39,10 +39,12 @@ CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& tr
     : Form(services, parent),
       ui_(std::make_unique<Ui::CalibrationForm>()),
       traits_(traits),
-      zeroScale_{traits.zeroScale,
-                 Register(services.port, services.state.PortAddress, traits.zeroScale)},
-      fullScale_{traits.fullScale,
-                 Register(services.port, services.state.PortAddress, traits.fullScale)},
+      zeroScale_{TraitsOf(traits.converter).zeroScale,
+                 Register(services.port, services.state.PortAddress,
+                          TraitsOf(traits.converter).zeroScale)},
+      fullScale_{TraitsOf(traits.converter).fullScale,
+                 Register(services.port, services.state.PortAddress,
+                          TraitsOf(traits.converter).fullScale)},
       modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
     ui_->setupUi(this);
     NameControls();
@@ -118,8 +120,7 @@ void CalibrationForm::KeyPressed(Coefficient& coefficient, bool enter) {
 
 void CalibrationForm::Program(Coefficient& coefficient) {
     coefficient.value = TypedValue(coefficient);
-    coefficient.reg.RegValue = coefficient.value;
-    coefficient.reg.WriteReg();
+    coefficient.reg.WriteValue(coefficient.value);
     const std::int32_t readBack = coefficient.reg.ReadValue();
     if (readBack != coefficient.value) {
         ShowMessage({.text = std::string(MessageTexts::CoefficientNotVerified),

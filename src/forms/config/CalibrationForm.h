@@ -20,8 +20,6 @@ namespace vx3260 {
 /// The differences between the twins MainCalForm and AuxCalForm.
 struct CalibrationTraits {
     Converter converter;
-    RegisterMap::RegisterAccess zeroScale;
-    RegisterMap::RegisterAccess fullScale;
     double correction;  ///< added to a negative entry
 };
 

@@ -33,7 +33,7 @@ class ControlForm : public RegisterForm {
     void ShowReadBack(std::int32_t readBack) final;
 
     /// Selects the options that the register's value stands for. Called once, while none is
-    /// selected: so each selection is a click, which sets what the analysis goes by.
+    /// selected: so each selection is a click, which sets the shared range and polarity.
     virtual void SelectOptions(std::int32_t value) = 0;
     /// What follows the bits besides their labels: captions, and options where the form has it so.
     virtual void FollowBits(std::int32_t value) = 0;

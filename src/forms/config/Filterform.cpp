@@ -145,8 +145,7 @@ void Filterform::ApplyUpdateRate() {
 }
 
 void Filterform::Program(std::int32_t filterWord, std::string_view errorText) {
-    register_.RegValue = filterWord;
-    register_.WriteReg();
+    register_.WriteValue(filterWord);
     RefreshFilterBits();
     const std::int16_t readBack = ReadRegister();
     if (readBack != filterWord) {

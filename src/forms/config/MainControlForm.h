@@ -12,8 +12,8 @@ class MainControlForm;
 
 namespace vx3260 {
 
-/// Sets the main ADC's control register, and with it the input range and polarity that the
-/// analysis goes by: these follow the options, also if the chip did not accept them.
+/// Sets the main ADC's control register. The shared input range and polarity follow the options,
+/// also if the chip did not accept them.
 class MainControlForm final : public ControlForm {
     Q_OBJECT
 

@@ -107,8 +107,7 @@ bool MainMenuForm::EnsureContinuousConversion() {
         return false;
     }
     // The field is not cleared first, so a calibration mode, 4 to 7, becomes 7; intentional.
-    modeRegister_.RegValue = mode | RegisterMap::ContinuousConversion;
-    modeRegister_.WriteReg();
+    modeRegister_.WriteValue(mode | RegisterMap::ContinuousConversion);
     return true;
 }
 
