@@ -19,34 +19,56 @@ std::int64_t BinsBetween(std::int64_t minCode, std::int64_t maxCode, std::int64_
     return FloorDivide(maxCode, width) - FloorDivide(minCode, width) + 1;
 }
 
-std::int64_t WidthFor(std::int64_t minCode, std::int64_t maxCode, std::int64_t maxBins) {
+struct CodeRange {
+    std::int64_t min;
+    std::int64_t max;
+};
+
+CodeRange RangeOf(std::span<const double> codes) {
+    if (codes.empty()) {
+        throw SubscriptError();
+    }
+    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
+    return {ToInt32(*smallest), ToInt32(*largest)};
+}
+
+}  // namespace
+
+std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_t maxBins) {
+    // Codes on both sides of 0 are in two bins at any width.
+    constexpr std::int64_t minBins = 2;
+    const CodeRange range = RangeOf(codes);
+    const auto binLimit = static_cast<std::int64_t>(maxBins);
+    if (binLimit < minBins) {
+        throw SubscriptError();
+    }
+    std::vector<std::int64_t> widths;
     for (std::int64_t decade = 1;; decade *= 10) {
         for (const std::int64_t width : {decade, 2 * decade, 5 * decade}) {
-            if (BinsBetween(minCode, maxCode, width) <= maxBins) {
-                return width;
+            const std::int64_t bins = BinsBetween(range.min, range.max, width);
+            if (bins <= binLimit) {
+                widths.push_back(width);
+            }
+            if (bins <= minBins) {
+                return widths;
             }
         }
     }
 }
 
-}  // namespace
-
-Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins) {
-    // Codes on both sides of 0 are in two bins at any width.
-    if (codes.empty() || maxBins < 2) {
-        throw SubscriptError();
-    }
-    const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
-    const std::int64_t minCode = ToInt32(*smallest);
-    const std::int64_t maxCode = ToInt32(*largest);
-    const std::int64_t width = WidthFor(minCode, maxCode, static_cast<std::int64_t>(maxBins));
-    Histogram histogram{FloorDivide(minCode, width) * width, width, {}};
-    histogram.counts.resize(static_cast<std::size_t>(BinsBetween(minCode, maxCode, width)));
+Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth) {
+    const CodeRange range = RangeOf(codes);
+    Histogram histogram{FloorDivide(range.min, binWidth) * binWidth, binWidth, {}};
+    histogram.counts.resize(static_cast<std::size_t>(BinsBetween(range.min, range.max, binWidth)));
     for (const double code : codes) {
         const std::int64_t offset = ToInt32(code) - histogram.firstCode;
-        ++histogram.counts[static_cast<std::size_t>(offset / width)];
+        ++histogram.counts[static_cast<std::size_t>(offset / binWidth)];
     }
     return histogram;
+}
+
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins) {
+    return CountCodes(codes, BinWidthsFor(codes, maxBins).front());
 }
 
 double NormalCount(double code, const ExactStatistics& statistics, std::size_t readings,

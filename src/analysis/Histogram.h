@@ -20,6 +20,7 @@ struct Histogram {
     std::int64_t FirstCodeOf(std::size_t bin) const {
         return firstCode + static_cast<std::int64_t>(bin) * binWidth;
     }
+    std::int64_t LastCodeOf(std::size_t bin) const { return FirstCodeOf(bin) + binWidth - 1; }
     /// The middle of the codes that a bin counts; between two codes where their number is even.
     double CentreOf(std::size_t bin) const {
         return static_cast<double>(FirstCodeOf(bin)) + static_cast<double>(binWidth - 1) / 2;
@@ -30,10 +31,16 @@ struct Histogram {
 /// could not be distinguished.
 inline constexpr std::size_t MaxHistogramBins = 150;
 
-/// One bin per code if the block's codes fit into `maxBins`, else the smallest width of the
-/// series 1, 2, 5, 10, 20, 50 ... with which they do. The first bin and the last are never empty.
-/// Codes are rounded to integers. Throws SubscriptError for an empty block or less than 2 bins,
-/// OverflowError for codes beyond 32 bits.
+/// The bin widths of the series 1, 2, 5, 10, 20, 50 ... that count the block's codes into at most
+/// `maxBins` bins, up to the first that leaves two or less. Codes are rounded to integers. Throws
+/// SubscriptError for an empty block or less than 2 bins, OverflowError for codes beyond 32 bits.
+std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_t maxBins);
+
+/// The block's codes counted into bins of that width, 1 or more. The first bin and the last are
+/// never empty. Codes are rounded to integers. Throws as BinWidthsFor does.
+Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth);
+
+/// CountCodes with the smallest of BinWidthsFor the block, and throws as that does.
 Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins);
 
 /// How many of `readings` normally distributed codes a bin of `binWidth` codes with the middle

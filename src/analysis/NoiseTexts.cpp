@@ -90,7 +90,27 @@ std::string RangeText(const ConversionConditions& conditions) {
                                                     : AuxRangeText(conditions));
 }
 
+std::optional<std::int32_t> HexNumberOf(const NoiseAnalysis& analysis, NoiseFigure figure) {
+    switch (figure) {
+        case NoiseFigure::RmsNoiseLsb:
+            return analysis.statistics.rmsNoiseLsb;
+        case NoiseFigure::AverageCode:
+            return analysis.averageCode;
+        case NoiseFigure::CodeSpan:
+            return analysis.span;
+        case NoiseFigure::MaxCode:
+            return analysis.statistics.maxCode;
+        case NoiseFigure::MinCode:
+            return analysis.statistics.minCode;
+        default:
+            return std::nullopt;
+    }
+}
+
 std::string TextOf(const NoiseAnalysis& analysis, NoiseFigure figure) {
+    if (const auto number = HexNumberOf(analysis, figure)) {
+        return HexText(*number);
+    }
     const BlockStatistics& statistics = analysis.statistics;
     switch (figure) {
         case NoiseFigure::CodesRead:
@@ -107,18 +127,9 @@ std::string TextOf(const NoiseAnalysis& analysis, NoiseFigure figure) {
             return CodesAsVoltage(analysis, analysis.span, peakToPeakScales);
         case NoiseFigure::AverageValue:
             return AverageText(analysis);
-        case NoiseFigure::RmsNoiseLsb:
-            return HexText(statistics.rmsNoiseLsb);
-        case NoiseFigure::AverageCode:
-            return HexText(analysis.averageCode);
-        case NoiseFigure::CodeSpan:
-            return HexText(analysis.span);
-        case NoiseFigure::MaxCode:
-            return HexText(statistics.maxCode);
-        case NoiseFigure::MinCode:
-            return HexText(statistics.minCode);
+        default:
+            return {};
     }
-    return {};
 }
 
 ResolutionText TextOf(const NoiseAnalysis& analysis, ResolutionFigure figure) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,6 +54,9 @@ inline constexpr std::array NoiseRows{
 
 /// What the figure's label shows.
 std::string TextOf(const NoiseAnalysis& analysis, NoiseFigure figure);
+
+/// The number of a figure that is shown in hexadecimal; nothing for the others.
+std::optional<std::int32_t> HexNumberOf(const NoiseAnalysis& analysis, NoiseFigure figure);
 
 /// The input range by its name: "± 20 mV", "2.56V", "REFIN2 / 2".
 std::string RangeText(const ConversionConditions& conditions);

@@ -67,19 +67,22 @@ std::string NativePath(const ChosenFile& file) {
 
 }  // namespace
 
-void SavePictureAs(QWidget* parent, const QString& name, PlotView& view, const QStringList& lines) {
+QString SavePictureAs(QWidget* parent, const QString& name, PlotView& view,
+                      const QStringList& lines) {
     const ChosenFile file = AskForFile(parent, name, {PngFile(), PdfFile()});
     if (!file.path.isEmpty()) {
         const QByteArray bytes = IsPdf(file) ? view.Pdf(lines) : view.Png(lines);
         ReplaceFile(NativePath(file), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     }
+    return QDir::toNativeSeparators(file.path);
 }
 
-void SaveCsvAs(QWidget* parent, const QString& name, std::string_view csv) {
+QString SaveCsvAs(QWidget* parent, const QString& name, std::string_view csv) {
     const ChosenFile file = AskForFile(parent, name, {CsvFile()});
     if (!file.path.isEmpty()) {
         ReplaceFile(NativePath(file), csv);
     }
+    return QDir::toNativeSeparators(file.path);
 }
 
 }  // namespace vx3260

@@ -8,15 +8,17 @@
 
 #include "ui/PlotView.h"
 
-/// Saving of a plot under a name that the user is asked for; `name` is proposed. Nothing is saved
-/// if the user cancels. Throws FileAccessError if the file cannot be written.
+/// Saving of a plot under a name that the user is asked for; `name` is proposed. Gives the path of
+/// the saved file, or an empty text if the user cancels; nothing is saved then. Throws
+/// FileAccessError if the file cannot be written.
 namespace vx3260 {
 
 /// Saves what the view shows, as PNG or PDF by the typed suffix, else by the chosen kind. `lines`
 /// as for PlotView::Picture.
-void SavePictureAs(QWidget* parent, const QString& name, PlotView& view, const QStringList& lines);
+QString SavePictureAs(QWidget* parent, const QString& name, PlotView& view,
+                      const QStringList& lines);
 
 /// Saves comma-separated values.
-void SaveCsvAs(QWidget* parent, const QString& name, std::string_view csv);
+QString SaveCsvAs(QWidget* parent, const QString& name, std::string_view csv);
 
 }  // namespace vx3260

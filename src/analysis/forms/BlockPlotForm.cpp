@@ -30,6 +30,7 @@ BlockPlotForm::BlockPlotForm(Services& services, const AnalysedBlock& block, QWi
 
 void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
     view_ = controls.view;
+    saved_ = controls.saved;
     subject_ =
         tr("%1 ADC %2")
             .arg(QString::fromUtf8(TraitsOf(block_.analysis.conditions.converter).name), subject);
@@ -37,6 +38,7 @@ void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
     UseHeadingFont(controls.heading);
     ShowBoardLabel(controls.boardLabel);
     view_->setAccessibleName(subject_);
+    Describe({});
     On(controls.savePicture, &QPushButton::clicked, &BlockPlotForm::SavePicture);
     On(controls.saveCsv, &QPushButton::clicked, &BlockPlotForm::SaveCsv);
     On(controls.copy, &QPushButton::clicked, &BlockPlotForm::CopyPicture);
@@ -46,11 +48,11 @@ void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
 }
 
 void BlockPlotForm::SavePicture() {
-    Save([this] { SavePictureAs(this, subject_, *view_, PictureLines()); });
+    Save([this] { return SavePictureAs(this, subject_, *view_, PictureLines()); });
 }
 
 void BlockPlotForm::SaveCsv() {
-    Save([this] { SaveCsvAs(this, subject_, Csv()); });
+    Save([this] { return SaveCsvAs(this, subject_, Csv()); });
 }
 
 void BlockPlotForm::CopyPicture() {
@@ -79,9 +81,21 @@ QStringList BlockPlotForm::PictureLines() const {
     return QStringList{subject_, conditions.join(QStringLiteral(", ")), figures} + FurtherLines();
 }
 
-void BlockPlotForm::Save(const std::function<void()>& save) {
+void BlockPlotForm::Describe(const QStringList& further) {
+    const NoiseAnalysis& analysis = block_.analysis;
+    const MeanAndSigma texts = MeanAndSigmaOf(analysis);
+    const QString figures = tr("mean %1 (%2), sigma %3 codes (%4), span %5")
+                                .arg(texts.mean, texts.meanVolts, texts.sigma, texts.sigmaVolts,
+                                     QString::fromStdString(CountText(analysis.span, "code")));
+    view_->setAccessibleDescription((QStringList{figures} + further).join(QLatin1Char('\n')));
+}
+
+void BlockPlotForm::Save(const std::function<QString()>& save) {
     try {
-        save();
+        const QString path = save();
+        if (!path.isEmpty()) {
+            saved_->setText(tr("Saved to %1").arg(path));
+        }
     } catch (const FileAccessError& error) {
         ShowFailure(error, "Nothing was saved. A file that was there stays as it was.");
     }

@@ -28,6 +28,7 @@ class BlockPlotForm : public Form {
         QPushButton* copy;
         QPushButton* showAll;
         QPushButton* back;
+        QLabel* saved;
     };
 
     /// The block outlives the form.
@@ -36,6 +37,9 @@ class BlockPlotForm : public Form {
     /// Connects the controls. `subject` is what is plotted, "Histogram"; it follows the converter's
     /// name in the heading.
     void SetUp(const Controls& controls, const QString& subject);
+
+    /// What the plot shows, for a screen reader: `further` lines after mean, sigma and span.
+    void Describe(const QStringList& further);
 
     const AnalysedBlock& Block() const { return block_; }
 
@@ -51,11 +55,12 @@ class BlockPlotForm : public Form {
     void CopyPicture();
     void ShowAll();
     QStringList PictureLines() const;
-    void Save(const std::function<void()>& save);
+    void Save(const std::function<QString()>& save);
 
     const AnalysedBlock& block_;
     QString subject_;
     PlotView* view_ = nullptr;
+    QLabel* saved_ = nullptr;
 };
 
 /// Mean and sigma, in codes and in volts.

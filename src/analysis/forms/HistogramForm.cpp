@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/forms/HistogramForm.h"
 
+#include <cmath>
+
 #include "analysis/NoiseTexts.h"
 #include "analysis/PlotCsv.h"
 #include "analysis/PlotScale.h"
@@ -15,24 +17,11 @@ namespace {
 constexpr double curveSigmas = 5;
 constexpr int curvePoints = 400;
 
+/// Of the widths that can be chosen, the smallest gives at most so many bins.
+constexpr std::size_t maxBinsToChoose = 5000;
+
 constexpr double minCodeSpan = 4;
 constexpr double minCountSpan = 2;
-
-void FillBars(QCPBars* bars, const Histogram& histogram) {
-    for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
-        bars->addData(histogram.CentreOf(bin), static_cast<double>(histogram.counts[bin]));
-    }
-    bars->setWidthType(QCPBars::wtPlotCoords);
-    bars->setWidth(static_cast<double>(histogram.binWidth));
-}
-
-void FillCurve(QCPGraph* curve, const NoiseAnalysis& analysis, std::int64_t binWidth) {
-    const auto [mean, sigma] = analysis.exact;
-    for (int i = 0; i <= curvePoints; ++i) {
-        const double code = mean + sigma * curveSigmas * (2.0 * i / curvePoints - 1);
-        curve->addData(code, NormalCount(code, analysis.exact, analysis.count, binWidth));
-    }
-}
 
 }  // namespace
 
@@ -42,43 +31,109 @@ HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWi
       histogram_(ComputeHistogram(block.codes, MaxHistogramBins)) {
     ui_->setupUi(this);
     SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
-           ui_->Command3, ui_->Command4, ui_->Command5},
+           ui_->Command3, ui_->Command4, ui_->Command5, ui_->SavedLabel},
           tr("Histogram"));
     Draw();
-    SetUpAxes();
-    ShowFigures();
+    OfferBinWidths();
+    ChooseBinWidth();
+    On(ui_->BinWidthBox, &QComboBox::currentIndexChanged, &HistogramForm::ChooseBinWidth);
+    connect(ui_->Plot, &PlotView::PointedAt, this, &HistogramForm::ShowBinAt);
+    connect(ui_->Plot, &PlotView::PointedAway, ui_->BinAtLabel, &QLabel::clear);
 }
 
 HistogramForm::~HistogramForm() = default;
 
+/// Begins with the width that suits the drawing.
+void HistogramForm::OfferBinWidths() {
+    for (const std::int64_t width : BinWidthsFor(Block().codes, maxBinsToChoose)) {
+        ui_->BinWidthBox->addItem(QString::fromStdString(CountText(width, "code")),
+                                  QVariant::fromValue(width));
+    }
+    ui_->BinWidthBox->setCurrentIndex(
+        ui_->BinWidthBox->findData(QVariant::fromValue(histogram_.binWidth)));
+}
+
+void HistogramForm::ChooseBinWidth() {
+    histogram_ = CountCodes(Block().codes, ui_->BinWidthBox->currentData().value<std::int64_t>());
+    FillBars();
+    FillCurve();
+    SetUpAxes();
+    ShowFigures();
+}
+
 void HistogramForm::Draw() {
     PlotView* const view = ui_->Plot;
-    const NoiseAnalysis& analysis = Block().analysis;
-
-    auto* const bars = new QCPBars(view->xAxis, view->yAxis);
-    FillBars(bars, histogram_);
-    bars->setName(OneCodeABin() ? tr("Readings per code")
-                                : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
-    QCPGraph* const curve = view->addGraph();
-    curve->setName(tr("Normal curve of mean and sigma"));
-    if (analysis.exact.sigma > 0) {
-        FillCurve(curve, analysis, histogram_.binWidth);
-    } else {
-        curve->removeFromLegend();
+    bars_ = new QCPBars(view->xAxis, view->yAxis);
+    bars_->setWidthType(QCPBars::wtPlotCoords);
+    curve_ = view->addGraph();
+    curve_->setName(tr("Normal curve of mean and sigma"));
+    if (Block().analysis.exact.sigma == 0) {
+        curve_->removeFromLegend();
     }
-    QCPGraph* const mean = view->addGraph();
-    mean->setName(tr("Mean"));
-    mean->addData(analysis.exact.mean, 0);
-    mean->addData(analysis.exact.mean, CountAxisOf(histogram_, analysis).upper);
-
-    view->SetTheme([bars, curve, mean](const PlotTheme& theme) {
+    mean_ = view->addGraph();
+    mean_->setName(tr("Mean"));
+    view->SetTheme([this](const PlotTheme& theme) {
         constexpr double fill = 0.35;
         constexpr double lineWidth = 2;
-        bars->setBrush(Mixed(theme.data, theme.background, fill));
-        bars->setPen(theme.data);
-        curve->setPen(QPen(theme.reference, lineWidth));
-        mean->setPen(QPen(theme.text, 1, Qt::DashLine));
+        bars_->setBrush(Mixed(theme.data, theme.background, fill));
+        bars_->setPen(theme.data);
+        curve_->setPen(QPen(theme.reference, lineWidth));
+        mean_->setPen(QPen(theme.text, 1, Qt::DashLine));
     });
+}
+
+void HistogramForm::FillBars() {
+    bars_->data()->clear();
+    for (std::size_t bin = 0; bin < histogram_.counts.size(); ++bin) {
+        bars_->addData(histogram_.CentreOf(bin), static_cast<double>(histogram_.counts[bin]));
+    }
+    bars_->setWidth(static_cast<double>(histogram_.binWidth));
+    bars_->setName(OneCodeABin() ? tr("Readings per code")
+                                 : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
+}
+
+void HistogramForm::FillCurve() {
+    const NoiseAnalysis& analysis = Block().analysis;
+    const auto [mean, sigma] = analysis.exact;
+    curve_->data()->clear();
+    for (int i = 0; sigma > 0 && i <= curvePoints; ++i) {
+        const double code = mean + sigma * curveSigmas * (2.0 * i / curvePoints - 1);
+        curve_->addData(code,
+                        NormalCount(code, analysis.exact, analysis.count, histogram_.binWidth));
+    }
+    mean_->data()->clear();
+    mean_->addData(mean, 0);
+    mean_->addData(mean, CountAxisOf(histogram_, analysis).upper);
+}
+
+/// The count beside what the normal curve has there.
+void HistogramForm::ShowBinAt(double code) {
+    const auto bin = static_cast<std::int64_t>(
+        std::floor((std::floor(code + 0.5) - static_cast<double>(histogram_.firstCode)) /
+                   static_cast<double>(histogram_.binWidth)));
+    if (bin < 0 || bin >= static_cast<std::int64_t>(histogram_.counts.size())) {
+        ui_->BinAtLabel->clear();
+        return;
+    }
+    const auto index = static_cast<std::size_t>(bin);
+    const NoiseAnalysis& analysis = Block().analysis;
+    const double centre = histogram_.CentreOf(index);
+    const auto text = [](std::int64_t c) {
+        return QString::fromStdString(CodeText(static_cast<std::int32_t>(c)));
+    };
+    const QString codes = OneCodeABin() ? tr("Code %1").arg(text(histogram_.FirstCodeOf(index)))
+                                        : tr("Codes %1 to %2")
+                                              .arg(text(histogram_.FirstCodeOf(index)),
+                                                   text(histogram_.LastCodeOf(index)));
+    const double expected =
+        NormalCount(centre, analysis.exact, analysis.count, histogram_.binWidth);
+    ui_->BinAtLabel->setText(
+        tr("%1, %2: %3, %4 expected")
+            .arg(codes, CodeVoltsText(analysis.conditions, centre),
+                 QString::fromStdString(
+                     CountText(static_cast<std::int64_t>(histogram_.counts[index]), "reading")),
+                 analysis.exact.sigma > 0 ? QString::fromStdString(FixedText(expected, 1))
+                                          : tr("none")));
 }
 
 void HistogramForm::SetUpAxes() {
@@ -89,8 +144,11 @@ void HistogramForm::SetUpAxes() {
     view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
     view->xAxis->setLabel(tr("Code"));
     view->yAxis->setLabel(OneCodeABin() ? tr("Readings per code") : tr("Readings per bin"));
-    view->SetExtent(
-        {{codes.lower, codes.upper}, {counts.lower, counts.upper}, minCodeSpan, minCountSpan});
+    view->SetExtent({{codes.lower, codes.upper},
+                     {counts.lower, counts.upper},
+                     minCodeSpan,
+                     minCountSpan,
+                     true});
 }
 
 void HistogramForm::ShowFigures() {
@@ -105,7 +163,6 @@ void HistogramForm::ShowFigures() {
         {ui_->MeanLabel, texts.meanVolts},
         {ui_->SigmaLabelLSB, texts.sigma},
         {ui_->SigmaLabel, texts.sigmaVolts},
-        {ui_->BinLabel, QString::fromStdString(CountText(histogram_.binWidth, "code"))},
         {ui_->MaxLabel, QString::fromStdString(CodeText(analysis.statistics.maxCode))},
         {ui_->MinLabel, QString::fromStdString(CodeText(analysis.statistics.minCode))},
         {ui_->SpanLabel, QString::fromStdString(CountText(analysis.span, "code"))},

@@ -12,7 +12,8 @@ class HistogramForm;
 
 namespace vx3260 {
 
-/// How often the codes of a block occur, beside the normal curve of its mean and sigma.
+/// How often the codes of a block occur, beside the normal curve of its mean and sigma. The width
+/// of the bins can be chosen; the bin under the pointer is read out.
 class HistogramForm final : public BlockPlotForm {
     Q_OBJECT
 
@@ -26,12 +27,20 @@ class HistogramForm final : public BlockPlotForm {
 
   private:
     bool OneCodeABin() const { return histogram_.binWidth == 1; }
+    void OfferBinWidths();
+    void ChooseBinWidth();
     void Draw();
+    void FillBars();
+    void FillCurve();
     void SetUpAxes();
     void ShowFigures();
+    void ShowBinAt(double code);
 
     std::unique_ptr<Ui::HistogramForm> ui_;
     Histogram histogram_;
+    QCPBars* bars_ = nullptr;
+    QCPGraph* curve_ = nullptr;
+    QCPGraph* mean_ = nullptr;
 };
 
 }  // namespace vx3260

@@ -6,15 +6,17 @@
 #include "analysis/forms/PlotForm.h"
 #include "link/Register.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 #include "ui_NoiseForm.h"
 
 namespace vx3260 {
 namespace {
 
-void ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
+QLabel* ShowFigure(QWidget& form, std::string_view name, const std::string& text) {
     auto* const label = form.findChild<QLabel*>(QString::fromUtf8(name));
     UseFixedFont(label);
     label->setText(QString::fromStdString(text));
+    return label;
 }
 
 AnalysedBlock Analyse(const CodeBlock& block, const ConversionConditions& conditions) {
@@ -58,12 +60,23 @@ ConversionConditions NoiseForm::ReadConditions() {
     return conditions;
 }
 
+template <typename Plot>
+void NoiseForm::OpenPlot(QPointer<Plot>& plot) {
+    if (!plot) {
+        plot = new Plot(Shared(), block_, this);
+        plot->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    plot->show();
+    plot->raise();
+    plot->activateWindow();
+}
+
 void NoiseForm::PlotGraph() {
-    OpenForm<PlotForm>(block_);
+    OpenPlot(graph_);
 }
 
 void NoiseForm::PlotHistogram() {
-    OpenForm<HistogramForm>(block_);
+    OpenPlot(histogram_);
 }
 
 void NoiseForm::KeepStatistics() {
@@ -78,14 +91,18 @@ void NoiseForm::KeepStatistics() {
 
 void NoiseForm::ShowTexts() {
     for (const NoiseRow& row : NoiseRows) {
-        ShowFigure(*this, row.label, TextOf(block_.analysis, row.figure));
+        QLabel* const label = ShowFigure(*this, row.label, TextOf(block_.analysis, row.figure));
+        if (const auto number = HexNumberOf(block_.analysis, row.figure)) {
+            ShowHex(label, *number);
+        }
     }
+    ShowDecimal(ui_->CodesLabel, static_cast<std::int32_t>(block_.analysis.count));
     const QString why =
         tr("The average is summed in single precision, 24 bits. Near mid-scale\nit "
            "may be tens of codes off, and the RMS noise is taken from it and rounded to "
            "whole codes.\nThe frame \"Resolution\" has the figures in double precision.");
     for (QLabel* label : {ui_->AvValueLabel, ui_->AverageLabel, ui_->RMSLabel, ui_->RMSLabelLSB}) {
-        label->setToolTip(why);
+        label->setToolTip(label->toolTip() + (label->toolTip().isEmpty() ? "" : "\n") + why);
     }
 }
 

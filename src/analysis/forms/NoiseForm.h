@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPointer>
 #include <memory>
 
 #include "analysis/NoiseAnalysis.h"
@@ -11,6 +12,9 @@ class NoiseForm;
 }
 
 namespace vx3260 {
+
+class HistogramForm;
+class PlotForm;
 
 /// The noise of one converter's block, in codes and in volts; what MainNoiseForm and AuxNoiseForm
 /// share. Reads range and polarity from the chip when it opens, and leaves the block's statistics
@@ -26,6 +30,9 @@ class NoiseForm : public Form {
 
   private:
     ConversionConditions ReadConditions();
+    /// Opens a plot beside this form, which owns it, or brings it to the front.
+    template <typename Plot>
+    void OpenPlot(QPointer<Plot>& plot);
     void PlotGraph();
     void PlotHistogram();
     void KeepStatistics();
@@ -35,6 +42,8 @@ class NoiseForm : public Form {
     std::unique_ptr<Ui::NoiseForm> ui_;
     Converter converter_;
     AnalysedBlock block_;
+    QPointer<PlotForm> graph_;
+    QPointer<HistogramForm> histogram_;
 };
 
 }  // namespace vx3260

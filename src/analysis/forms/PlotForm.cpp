@@ -31,7 +31,7 @@ PlotForm::PlotForm(Services& services, const AnalysedBlock& block, QWidget* pare
     : BlockPlotForm(services, block, parent), ui_(std::make_unique<Ui::PlotForm>()) {
     ui_->setupUi(this);
     SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
-           ui_->Command3, ui_->Command4, ui_->Command5},
+           ui_->Command3, ui_->Command4, ui_->Command5, ui_->SavedLabel},
           tr("Codes"));
     for (QLabel* label : {ui_->CursorALabel, ui_->CursorBLabel, ui_->DifferenceLabel}) {
         UseFixedFont(label);
@@ -141,7 +141,7 @@ void PlotForm::ShowCursors() {
         label->setText(CursorText(name));
     }
     ui_->DifferenceLabel->setText(DifferenceText());
-    ui_->Plot->setAccessibleDescription(FurtherLines().join(QLatin1Char('\n')));
+    Describe(FurtherLines());
 }
 
 QString PlotForm::CursorText(PlotCursors::Name name) const {
