@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <QJsonObject>
 #include <sstream>
 
 #include "cli/CliRun.h"
@@ -28,14 +27,6 @@ TEST(CommandLine, StatusSwitchIsAWordInAnyCase) {
     EXPECT_TRUE(
         Has(outcome.err, "Show Status: Windows Version:Windows 2000\n  Port Address:0x378\n"));
     EXPECT_EQ(RunProgram("histogram main /none/ss/x.dat").err.find("Port"), std::string::npos);
-}
-
-TEST(CommandLine, TraceReplacesATrace) {
-    const Folder folder;
-    const std::string trace = folder.Path("x.vcd");
-    for (int times = 0; times < 2; ++times) {
-        EXPECT_EQ(RunProgram("registers --simulated --trace " + trace).exitCode, ExitCode::Success);
-    }
 }
 
 TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
@@ -77,20 +68,6 @@ TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
     EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(kept)) << beside;
     EXPECT_EQ(QFile::permissions(QString::fromStdString(folder.Path(beside))),
               QFile::permissions(QString::fromStdString(path)));
-}
-
-TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
-    for (const std::string converter : {"main", "aux"}) {
-        const QJsonObject report =
-            Parsed(RunProgram("--simulated noise --count 50 --format json " + converter));
-        const bool main = converter == "main";
-        EXPECT_EQ(report["board"].toString(), "Simulated board");
-        EXPECT_EQ(report["converter"].toString().toStdString(), converter);
-        EXPECT_EQ(report["values"]["count"].toInt(), 50);
-        EXPECT_EQ(report["values"]["inputRange"].toDouble(), main ? 2.56 : 2.5);
-        EXPECT_EQ(report["values"]["polarity"].toString(), main ? "bipolar" : "unipolar");
-        EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), main ? 1 : 0.1);
-    }
 }
 
 TEST(Check, PutsTheRegisterBack) {

@@ -12,43 +12,12 @@ namespace {
 class Script : public testing::Test {
   protected:
     /// Runs the text as a script on the simulated board.
-    Outcome Run(const std::string& text, const std::string& options = "") const {
-        return RunProgram("--simulated " + options + " script " + folder.Make("s.txt", text));
+    Outcome Run(const std::string& text) const {
+        return RunProgram("--simulated script " + folder.Make("s.txt", text));
     }
 
     Folder folder;
 };
-
-/// Of each case: commands, and what they print. As an input, P3 is high on this board, whatever was
-/// written.
-TEST_F(Script, SettingsReachTheirBits) {
-    const std::string powerDown = "set mode mode=power-down\n";
-    const std::string inPowerDown = "mode: 0x03 -> 0x00\n";
-    const std::pair<std::string, std::string> cases[] = {
-        {"set mode mode=idle chcon=set buffering=1",
-         "mode: 0x03 -> 0x01\nmode: 0x01 -> 0x11\nmode: 0x11 -> 0x51\n"},
-        {"set main-control channel=ain3-ain2 range=20mV polarity=unipolar word-length=16 enable=0",
-         "main-control: 0x87 -> 0xB7\nmain-control: 0xB7 -> 0xB0\nmain-control: 0xB0 -> 0xB8\n"
-         "main-control: 0xB8 -> 0xF8\nmain-control: 0xF8 -> 0x78\n"},
-        {"set aux-control channel=0x7 reference=half",
-         "aux-control: 0xB9 -> 0xF9\naux-control: 0xF9 -> 0xF8\n"},
-        {"set io-control p2-function=power-switch iexc1=on",
-         "io-control: 0x0004 -> 0x8004\nio-control: 0x8004 -> 0x8104\n"},
-        {"set io-control p3-direction=output p3=low p3-direction=input",
-         "io-control: 0x0004 -> 0x0044\nio-control: 0x0044 -> 0x0040\n"
-         "io-control: 0x0040 -> 0x0004\n"},
-        {powerDown + "set filter word=0x0D", inPowerDown + "filter: 0x45 -> 0x0D\n"},
-        {powerDown + "set main-full value=0xABCDEF\nset aux-zero value=65535",
-         inPowerDown + "main-full: 0x400000 -> 0xABCDEF\naux-zero: 0x8000 -> 0xFFFF\n"},
-        {powerDown + "reset hardware\nset mode chcon=set", inPowerDown + "mode: 0x00 -> 0x10\n"},
-        {"reset software\nset main-control enable=on", "main-control: 0x07 -> 0x87\n"},
-    };
-    for (const auto& [script, out] : cases) {
-        const Outcome outcome = Run(script);
-        EXPECT_EQ(outcome.exitCode, ExitCode::Success) << outcome.err;
-        EXPECT_EQ(outcome.out, out);
-    }
-}
 
 double MeanOf(const std::string& codes) {
     std::istringstream words(codes);
@@ -98,16 +67,10 @@ TEST_F(Script, HasOneBoardAndTextOfAnyOrigin) {
     EXPECT_EQ(outcome.err.find("Simulated board"), outcome.err.rfind("Simulated board"));
 }
 
-TEST_F(Script, OtherThanTextIsRefused) {
-    const std::string binary = folder.Make("b", "registers\n\x7F");
-    const std::pair<std::string, std::string> cases[] = {
-        {"/dev/zero", "/dev/zero: more than 1048576 bytes"},
-        {binary, "b:2: binary data, not a script"}};
-    for (const auto& [file, message] : cases) {
-        const Outcome outcome = RunProgram("script " + file);
-        EXPECT_EQ(outcome.exitCode, ExitCode::BadDataFile);
-        EXPECT_TRUE(Has(outcome.err, message));
-    }
+TEST_F(Script, BinaryDataAreRefused) {
+    const Outcome outcome = Run("registers\n\x7F");
+    EXPECT_EQ(outcome.exitCode, ExitCode::BadDataFile);
+    EXPECT_TRUE(Has(outcome.err, "s.txt:2: binary data, not a script"));
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QFile>
+#include "support/Transcripts.h"
 
 #include "cli/CliRun.h"
 #include "ports/OpenPort.h"
-#include "support/Folder.h"
 
 namespace vx3260::test {
 namespace {
@@ -11,27 +10,29 @@ namespace {
 /// Runs one paragraph of Transcripts.txt.
 class Transcript {
   public:
-    explicit Transcript(const std::string& filePrefix) : files_(filePrefix) {}
+    explicit Transcript(TranscriptFiles& files) : files_(files) {}
 
-    void Take(const std::string& kind, const std::string& rest) {
-        const std::string text = Unescaped(rest);
-        if (kind == "file") {
-            file_ = files_ + text;
-            std::ofstream(FilePath(file_), std::ios::binary);
-        } else if (kind == "|") {
-            std::ofstream(FilePath(file_), std::ios::binary | std::ios::app) << text << '\n';
-        } else if (kind == "$") {
+    void Take(const QString& verb, const QString& rest) {
+        const std::string text = files_.Resolved(rest).toStdString();
+        if (files_.Take(verb, rest)) {
+            return;
+        }
+        if (verb == QStringLiteral("width")) {
+            width_ = rest.toUInt();
+        } else if (verb == QStringLiteral("$")) {
             command_ = text;
-            outcome_ = RunProgram(text);
-        } else if (kind == "exit") {
+            outcome_ = RunProgram(text, width_);
+        } else if (verb == QStringLiteral("exit")) {
             exitCode_ = std::stoi(text);
-        } else if (kind == ">") {
+        } else if (verb == QStringLiteral(">")) {
             out_ += text + "\n";
-        } else if (kind == "~") {
+        } else if (verb == QStringLiteral("~")) {
             partsOfOut_ = true;
             EXPECT_TRUE(Has(outcome_.out, text)) << command_;
-        } else if (kind == "!") {
+        } else if (verb == QStringLiteral("!")) {
             EXPECT_TRUE(Has(outcome_.err, text)) << command_;
+        } else if (verb == QStringLiteral("quiet")) {
+            EXPECT_EQ(outcome_.err, "") << command_;
         }
     }
 
@@ -43,15 +44,8 @@ class Transcript {
     }
 
   private:
-    std::string Unescaped(const std::string& text) const {
-        return QString::fromStdString(text)
-            .replace(QStringLiteral("\\n"), QStringLiteral("\n"))
-            .replace(QLatin1Char('@'), QString::fromStdString(files_))
-            .toStdString();
-    }
-
-    std::string files_;
-    std::string file_;
+    TranscriptFiles& files_;
+    std::size_t width_ = 80;
     std::string command_;
     Outcome outcome_{};
     int exitCode_ = 0;
@@ -60,20 +54,15 @@ class Transcript {
 };
 
 TEST(CommandLine, AnswersAsInTheTranscripts) {
-    const Folder folder;
-    QFile file(QStringLiteral(":/Transcripts.txt"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList paragraphs = QString::fromUtf8(file.readAll()).split(QStringLiteral("\n\n"));
-    for (const QString& paragraph : paragraphs) {
-        const QStringList lines = paragraph.split(QLatin1Char('\n'));
-        if (!paragraph.contains(QLatin1Char('$')) ||
-            (lines.contains(QStringLiteral("devices")) && !RealPortsAreDevices)) {
+    TranscriptFiles files;
+    for (const QStringList& lines : Transcripts()) {
+        if (lines.contains(QStringLiteral("devices")) && !RealPortsAreDevices) {
             continue;
         }
-        Transcript transcript(folder.Path(""));
+        Transcript transcript(files);
         for (const QString& line : lines) {
-            const QString kind = line.section(QLatin1Char(' '), 0, 0);
-            transcript.Take(kind.toStdString(), line.mid(kind.size() + 1).toStdString());
+            const QString verb = line.section(QLatin1Char(' '), 0, 0);
+            transcript.Take(verb, line.mid(verb.size() + 1));
         }
         transcript.End();
     }
