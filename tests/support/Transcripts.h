@@ -7,11 +7,13 @@
 #include <QStringList>
 #include <vector>
 
+#include "ports/OpenPort.h"
 #include "support/Folder.h"
 
 namespace vx3260::test {
 
 /// The paragraphs of the program's Transcripts.txt, by lines; lines that begin with # are comments.
+/// A paragraph with the line "devices" is left out where printer ports are no devices.
 inline std::vector<QStringList> Transcripts() {
     QFile file(QStringLiteral(":/Transcripts.txt"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -23,21 +25,30 @@ inline std::vector<QStringList> Transcripts() {
             paragraphs.back().append(line);
         }
     }
-    paragraphs.pop_back();  // the one that the last line end begins
+    for (QStringList& lines : paragraphs) {
+        if (lines.removeAll(QStringLiteral("devices")) > 0 && !RealPortsAreDevices) {
+            lines.clear();
+        }
+    }
+    std::erase_if(paragraphs, [](const QStringList& lines) { return lines.isEmpty(); });
     return paragraphs;
 }
 
 /// The files that transcripts make and name.
 class TranscriptFiles {
   public:
-    /// With a file's path in the place of @NAME and a line end in that of \n.
+    /// With a file's path in the place of @NAME and line ends in that of \n and \r.
     QString Resolved(QString text) const {
         return text.replace(QStringLiteral("\\n"), QStringLiteral("\n"))
+            .replace(QStringLiteral("\\r"), QStringLiteral("\r"))
             .replace(QLatin1Char('@'),
                      QString::fromStdString(folder_.Path("")) + QDir::separator());
     }
 
-    /// Carries out "file NAME", "| LINE" and "* COUNT LINE"; false for other lines.
+    std::string Bytes(const QString& name) const { return folder_.Bytes(name.toStdString()); }
+
+    /// Carries out "file NAME", "| LINE" and "* COUNT LINE"; false for other lines. A backslash at
+    /// the end of the line stands for no line end.
     bool Take(const QString& verb, const QString& rest) {
         if (verb == QStringLiteral("file")) {
             file_ = rest.toStdString();
@@ -50,7 +61,7 @@ class TranscriptFiles {
         } else {
             return false;
         }
-        folder_.Make(file_, bytes_.toStdString());
+        folder_.Make(file_, bytes_.replace(QStringLiteral("\\\n"), QString()).toStdString());
         return true;
     }
 

@@ -35,15 +35,6 @@ TEST_F(ModeFormTest, ArrowKeysGoThroughItsOptions) {
     EXPECT_FALSE(form->isVisible());
 }
 
-TEST_F(ModeFormTest, ShowsTheRegisterOfBeforeAnInternalZeroCalibration) {
-    Open<ModeForm>();
-    EXPECT_EQ(ClickOn("OptMD4"), "");
-    EXPECT_TRUE(Checked(*form, "OptMD3"));
-    Expect("modeLabel: 3 | Label7: 1");
-    EXPECT_EQ(Contents(modeAt), 0x01U);
-    EXPECT_NE(Contents(mainZeroScaleAt), 0x800000U);
-}
-
 TEST_F(ModeFormTest, ReportsACalibrationThatDoesNotEnd) {
     UseBoardWith("rdy-stuck-high");
     Open<ModeForm>();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ApplicationInfo.h"
 #include "forms/shell/ProgramForm.h"
-#include "forms/shell/ResetForm.h"
 #include "forms/shell/StatusForm.h"
 #include "forms/shell/aboutform.h"
 #include "support/Forms.h"
@@ -32,21 +31,6 @@ TEST_F(ShellFormsTest, StatusShowsTheFlagsUnderTheirNames) {
     for (const auto& [heading, bit] : columns) {
         EXPECT_EQ(Find(*form, heading).geometry().center().x(),
                   Find(*form, bit).geometry().center().x());
-    }
-}
-
-TEST_F(ShellFormsTest, ResetResetsTheChipAndCloses) {
-    const std::pair<const char*, bool> cases[] = {
-        {"Command1", true}, {"Command2", true}, {"Command3", false}};
-    for (const auto& [button, resets] : cases) {
-        UseBoardWith("");
-        Open<ResetForm>();
-        const std::int64_t accesses = bench->board->Now();
-        ClickOn(button);
-        EXPECT_EQ(Contents(modeAt), resets ? 0x00U : 0x03U) << button;
-        EXPECT_EQ(Contents(mainControlAt), resets ? 0x07U : 0x87U) << button;
-        EXPECT_EQ(bench->board->Now() == accesses, !resets) << button;
-        EXPECT_FALSE(form->isVisible());
     }
 }
 
