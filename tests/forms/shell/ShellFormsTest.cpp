@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ApplicationInfo.h"
-#include "forms/shell/ProgramForm.h"
 #include "forms/shell/StatusForm.h"
 #include "forms/shell/aboutform.h"
 #include "support/Forms.h"
@@ -9,20 +8,6 @@ namespace vx3260::test {
 namespace {
 
 using ShellFormsTest = FormTest;
-
-TEST_F(ShellFormsTest, ProgramOpensTheFilterFormInPowerDownModeOnly) {
-    Open<ProgramForm>();
-    for (std::uint32_t mode = 1; mode <= 7; ++mode) {
-        Preset(modeAt, 0xF8U | mode);
-        EXPECT_EQ(OpenedBy(*form, "Command2"), "");
-        EXPECT_EQ(bench->messages.Take(),
-                  "Exclamation: The VX3260 must be in Power-Down Mode in order to program the "
-                  "Filter Register");
-    }
-    EXPECT_TRUE(bench->port->writes.empty());
-    ClickOn("Command7");
-    EXPECT_FALSE(form->isVisible());
-}
 
 TEST_F(ShellFormsTest, StatusShowsTheFlagsUnderTheirNames) {
     Open<StatusForm>();
