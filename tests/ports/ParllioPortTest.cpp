@@ -7,10 +7,8 @@
 #include <fstream>
 #include <functional>
 
-#include "acquisition/Reading.h"
-#include "app/StartUp.h"
 #include "ports/OpenPort.h"
-#include "support/Recorders.h"
+#include "support/SimulatedBench.h"
 
 namespace vx3260::test {
 namespace {
@@ -73,10 +71,8 @@ TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
     EXPECT_EQ(state.PortCount, 1);
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(Register(port, state.PortAddress, RegisterMap::MainControl).ReadReg(), 0x87);
-    ConverterReader reader(port, state.PortAddress, Converter::Main);
-    reader.ReadControls();
-    EXPECT_EQ(ReadBlock(reader, state.BlockOf(Converter::Main), 5, {}), ReadingEnd::Complete);
-    EXPECT_NEAR(state.MainCodes[4], 8388608 * (1 + 0.01 * 0.996 / 2.56 + 0.002), 99);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 5), ReadingEnd::Complete);
+    EXPECT_NEAR(state.MainCodes[4], mainCodeAtStart, 99);
 
     const std::vector<PortListing> ports = ListPorts({});
     ASSERT_EQ(ports.size(), 1U);

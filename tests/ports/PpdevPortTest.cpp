@@ -14,7 +14,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquisition/Reading.h"
 #include "app/StartUp.h"
 #include "link/RegisterFields.h"
 #include "ports/OpenPort.h"
@@ -29,14 +28,9 @@ constexpr std::chrono::nanoseconds noPollTime{0};
 class PpdevPortTest : public testing::Test {
   protected:
     void StartUp(ParallelPort& started) {
-        services = std::make_unique<Services>(Services{started, messages, system, state});
-        vx3260::StartUp(*services);
+        Services services{started, messages, system, state};
+        vx3260::StartUp(services);
         parport.Forget();
-    }
-    ReadingEnd ReadBlock(Converter converter, std::int16_t size) {
-        ConverterReader reader(services->port, state.PortAddress, converter);
-        reader.ReadControls();
-        return vx3260::ReadBlock(reader, state.BlockOf(converter), size, {});
     }
 
     FakeParport parport;
@@ -44,7 +38,6 @@ class PpdevPortTest : public testing::Test {
     RecordedMessages messages;
     RecordedSystem system;
     ApplicationState state;
-    std::unique_ptr<Services> services;
 };
 
 TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
@@ -82,7 +75,7 @@ TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
 
 TEST_F(PpdevPortTest, ReadsABlockWithOneIoctlAnAccess) {
     StartUp(port);
-    EXPECT_EQ(ReadBlock(Converter::Main, 3), ReadingEnd::Complete);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 3), ReadingEnd::Complete);
     EXPECT_NEAR(state.MainCodes.at(2), mainCodeAtStart, 99);
     parport.Forget();
     ReadData(port, state.PortAddress, RegisterMap::MainData).Read();
@@ -181,7 +174,7 @@ TEST_F(PpdevPortTest, IsListedWithTheReasonOfAFailedClaim) {
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
     StartUp(port);
     parport.Fail(PPRSTATUS, ENODEV, 100);
-    EXPECT_EQ(ReadBlock(Converter::Main, 50), ReadingEnd::TimedOut);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 50), ReadingEnd::TimedOut);
     EXPECT_GE(state.MainCodeCount, 1);
     EXPECT_LT(parport.Count(PPRSTATUS), 200) << "tried on and on";
     EXPECT_EQ(port.FailureDetail(),

@@ -3,10 +3,8 @@
 
 #include <sstream>
 
-#include "cli/CliRun.h"
-#include "link/BoardCheck.h"
+#include "cli/commands/CliRun.h"
 #include "options/ExitCodes.h"
-#include "ports/SimulatedPort.h"
 #include "support/Folder.h"
 
 namespace vx3260::test {
@@ -68,12 +66,6 @@ TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
     EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(kept)) << beside;
     EXPECT_EQ(QFile::permissions(QString::fromStdString(folder.Path(beside))),
               QFile::permissions(QString::fromStdString(path)));
-}
-
-TEST(Check, PutsTheRegisterBack) {
-    SimulatedPort board;
-    EXPECT_EQ(CheckBoard(board, 888).verdict, BoardVerdict::Answers);
-    EXPECT_EQ(board.Board().Chip().Contents(3), 0xB9U);
 }
 
 }  // namespace

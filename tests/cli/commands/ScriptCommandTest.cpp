@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "cli/CliRun.h"
+#include "cli/commands/CliRun.h"
 #include "support/Folder.h"
 
 namespace vx3260::test {
