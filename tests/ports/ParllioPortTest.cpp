@@ -25,12 +25,12 @@ class ParllioPortTest : public testing::Test {
         fs::remove_all(made_);
     }
 
-    /// The one with the stand-in of that name.
+    /// Chooses the folder with the stand-in of that name.
     static void Choose(const std::string& kind) {
         SetDllDirectoryW((fs::path(PARLLIO_FOLDER) / kind).c_str());
     }
 
-    /// One with a copy of the stand-in, changed.
+    /// Chooses a folder with a changed copy of the stand-in.
     void ChooseChanged(const std::function<void(std::fstream&)>& change) {
         fs::create_directories(made_);
         fs::copy_file(fs::path(PARLLIO_FOLDER) / "whole" / "parllio.dll", made_ / "parllio.dll",
@@ -48,7 +48,7 @@ class ParllioPortTest : public testing::Test {
     fs::path made_ = fs::temp_directory_path() / L"vx3260 ä 測";
 };
 
-/// Its header then tells of 32-bit code.
+/// Marks it as 32-bit code in its header.
 void Make32Bit(std::fstream& file) {
     std::uint32_t header = 0;
     file.seekg(0x3C);

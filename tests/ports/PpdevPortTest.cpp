@@ -47,14 +47,14 @@ TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(parport.Board().Read(2), 0x04) << "of 0C bits 0, 1, 3 and 5 are cleared";
     SimulatedChip& chip = parport.Board().Chip();
-    chip.Preset(1, 0);  // power-down: all registers take writes
+    chip.Preset(1, 0);  // power-down: all registers accept writes
     for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
         const auto address = static_cast<unsigned>(description.access.readByte & 0x0F);
         Register reg(port, state.PortAddress, description.access);
         const double before = reg.ReadReg();
         EXPECT_EQ(before, chip.Contents(address)) << description.name;
         if (description.access.writeByte != 0) {
-            // Different, and starting nothing.
+            // A different value that starts no conversion.
             reg.RegValue = static_cast<std::int32_t>(before) ^ (address == 1 ? 0x50 : 0x11);
             reg.WriteReg();
             EXPECT_EQ(reg.ReadReg(), reg.RegValue) << description.name;
@@ -69,7 +69,7 @@ TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
     opened.port.reset();
     std::ifstream file(path);
     const std::string trace{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_GT(std::stod(trace.substr(trace.rfind('#') + 1)), 50) << "accesses that share no time";
+    EXPECT_GT(std::stod(trace.substr(trace.rfind('#') + 1)), 50) << "all accesses at the same time";
     std::filesystem::remove(path);
 }
 
@@ -176,7 +176,7 @@ TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
     parport.Fail(PPRSTATUS, ENODEV, 100);
     EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 50), ReadingEnd::TimedOut);
     EXPECT_GE(state.MainCodeCount, 1);
-    EXPECT_LT(parport.Count(PPRSTATUS), 200) << "tried on and on";
+    EXPECT_LT(parport.Count(PPRSTATUS), 200) << "kept trying";
     EXPECT_EQ(port.FailureDetail(),
               "/dev/parport0 stopped working: No such device. Check the port's card and start the "
               "program again.");

@@ -20,7 +20,7 @@
 
 namespace vx3260::test {
 
-/// A control of a form by its name. Fails the test where it is not there.
+/// A control of a form by its name. Fails the test if there is none.
 template <typename Control = QWidget>
 Control& Find(const QWidget& form, const std::string& name) {
     auto* control = form.findChild<Control*>(QString::fromStdString(name));
@@ -80,7 +80,7 @@ inline void ShowActive(QWidget& form) {
 inline bool WhileModal(const std::function<void()>& open,
                        const std::function<void(QDialog&)>& inspect) {
     bool inspected = false;
-    QTimer once;  // gone with this call, also where no window's event loop ran
+    QTimer once;  // stops with this call, also if no window's event loop ran
     once.setSingleShot(true);
     QObject::connect(&once, &QTimer::timeout, [&] {
         auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -136,7 +136,7 @@ class FormTest : public testing::Test {
     QLineEdit& Box(const char* name) { return Find<QLineEdit>(*form, name); }
     void Expect(const std::string& texts) { ExpectTexts(*form, texts); }
 
-    /// Gives the boxes that are shown then.
+    /// Returns the message boxes that it shows.
     std::string ClickOn(const std::string& button) {
         Click(*form, button);
         return bench->messages.Take();

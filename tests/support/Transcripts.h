@@ -13,7 +13,7 @@
 namespace vx3260::test {
 
 /// The paragraphs of the program's Transcripts.txt, by lines; lines that begin with # are comments.
-/// A paragraph with the line "devices" is left out where printer ports are no devices.
+/// A paragraph with the line "devices" is left out where printer ports are not devices.
 inline std::vector<QStringList> Transcripts() {
     QFile file(QStringLiteral(":/Transcripts.txt"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));

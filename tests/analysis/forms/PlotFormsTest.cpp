@@ -40,12 +40,12 @@ AnalysedBlock AuxBlock() {
                    AuxConditions(2.5F, AuxFullScale::Reference, Polarity::Bipolar));
 }
 
-/// What is seen: readings and codes.
+/// The visible ranges: readings and codes.
 std::pair<QCPRange, QCPRange> SeenIn(const PlotView& view) {
     return {view.xAxis->range(), view.yAxis->range()};
 }
 
-/// The names of what is drawn, as the legend has them.
+/// The entries of the legend.
 std::string LegendOf(const PlotView& view) {
     QStringList names;
     for (int i = 0; i < view.legend->itemCount(); ++i) {
@@ -74,7 +74,7 @@ class PlotFormsTest : public FormTest {
         return Find<PlotView>(Open<Opened>(block), "Plot");
     }
 
-    /// Clicks a button that asks for a file, and answers.
+    /// Clicks a button that asks for a file, and chooses one.
     void SaveAs(const char* button, const std::string& path, int filter = 0) {
         WhileModal([&] { Click(*form, button); },
                    [&](QDialog& asked) {
@@ -157,7 +157,7 @@ TEST_F(PlotFormsTest, VoltsKeepInStepWithCodes) {
             EXPECT_TRUE(i == 0 || texts[i] != texts[i - 1]);
         }
         for (const double tick : view.yAxis->tickVector()) {
-            EXPECT_EQ(tick, std::nearbyint(tick)) << "codes are whole";
+            EXPECT_EQ(tick, std::nearbyint(tick)) << "codes are integers";
         }
     }
     EXPECT_EQ(view.graph(0)->scatterStyle().shape(), QCPScatterStyle::ssNone);
@@ -174,7 +174,7 @@ TEST_F(PlotFormsTest, KeysMoveAndZoom) {
     QTest::keyClick(&view, Qt::Key_Minus);
     EXPECT_EQ(SeenIn(view), all) << "there is no more to see";
     constexpr double twice = 0.8 * 0.8;
-    // How far the middle moves, in parts of what is seen, and how much of that is seen then.
+    // By how much of the visible range its middle moves, and the part that remains visible.
     const std::tuple<Qt::Key, Qt::KeyboardModifier, QPointF, QPointF> cases[] = {
         {Qt::Key_Left, Qt::NoModifier, {-0.1, 0}, {1, 1}},
         {Qt::Key_Right, Qt::NoModifier, {0.1, 0}, {1, 1}},
@@ -184,7 +184,7 @@ TEST_F(PlotFormsTest, KeysMoveAndZoom) {
         {Qt::Key_Left, Qt::ShiftModifier, {0, 0}, {1.25, 1}},
         {Qt::Key_Up, Qt::ShiftModifier, {0, 0}, {1, 0.8}},
         {Qt::Key_Down, Qt::ShiftModifier, {0, 0}, {1, 1.25}},
-        {Qt::Key_PageDown, Qt::NoModifier, {0.28125, 0}, {1, 1}},  // as far as the readings go
+        {Qt::Key_PageDown, Qt::NoModifier, {0.28125, 0}, {1, 1}},  // up to the last reading
         {Qt::Key_PageUp, Qt::NoModifier, {-0.28125, 0}, {1, 1}},
     };
     const auto expectAxis = [](QCPRange now, QCPRange before, double move, double zoom) {
@@ -244,7 +244,7 @@ TEST_F(PlotFormsTest, MouseMovesAndZooms) {
         QApplication::processEvents();
         drag(button, modifier, pixels(80, 10), pixels(120, -10));
         expectSeen(80, 120);
-        drag(button, modifier, middle, middle + QPoint(60, 0));  // no rectangle to speak of
+        drag(button, modifier, middle, middle + QPoint(60, 0));  // too flat for a rectangle
         expectSeen(80, 120);
     }
     view.replot();
@@ -280,7 +280,7 @@ TEST_F(PlotFormsTest, CursorsShowReadingsAndTheirDifference) {
     QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
     Expect("DifferenceLabel: B - A: 66 readings, -8 codes, -19.0735 nV");
 
-    // The plot follows a cursor out of what is seen, and no further.
+    // The visible range follows a cursor that leaves it, and keeps its size.
     view.xAxis->setRange(40, 60);
     QTest::keyClick(&view, Qt::Key_B);
     QTest::keyClick(&view, Qt::Key_Right, Qt::ControlModifier);
@@ -314,7 +314,7 @@ void ExpectExported(const QImage& picture) {
         << "a title";
 }
 
-/// Light on black, until what it gives goes.
+/// Light on black, as long as the returned guard lives.
 auto DarkTheme() {
     const auto use = [](const QPalette& palette) {
         QApplication::setPalette(palette);
@@ -325,9 +325,9 @@ auto DarkTheme() {
     return restore;
 }
 
-TEST_F(PlotFormsTest, FollowsTheThemeWhereasItsPictureIsDarkOnWhite) {
+TEST_F(PlotFormsTest, FollowsTheThemeButCopiesAPictureDarkOnWhite) {
     PlotView& view = OpenPlot<PlotForm>(Noise(5000, 12));
-    // Of texts, the codes and their mean.
+    // The colours of texts, of the codes and of their mean.
     const auto colours = [&view] {
         const QColor reference = view.plottable(view.graphCount() - 1)->pen().color();
         return std::vector{view.legend->textColor(), view.plottable(0)->pen().color(), reference};

@@ -46,7 +46,7 @@ TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
     EXPECT_EQ(RunProgram(read + " --hex").out, hex.str());
 }
 
-TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
+TEST(ReadCommand, IncompleteReadingDoesNotReplaceAFile) {
     const Folder folder;
     const std::string path = folder.Path("x.dat");
     const std::string read = "--simulated --fault board-gone=60000 read main --output " + path;

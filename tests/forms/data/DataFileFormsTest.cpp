@@ -56,7 +56,7 @@ TEST_F(DataFileFormsTest, BringBackWhatWasWritten) {
     }
 }
 
-TEST_F(DataFileFormsTest, StayAsWideAsTheyWereUnderALongPath) {
+TEST_F(DataFileFormsTest, KeepTheirWidthWithALongPath) {
     bench->Fill(Converter::Main, {5});
     Open<WriteFileForm>();
     const int width = form->minimumSizeHint().width();
