@@ -103,25 +103,11 @@ class FormTranscript : public FormTest {
         const QString verb = line.section(QLatin1Char(' '), 0, 0);
         const QString name = line.section(QLatin1Char(' '), 1, 1);
         const QString rest = files_.Resolved(line.section(QLatin1Char(' '), 2));
-        if (files_.Take(verb, line.mid(verb.size() + 1))) {
+        if (files_.Take(verb, line.mid(verb.size() + 1)) || Prepare(verb, name, rest) ||
+            ExpectState(verb, name, rest)) {
             return;
         }
-        if (verb == QStringLiteral("fault")) {
-            UseBoardWith(name.toStdString());
-        } else if (verb == QStringLiteral("block")) {
-            bench->Fill(ConverterNamed(name), CodesIn(rest));
-        } else if (verb == QStringLiteral("codes")) {
-            EXPECT_EQ(bench->state.BlockOf(ConverterNamed(name)).codes, CodesIn(rest));
-        } else if (verb == QStringLiteral("contents")) {
-            EXPECT_EQ(files_.Bytes(name), rest.toStdString());
-        } else if (name == QStringLiteral(":=")) {
-            Preset(AddressOf(verb), rest.toUInt(nullptr, 16));
-        } else if (name == QStringLiteral("==")) {
-            EXPECT_EQ(Contents(AddressOf(verb)), rest.toUInt(nullptr, 16));
-        } else if (verb == QStringLiteral("answer")) {
-            bench->messages.answers = {name == QStringLiteral("yes") ? MessageAnswer::Yes
-                                                                     : MessageAnswer::No};
-        } else if (verb == QStringLiteral("click")) {
+        if (verb == QStringLiteral("click")) {
             Act([&] { Click(*opened, name.toStdString()); });
         } else if (verb == QStringLiteral("enter")) {
             auto& box = Find<QLineEdit>(*opened, name.toStdString());
@@ -131,7 +117,39 @@ class FormTranscript : public FormTest {
             ExpectText(std::exchange(messages_, {}), name + QLatin1Char(' ') + rest);
         } else if (verb == QStringLiteral("detail")) {
             ExpectText(detail_, line.mid(verb.size() + 1));
-        } else if (line == QStringLiteral("untouched")) {
+        } else if (verb == QStringLiteral("is") || verb == QStringLiteral("not")) {
+            EXPECT_EQ(Holds(name, *opened, rest), verb == QStringLiteral("is"));
+        } else {
+            const QString control = line.section(QLatin1Char(':'), 0, 0);
+            const QString text = files_.Resolved(line.mid(control.size() + 1).trimmed());
+            ExpectText(ShownText(*opened, control), text);
+        }
+    }
+
+    /// Lines that change the bench; false for others.
+    bool Prepare(const QString& verb, const QString& name, const QString& rest) {
+        if (verb == QStringLiteral("fault")) {
+            UseBoardWith(name.toStdString());
+        } else if (verb == QStringLiteral("block")) {
+            bench->Fill(ConverterNamed(name), CodesIn(rest));
+        } else if (verb == QStringLiteral("answer")) {
+            bench->messages.answers = {name == QStringLiteral("yes") ? MessageAnswer::Yes
+                                                                     : MessageAnswer::No};
+        } else if (name == QStringLiteral(":=")) {
+            Preset(AddressOf(verb), rest.toUInt(nullptr, 16));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    /// Lines about the bench and the files; false for others.
+    bool ExpectState(const QString& verb, const QString& name, const QString& rest) {
+        if (verb == QStringLiteral("codes")) {
+            EXPECT_EQ(bench->state.BlockOf(ConverterNamed(name)).codes, CodesIn(rest));
+        } else if (verb == QStringLiteral("contents")) {
+            EXPECT_EQ(files_.Bytes(name), rest.toStdString());
+        } else if (verb == QStringLiteral("untouched")) {
             EXPECT_TRUE(bench->port->writes.empty());
         } else if (verb == QStringLiteral("range")) {
             EXPECT_FLOAT_EQ(bench->state.InputRange, name.toFloat());
@@ -140,13 +158,12 @@ class FormTranscript : public FormTest {
         } else if (verb == QStringLiteral("polarity")) {
             EXPECT_EQ(bench->state.Polarity == Polarity::Unipolar,
                       name == QStringLiteral("unipolar"));
-        } else if (verb == QStringLiteral("is") || verb == QStringLiteral("not")) {
-            EXPECT_EQ(Holds(name, *opened, rest), verb == QStringLiteral("is"));
+        } else if (name == QStringLiteral("==")) {
+            EXPECT_EQ(Contents(AddressOf(verb)), rest.toUInt(nullptr, 16));
         } else {
-            const QString control = line.section(QLatin1Char(':'), 0, 0);
-            const QString text = files_.Resolved(line.mid(control.size() + 1).trimmed());
-            ExpectText(ShownText(*opened, control), text);
+            return false;
         }
+        return true;
     }
 
     void Act(const std::function<void()>& act) {

@@ -52,20 +52,18 @@ TEST_F(BoardTest, HoldsItsRegistersAtStartAndAfterBothResets) {
                         Read(8, 24), Read(9, 16), Read(10, 24), Read(11, 16)};
     };
     // P3, an input, reads high.
-    Contents expected{0x03, 0x87, 0xB9, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
-    EXPECT_EQ(contents(), expected);
-    expected[0] = 0x00;
-    expected[1] = 0x07;
-    expected[2] = 0x01;
+    const Contents atStart{0x03, 0x87, 0xB9, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
+    const Contents afterReset{0x00, 0x07, 0x01, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
+    EXPECT_EQ(contents(), atStart);
     bench.port->OutByte(base, 0x18);
     bench.port->OutByte(base, 0x1A);
-    EXPECT_EQ(contents(), expected);
+    EXPECT_EQ(contents(), afterReset);
     Write(1, 0x33, 8);
     SerialWrite(*bench.port, 0x45, base, 8);  // out of step: the chip waits for 24 clocks
     EXPECT_NE(Read(1, 8), 0x33);
     SerialWrite(*bench.port, -1, base, 31);  // ones alone, without the pulses on the reset line
     SerialWrite(*bench.port, 1, base, 1);
-    EXPECT_EQ(contents(), expected);
+    EXPECT_EQ(contents(), afterReset);
 }
 
 TEST_F(BoardTest, AcceptsWritesWhereTheModeAllows) {
