@@ -12,9 +12,7 @@ namespace {
 class ReadingTest : public testing::Test {
   protected:
     ReadingEnd Read(std::int16_t size, const ReadingHooks& hooks = {}) {
-        ConverterReader reader(*bench.port, bench.state.PortAddress, Converter::Main);
-        reader.ReadControls();
-        return ReadBlock(reader, bench.state.BlockOf(Converter::Main), size, hooks);
+        return ReadBlockFrom(*bench.port, bench.state, Converter::Main, size, hooks);
     }
 
     SimulatedBench bench;

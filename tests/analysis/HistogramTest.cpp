@@ -14,7 +14,7 @@ TEST(Histogram, BinsCodesByWholeNumbers) {
     const std::tuple<std::vector<double>, std::size_t, std::int64_t, std::int64_t, Counts> cases[] =
         {
             {{5}, 2, 5, 1, {1}},
-            {{7, 5, 7, 5, 5}, 3, 5, 1, {3, 0, 2}},         // as many bins as there may be
+            {{7, 5, 7, 5, 5}, 3, 5, 1, {3, 0, 2}},         // the maximum number of bins
             {{7, 5, 8, 5, 5}, 3, 4, 2, {3, 1, 1}},         // 4 and 5, 6 and 7, 8 and 9
             {{0, 1, 2, 3, 4, 5, 10}, 3, 0, 5, {5, 1, 1}},  // never 3 or 4 wide
             {{-3, -1, 0, 2}, 4, -4, 2, {1, 1, 1, 1}},      // counted downwards below 0 too

@@ -63,7 +63,7 @@ TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
     }
 }
 
-TEST(NoiseAnalysis, KnowsNoResolutionBeyondTheCodes) {
+TEST(NoiseAnalysis, EqualCodesGiveALowerBoundOfTheResolution) {
     const NoiseAnalysis quiet = Analyse({7, 7, 7});
     EXPECT_EQ(TextOf(quiet, ResolutionFigure::RmsNoise).volts, "0 V");
     EXPECT_EQ(TextOf(quiet, ResolutionFigure::Effective).figure, "≥ 24 bits");
@@ -71,7 +71,7 @@ TEST(NoiseAnalysis, KnowsNoResolutionBeyondTheCodes) {
 }
 
 TEST(NoiseAnalysis, ShowsASmallBlock) {
-    // Exact in single precision: mean 1004, deviations 4, 0, 4, squares 32 over 2.
+    // Exact in single precision: mean 1004, deviations 4, 0 and 4, variance 32 / 2.
     const NoiseAnalysis analysis = Analyse({1000, 1004, 1008});
     const std::pair<const char*, const char*> cases[] = {
         {"CodesLabel", "3"},         {"RefLabel", "2.50 V"},  {"RMSLabelLSB", "4"},
@@ -106,7 +106,7 @@ TEST(NoiseAnalysis, ScalesItsVoltages) {
 }
 
 TEST(NoiseAnalysis, SumsItsAverageInSinglePrecision) {
-    // The sum of 100 codes needs 30 bits and has 24.
+    // The sum of 100 codes needs 30 bits; single precision has 24.
     const NoiseAnalysis analysis = Analyse(std::vector<double>(100, 8388611));
     EXPECT_EQ(analysis.statistics.averageCode, 8388609.0F);
     EXPECT_EQ(analysis.statistics.rmsNoiseLsb, 2);

@@ -8,7 +8,7 @@
 namespace vx3260 {
 namespace {
 
-TEST(PlotScale, StepsAreOfTheSeries) {
+TEST(PlotScale, StepsAreOneTwoOrFiveTimesAPowerOfTen) {
     const std::tuple<double, int, double, double, double> cases[] = {
         {10, 10, 0, 1, 0.2},        {10, 9, 0, 2, 1},       {41, 20, 0, 5, 1},
         {51, 10, 0, 10, 2},         {0.3, 3, 0, 0.1, 0.02}, {7e-9, 5, 0, 2e-9, 1e-9},
@@ -49,7 +49,7 @@ NoiseAnalysis AnalysisOf(const std::vector<double>& codes) {
     return AnalyseNoise(codes, MainConditions(2.5F, 0, Polarity::Bipolar));
 }
 
-TEST(PlotScale, AxesHoldEverything) {
+TEST(PlotScale, AxesIncludeAllCodesAndTheCurve) {
     const auto expectRange = [](const AxisRange& range, double lower, double upper) {
         EXPECT_NEAR(range.lower, lower, 1e-6);
         EXPECT_NEAR(range.upper, upper, 1e-6);

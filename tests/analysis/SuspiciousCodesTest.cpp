@@ -6,7 +6,7 @@
 namespace vx3260 {
 namespace {
 
-TEST(SuspiciousCodes, AreThoseNoHealthyBoardGives) {
+TEST(SuspiciousCodes, AreOutOfRangeOrAllEqual) {
     using Texts = std::vector<std::string>;
     const std::string notation = "; is it the right file and notation?";
     const std::tuple<Converter, std::vector<std::int32_t>, Texts> cases[] = {

@@ -66,14 +66,14 @@ TEST(LinuxFiles, FullOrEndlessDeviceIsReported) {
               "each");
 }
 
-/// The kernel's messages: whoever may read them would wait for the next one.
+/// The kernel's messages: with the right to read them, a reader waits for the next one.
 TEST(LinuxFiles, RegularFilesAreNotWaitedFor) {
     EXPECT_TRUE(ErrorOf<FileAccessError>([] {
                     LoadBytes("/proc/kmsg", {std::size_t{1} << 30U, ""});
                 }).starts_with("cannot read /proc/kmsg: "));
 }
 
-/// Prints the error of an action and ends the process, a forked one.
+/// Prints the error of an action and ends the forked process.
 [[noreturn]] void EndWithErrorOf(const std::function<void()>& action) {
     std::fputs(ErrorOf<FileAccessError>(action).c_str(), stderr);
     std::_Exit(EXIT_SUCCESS);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
-#include <QFile>
+#include "support/Transcripts.h"
 
 #include "forms/shell/MainMenuForm.h"
 #include "link/RegisterLookup.h"
@@ -51,6 +50,29 @@ unsigned AddressOf(const QString& name) {
     return static_cast<unsigned>(description.access.readByte & 0x0F);
 }
 
+/// The property that a state is, of a control or of the form.
+bool Holds(const QString& state, const QWidget& form, const QString& name) {
+    static const std::map<QString, const char*> properties{{"checked", "checked"},
+                                                           {"refused", "accessibleDescription"},
+                                                           {"selected", "hasSelectedText"},
+                                                           {"visible", "visible"}};
+    const QWidget& subject = name == form.objectName() ? form : Find(form, name.toStdString());
+    return state == QStringLiteral("focused") ? form.focusWidget() == &subject
+                                              : subject.property(properties.at(state)).toBool();
+}
+
+Converter ConverterNamed(const QString& name) {
+    return name == QStringLiteral("main") ? Converter::Main : Converter::Aux;
+}
+
+std::vector<double> CodesIn(const QString& text) {
+    std::vector<double> codes;
+    for (const QString& code : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        codes.push_back(code.toDouble());
+    }
+    return codes;
+}
+
 /// Runs the paragraphs of Transcripts.txt, which describes them.
 class FormTranscript : public FormTest {
   protected:
@@ -77,55 +99,97 @@ class FormTranscript : public FormTest {
 
   private:
     void Do(const QString& line, QDialog* opened) {
+        SCOPED_TRACE(line.toStdString());
         const QString verb = line.section(QLatin1Char(' '), 0, 0);
         const QString name = line.section(QLatin1Char(' '), 1, 1);
-        const QString rest = line.section(QLatin1Char(' '), 2);
-        if (verb == QStringLiteral("fault")) {
-            UseBoardWith(name.toStdString());
-        } else if (name == QStringLiteral(":=")) {
-            Preset(AddressOf(verb), rest.toUInt(nullptr, 16));
-        } else if (name == QStringLiteral("==")) {
-            EXPECT_EQ(Contents(AddressOf(verb)), rest.toUInt(nullptr, 16)) << line.toStdString();
-        } else if (verb == QStringLiteral("click")) {
-            EXPECT_EQ(messages_, "");
-            Click(*opened, name.toStdString());
-            messages_ = bench->messages.Take();
+        const QString rest = files_.Resolved(line.section(QLatin1Char(' '), 2));
+        if (files_.Take(verb, line.mid(verb.size() + 1)) || Prepare(verb, name, rest) ||
+            ExpectState(verb, name, rest)) {
+            return;
+        }
+        if (verb == QStringLiteral("click")) {
+            Act([&] { Click(*opened, name.toStdString()); });
         } else if (verb == QStringLiteral("enter")) {
-            EXPECT_EQ(messages_, "");
             auto& box = Find<QLineEdit>(*opened, name.toStdString());
             box.setText(rest);
-            QTest::keyClick(&box, Qt::Key_Return);
-            messages_ = bench->messages.Take();
+            Act([&box] { QTest::keyClick(&box, Qt::Key_Return); });
         } else if (verb == QStringLiteral("box")) {
-            EXPECT_EQ(messages_, line.mid(4).toStdString());
-            messages_.clear();
-        } else if (verb == QStringLiteral("range")) {
-            EXPECT_FLOAT_EQ(bench->state.InputRange, name.toFloat());
-        } else if (verb == QStringLiteral("selected")) {
-            EXPECT_TRUE(Find<QLineEdit>(*opened, name.toStdString()).hasSelectedText());
-        } else if (verb == QStringLiteral("refused")) {
-            EXPECT_NE(Find(*opened, name.toStdString()).accessibleDescription(), QString());
-        } else if (verb == QStringLiteral("accepted")) {
-            EXPECT_EQ(Find(*opened, name.toStdString()).accessibleDescription(), QString());
-        } else if (verb == QStringLiteral("reference")) {
-            EXPECT_FLOAT_EQ(bench->state.ReferenceVoltage, name.toFloat());
+            ExpectText(std::exchange(messages_, {}), name + QLatin1Char(' ') + rest);
+        } else if (verb == QStringLiteral("detail")) {
+            ExpectText(detail_, line.mid(verb.size() + 1));
+        } else if (verb == QStringLiteral("is") || verb == QStringLiteral("not")) {
+            EXPECT_EQ(Holds(name, *opened, rest), verb == QStringLiteral("is"));
         } else {
             const QString control = line.section(QLatin1Char(':'), 0, 0);
-            const std::string text = line.mid(control.size() + 1).trimmed().toStdString();
-            EXPECT_EQ(ShownText(*opened, control), text) << control.toStdString();
+            const QString text = files_.Resolved(line.mid(control.size() + 1).trimmed());
+            ExpectText(ShownText(*opened, control), text);
         }
     }
 
+    /// Lines that change the bench; false for others.
+    bool Prepare(const QString& verb, const QString& name, const QString& rest) {
+        if (verb == QStringLiteral("fault")) {
+            UseBoardWith(name.toStdString());
+        } else if (verb == QStringLiteral("block")) {
+            bench->Fill(ConverterNamed(name), CodesIn(rest));
+        } else if (verb == QStringLiteral("answer")) {
+            bench->messages.answers = {name == QStringLiteral("yes") ? MessageAnswer::Yes
+                                                                     : MessageAnswer::No};
+        } else if (name == QStringLiteral(":=")) {
+            Preset(AddressOf(verb), rest.toUInt(nullptr, 16));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    /// Lines about the bench and the files; false for others.
+    bool ExpectState(const QString& verb, const QString& name, const QString& rest) {
+        if (verb == QStringLiteral("codes")) {
+            EXPECT_EQ(bench->state.BlockOf(ConverterNamed(name)).codes, CodesIn(rest));
+        } else if (verb == QStringLiteral("contents")) {
+            EXPECT_EQ(files_.Bytes(name), rest.toStdString());
+        } else if (verb == QStringLiteral("untouched")) {
+            EXPECT_TRUE(bench->port->writes.empty());
+        } else if (verb == QStringLiteral("range")) {
+            EXPECT_FLOAT_EQ(bench->state.InputRange, name.toFloat());
+        } else if (verb == QStringLiteral("reference")) {
+            EXPECT_FLOAT_EQ(bench->state.ReferenceVoltage, name.toFloat());
+        } else if (verb == QStringLiteral("polarity")) {
+            EXPECT_EQ(bench->state.Polarity == Polarity::Unipolar,
+                      name == QStringLiteral("unipolar"));
+        } else if (name == QStringLiteral("==")) {
+            EXPECT_EQ(Contents(AddressOf(verb)), rest.toUInt(nullptr, 16));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    void Act(const std::function<void()>& act) {
+        EXPECT_EQ(messages_, "");
+        act();
+        detail_ = bench->messages.shown.empty() ? "" : bench->messages.shown.back().detail;
+        messages_ = bench->messages.Take();
+    }
+
+    /// An expected text may end with "..." in place of what the system says.
+    static void ExpectText(const std::string& text, const QString& expected) {
+        const std::string dots = "...";
+        const std::string whole = expected.toStdString();
+        const bool open = whole.ends_with(dots);
+        EXPECT_EQ(open ? text.substr(0, whole.size() - dots.size()) + dots : text, whole);
+    }
+
+    TranscriptFiles files_;
     std::string messages_;
+    std::string detail_;
 };
 
 TEST_F(FormTranscript, FormsAnswerAsInTheTranscripts) {
-    QFile file(QStringLiteral(":/Transcripts.txt"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList paragraphs = QString::fromUtf8(file.readAll()).split(QStringLiteral("\n\n"));
-    for (const QString& paragraph : paragraphs.mid(1)) {
-        SCOPED_TRACE(paragraph.left(80).toStdString());
-        Run(paragraph.trimmed().split(QLatin1Char('\n')));
+    for (const QStringList& lines : Transcripts()) {
+        SCOPED_TRACE(lines.join(QLatin1Char('\n')).left(80).toStdString());
+        Run(lines);
     }
 }
 

@@ -27,7 +27,7 @@ TEST(Conversions, RaiseOverflowOutsideTheTarget) {
     EXPECT_THROW(Product(107375, 20000), OverflowError);
 }
 
-TEST(Conversions, ReadWhatAPersonTypes) {
+TEST(Conversions, ParseTypedNumbers) {
     EXPECT_EQ(TextToInt16(" 200 "), 200);
     EXPECT_EQ(TextToInt16("+12"), 12);
     EXPECT_EQ(TextToInt32("1e3"), 1000);

@@ -16,7 +16,7 @@ TEST(LinuxSystem, LeavesTheProgramsOwnPathOutOfTheCommandLine) {
     EXPECT_EQ(LinuxSystem(1, arguments).CommandLine(), "");
 }
 
-TEST(LinuxSystem, TellsWhetherAProgramStarted) {
+TEST(LinuxSystem, ReportsWhetherAProgramStarted) {
     LinuxSystem system(0, nullptr);
     EXPECT_TRUE(system.StartProgram({"/bin/true"}));
     EXPECT_FALSE(system.StartProgram({"/bin/there-is-no-such-program"}));

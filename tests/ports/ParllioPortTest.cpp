@@ -7,10 +7,8 @@
 #include <fstream>
 #include <functional>
 
-#include "acquisition/Reading.h"
-#include "app/StartUp.h"
 #include "ports/OpenPort.h"
-#include "support/Recorders.h"
+#include "support/SimulatedBench.h"
 
 namespace vx3260::test {
 namespace {
@@ -27,12 +25,12 @@ class ParllioPortTest : public testing::Test {
         fs::remove_all(made_);
     }
 
-    /// The one with the stand-in of that name.
+    /// Chooses the folder with the stand-in of that name.
     static void Choose(const std::string& kind) {
         SetDllDirectoryW((fs::path(PARLLIO_FOLDER) / kind).c_str());
     }
 
-    /// One with a copy of the stand-in, changed.
+    /// Chooses a folder with a changed copy of the stand-in.
     void ChooseChanged(const std::function<void(std::fstream&)>& change) {
         fs::create_directories(made_);
         fs::copy_file(fs::path(PARLLIO_FOLDER) / "whole" / "parllio.dll", made_ / "parllio.dll",
@@ -50,7 +48,7 @@ class ParllioPortTest : public testing::Test {
     fs::path made_ = fs::temp_directory_path() / L"vx3260 ä 測";
 };
 
-/// Its header then tells of 32-bit code.
+/// Marks it as 32-bit code in its header.
 void Make32Bit(std::fstream& file) {
     std::uint32_t header = 0;
     file.seekg(0x3C);
@@ -73,10 +71,8 @@ TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
     EXPECT_EQ(state.PortCount, 1);
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(Register(port, state.PortAddress, RegisterMap::MainControl).ReadReg(), 0x87);
-    ConverterReader reader(port, state.PortAddress, Converter::Main);
-    reader.ReadControls();
-    EXPECT_EQ(ReadBlock(reader, state.BlockOf(Converter::Main), 5, {}), ReadingEnd::Complete);
-    EXPECT_NEAR(state.MainCodes[4], 8388608 * (1 + 0.01 * 0.996 / 2.56 + 0.002), 99);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 5), ReadingEnd::Complete);
+    EXPECT_NEAR(state.MainCodes[4], mainCodeAtStart, 99);
 
     const std::vector<PortListing> ports = ListPorts({});
     ASSERT_EQ(ports.size(), 1U);

@@ -39,7 +39,7 @@ TEST(Faults, ChangeWhatTheChipAnswers) {
     }
 }
 
-TEST(Faults, AreKnownByTheirWholeName) {
+TEST(Faults, AreFoundByTheirFullNameOnly) {
     for (const FaultDescription& known : KnownFaults()) {
         std::string name(known.name);
         std::replace(name.begin(), name.end(), 'N', '5');

@@ -14,7 +14,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquisition/Reading.h"
 #include "app/StartUp.h"
 #include "link/RegisterFields.h"
 #include "ports/OpenPort.h"
@@ -29,14 +28,9 @@ constexpr std::chrono::nanoseconds noPollTime{0};
 class PpdevPortTest : public testing::Test {
   protected:
     void StartUp(ParallelPort& started) {
-        services = std::make_unique<Services>(Services{started, messages, system, state});
-        vx3260::StartUp(*services);
+        Services services{started, messages, system, state};
+        vx3260::StartUp(services);
         parport.Forget();
-    }
-    ReadingEnd ReadBlock(Converter converter, std::int16_t size) {
-        ConverterReader reader(services->port, state.PortAddress, converter);
-        reader.ReadControls();
-        return vx3260::ReadBlock(reader, state.BlockOf(converter), size, {});
     }
 
     FakeParport parport;
@@ -44,7 +38,6 @@ class PpdevPortTest : public testing::Test {
     RecordedMessages messages;
     RecordedSystem system;
     ApplicationState state;
-    std::unique_ptr<Services> services;
 };
 
 TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
@@ -54,14 +47,14 @@ TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(parport.Board().Read(2), 0x04) << "of 0C bits 0, 1, 3 and 5 are cleared";
     SimulatedChip& chip = parport.Board().Chip();
-    chip.Preset(1, 0);  // power-down: all registers take writes
+    chip.Preset(1, 0);  // power-down: all registers accept writes
     for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
         const auto address = static_cast<unsigned>(description.access.readByte & 0x0F);
         Register reg(port, state.PortAddress, description.access);
         const double before = reg.ReadReg();
         EXPECT_EQ(before, chip.Contents(address)) << description.name;
         if (description.access.writeByte != 0) {
-            // Different, and starting nothing.
+            // A different value that starts no conversion.
             reg.RegValue = static_cast<std::int32_t>(before) ^ (address == 1 ? 0x50 : 0x11);
             reg.WriteReg();
             EXPECT_EQ(reg.ReadReg(), reg.RegValue) << description.name;
@@ -76,13 +69,13 @@ TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
     opened.port.reset();
     std::ifstream file(path);
     const std::string trace{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_GT(std::stod(trace.substr(trace.rfind('#') + 1)), 50) << "accesses that share no time";
+    EXPECT_GT(std::stod(trace.substr(trace.rfind('#') + 1)), 50) << "all accesses at the same time";
     std::filesystem::remove(path);
 }
 
 TEST_F(PpdevPortTest, ReadsABlockWithOneIoctlAnAccess) {
     StartUp(port);
-    EXPECT_EQ(ReadBlock(Converter::Main, 3), ReadingEnd::Complete);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 3), ReadingEnd::Complete);
     EXPECT_NEAR(state.MainCodes.at(2), mainCodeAtStart, 99);
     parport.Forget();
     ReadData(port, state.PortAddress, RegisterMap::MainData).Read();
@@ -182,9 +175,9 @@ TEST_F(PpdevPortTest, IsListedWithTheReasonOfAFailedClaim) {
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {
     StartUp(port);
     parport.Fail(PPRSTATUS, ENODEV, 100);
-    EXPECT_EQ(ReadBlock(Converter::Main, 50), ReadingEnd::TimedOut);
+    EXPECT_EQ(ReadBlockFrom(port, state, Converter::Main, 50), ReadingEnd::TimedOut);
     EXPECT_GE(state.MainCodeCount, 1);
-    EXPECT_LT(parport.Count(PPRSTATUS), 200) << "tried on and on";
+    EXPECT_LT(parport.Count(PPRSTATUS), 200) << "kept trying";
     EXPECT_EQ(port.FailureDetail(),
               "/dev/parport0 stopped working: No such device. Check the port's card and start the "
               "program again.");

@@ -36,18 +36,18 @@ constexpr std::int16_t statusAddress = dataAddress + BoardLines::StatusRegister;
 constexpr std::int16_t controlAddress = dataAddress + BoardLines::ControlRegister;
 constexpr unsigned nobody = 65534;  ///< a user, and a group of nothing
 
-/// Its exit code says nothing: unloading also counts as a failure what other modules still need.
+/// Its exit code is ignored: unloading fails for modules that others still need.
 void Execute(const std::string& command) {
     EXPECT_NE(std::system(command.c_str()), -1) << command;
 }
 
 void LoadDrivers() {
-    Execute("mkdir -p /tmp");  // what a process of its own prints goes through a file there
+    Execute("mkdir -p /tmp");  // the output of a forked process goes through a file there
     Execute("modprobe -r lp");
     Execute("modprobe -a parport_pc ppdev");
 }
 
-/// As udev does it. Gives the group's number.
+/// As udev does it. Returns the group's number.
 gid_t GiveDeviceToItsGroup() {
     const group* const lp = getgrnam("lp");
     const gid_t owner = lp != nullptr ? lp->gr_gid : 0;
@@ -183,7 +183,7 @@ INSTANTIATE_TEST_SUITE_P(, RealPortTest, testing::Values(PortMethod::Driver, Por
                              return method.param == PortMethod::Driver ? "Driver" : "Direct";
                          });
 
-/// A claim that waited for the holder would never come back.
+/// A claim that waited for the holder would never return.
 TEST(RealPpdevPort, NamesTheProcessThatHoldsThePort) {
     LoadDrivers();
     const gid_t owner = GiveDeviceToItsGroup();

@@ -55,7 +55,7 @@ class Trace : public testing::Test {
         return bytes.str();
     }
 
-    /// What stands in the pattern's parentheses, one match after the other, blanks as blanks.
+    /// What the pattern's group matched, each time; escaped spaces are spaces there.
     Texts Found(const std::string& pattern) const {
         const std::string bytes = std::regex_replace(Bytes(), std::regex(R"(\\040)"), " ");
         const std::regex regex(pattern);
@@ -73,8 +73,8 @@ TEST_F(Trace, ShowsEveryChangeAndNothingElse) {
     SerialWrite(*port, 0b10, base, 2);
     wires->replies = {0x10};
     SerialRead(*port, 1, base);
-    port->OutByte(base + 2, 0);   // no line of the board's
-    port->OutByte(base + 10, 0);  // another port's
+    port->OutByte(base + 2, 0);   // has no line to the board
+    port->OutByte(base + 10, 0);  // of another port
     port->OutByte(base, 0x0A);    // only the line that is held high
     std::ifstream file(FilePath(EXPECTED_TRACE), std::ios::binary);
     const std::string expected{std::istreambuf_iterator<char>(file), {}};
@@ -188,7 +188,7 @@ TEST_F(Trace, SimulatedBoardIsCompleteAtAnyMoment) {
 
 #if defined(__linux__)
 
-/// Ends the process, a forked one: well where the accesses beyond a full disk reached the wires.
+/// Ends the forked process, with success if the accesses after the disk was full reached the wires.
 [[noreturn]] void TraceOnFullDisk(ParallelPort& port, const RecordingPort& wires, rlim_t bytes) {
     const rlimit limit{bytes, bytes};
     std::signal(SIGXFSZ, SIG_IGN);
@@ -199,7 +199,7 @@ TEST_F(Trace, SimulatedBoardIsCompleteAtAnyMoment) {
     std::_Exit(wires.written.size() == 2500 ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-TEST_F(Trace, EndsWithAWholeStepOnAFullDiskAndThePortGoesOn) {
+TEST_F(Trace, FullDiskEndsItAfterACompleteStepAndThePortGoesOn) {
     for (rlim_t bytes = 600; bytes < 615; ++bytes) {
         const auto port = Open();
         EXPECT_EXIT(TraceOnFullDisk(*port, *wires, bytes), testing::ExitedWithCode(EXIT_SUCCESS),

@@ -52,23 +52,21 @@ TEST_F(BoardTest, HoldsItsRegistersAtStartAndAfterBothResets) {
                         Read(8, 24), Read(9, 16), Read(10, 24), Read(11, 16)};
     };
     // P3, an input, reads high.
-    Contents expected{0x03, 0x87, 0xB9, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
-    EXPECT_EQ(contents(), expected);
-    expected[0] = 0x00;
-    expected[1] = 0x07;
-    expected[2] = 0x01;
+    const Contents atStart{0x03, 0x87, 0xB9, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
+    const Contents afterReset{0x00, 0x07, 0x01, 0x45, 0x0004, 0x800000, 0x8000, 0x400000, 0x4000};
+    EXPECT_EQ(contents(), atStart);
     bench.port->OutByte(base, 0x18);
     bench.port->OutByte(base, 0x1A);
-    EXPECT_EQ(contents(), expected);
+    EXPECT_EQ(contents(), afterReset);
     Write(1, 0x33, 8);
     SerialWrite(*bench.port, 0x45, base, 8);  // out of step: the chip waits for 24 clocks
     EXPECT_NE(Read(1, 8), 0x33);
     SerialWrite(*bench.port, -1, base, 31);  // ones alone, without the pulses on the reset line
     SerialWrite(*bench.port, 1, base, 1);
-    EXPECT_EQ(contents(), expected);
+    EXPECT_EQ(contents(), afterReset);
 }
 
-TEST_F(BoardTest, TakesWritesWhereTheModeAllows) {
+TEST_F(BoardTest, AcceptsWritesWhereTheModeAllows) {
     const std::tuple<int, std::int16_t, std::int32_t, std::int32_t> cases[] = {
         {4, 8, 0x0D, 0x45},          {8, 24, 0x123456, 0x800000}, {9, 16, 0x1234, 0x8000},
         {10, 24, 0x54321, 0x400000}, {11, 16, 0x4321, 0x4000},    {2, 8, 0x5A, 0x5A},
@@ -150,7 +148,7 @@ TEST_F(BoardTest, ConvertsTheInputOfEachChannel) {
 }
 
 TEST_F(BoardTest, ClampsAndFlagsWhatIsOverRange) {
-    Write(2, 0x80, 8);  // 10 mV fit the 20 mV range, -1 V does not
+    Write(2, 0x80, 8);  // 10 mV are inside the 20 mV range, -1 V is not
     ReadAux();
     ReadMain();
     EXPECT_EQ(Read(0, 8) & 0x0C, 0);
@@ -164,7 +162,7 @@ TEST_F(BoardTest, ClampsAndFlagsWhatIsOverRange) {
     EXPECT_EQ(Read(0, 8) & 0x0C, 0x04);
 }
 
-TEST_F(BoardTest, CalibratesItsErrorsAway) {
+TEST_F(BoardTest, CalibrationRemovesItsErrors) {
     const auto calibrate = [this](int mode) {
         Write(1, mode, 8);
         EXPECT_EQ(Read(0, 8), 0x21) << mode;  // CAL, LOCK
@@ -180,10 +178,10 @@ TEST_F(BoardTest, CalibratesItsErrorsAway) {
     EXPECT_NEAR(Read(10, 24), 0x400000 / 0.996, 200);
     Write(1, 0x03, 8);
     EXPECT_NEAR(ReadMain(), half + 0.010 / fullScale * half, 200);
-    calibrate(6);  // takes the 10 mV that are there for zero
+    calibrate(6);  // the 10 mV at the input become zero
     Write(1, 0x03, 8);
     EXPECT_NEAR(ReadMain(), half, 200);
-    calibrate(0x17);  // and 1.03 V for full scale
+    calibrate(0x17);  // and 1.03 V full scale
     Write(1, 0x13, 8);
     EXPECT_NEAR(ReadMain(), 2 * half, 400);
 }
@@ -198,7 +196,8 @@ TEST_F(BoardTest, IsNoisierInWideRangesAndAtHighRates) {
         std::vector<double> codes(400);
         std::generate(codes.begin(), codes.end(), [this] { return ReadMain(); });
         const double sigma = ComputeExactStatistics(codes).sigma * range / half;
-        // 400 readings know the deviation to 3.5 %; the bounds are five times that.
+        // The standard error of the deviation of 400 readings is 3.5 %; the bounds are five times
+        // that.
         EXPECT_NEAR(sigma, noiseVolts, 0.175 * noiseVolts);
     }
 }

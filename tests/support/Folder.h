@@ -12,18 +12,18 @@
 
 namespace vx3260::test {
 
-/// A folder of files that goes with the test.
+/// A folder of files that is removed at the end of the test.
 class Folder {
   public:
     Folder() {}  // not defaulted: clang 14 would delete the constructors of tests with a const one
 
-    /// As the system writes it.
+    /// With the system's separators.
     std::string Path(const std::string& name) const {
         return QDir::toNativeSeparators(folder_.filePath(QString::fromStdString(name)))
             .toStdString();
     }
 
-    /// What the system says of a file that is not there.
+    /// The system's message for a file that does not exist.
     static std::string ReasonOfNoFile(const std::string& path) {
         QFile file(QString::fromStdString(path));
         file.open(QIODevice::ReadOnly);

@@ -20,7 +20,7 @@
 
 namespace vx3260::test {
 
-/// A control of a form by its name. Fails the test where it is not there.
+/// A control of a form by its name. Fails the test if there is none.
 template <typename Control = QWidget>
 Control& Find(const QWidget& form, const std::string& name) {
     auto* control = form.findChild<Control*>(QString::fromStdString(name));
@@ -75,12 +75,13 @@ inline void ShowActive(QWidget& form) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
 }
 
-/// Runs `open`, which blocks in a modal window, hands that window to `inspect` and closes it.
-/// False when no window came up; a window that stays open anyway is closed by a watchdog.
+/// Runs `open`, which opens a window, hands that to `inspect` and closes it; `open` may block as long
+/// as the window is there. False when no window came up; a modal one that stays open anyway is
+/// closed by a watchdog.
 inline bool WhileModal(const std::function<void()>& open,
                        const std::function<void(QDialog&)>& inspect) {
     bool inspected = false;
-    QTimer once;  // gone with this call, also where no window's event loop ran
+    QTimer once;  // stops with this call, also if no window's event loop ran
     once.setSingleShot(true);
     QObject::connect(&once, &QTimer::timeout, [&] {
         auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -101,6 +102,15 @@ inline bool WhileModal(const std::function<void()>& open,
     once.start(0);
     watchdog.start(std::chrono::seconds(20));
     open();
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        auto* const window = qobject_cast<QDialog*>(widget);
+        if (!inspected && window != nullptr && window->isVisible() && !window->isModal() &&
+            window->parentWidget() != nullptr) {
+            inspected = true;
+            inspect(*window);
+            window->close();
+        }
+    }
     return inspected;
 }
 
@@ -136,7 +146,7 @@ class FormTest : public testing::Test {
     QLineEdit& Box(const char* name) { return Find<QLineEdit>(*form, name); }
     void Expect(const std::string& texts) { ExpectTexts(*form, texts); }
 
-    /// Gives the boxes that are shown then.
+    /// Returns the message boxes that it shows.
     std::string ClickOn(const std::string& button) {
         Click(*form, button);
         return bench->messages.Take();

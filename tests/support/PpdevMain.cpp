@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What ctest takes for a test that could not be run.
+/// ctest's exit code for a test that could not be run.
 constexpr int skipped = 77;
 
 /// The devices that umockdev makes are pseudo-terminals; without any it would abort.

@@ -34,14 +34,14 @@ class RecordedMessages final : public MessageBoxes {
     std::string Take() {
         static constexpr const char* icons[] = {"Plain", "Information", "Exclamation", "Question",
                                                 "Critical"};
-        std::string told;
+        std::string text;
         for (const Message& message : std::exchange(shown, {})) {
-            told += told.empty() ? "" : "\n";
-            told += icons[static_cast<std::size_t>(message.icon)];
-            told += message.buttons == MessageButtons::YesNo ? " yes or no: " : ": ";
-            told += message.text;
+            text += text.empty() ? "" : "\n";
+            text += icons[static_cast<std::size_t>(message.icon)];
+            text += message.buttons == MessageButtons::YesNo ? " yes or no: " : ": ";
+            text += message.text;
         }
-        return told;
+        return text;
     }
 
     std::vector<Message> shown;

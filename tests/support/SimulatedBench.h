@@ -4,6 +4,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "acquisition/Reading.h"
 #include "app/Services.h"
 #include "app/StartUp.h"
 #include "ports/AccessDecoder.h"
@@ -69,6 +70,14 @@ struct SimulatedBench {
     std::unique_ptr<WatchedPort> port;
     std::unique_ptr<Services> services;
 };
+
+/// Reads a block from the board behind a port after start-up.
+inline ReadingEnd ReadBlockFrom(ParallelPort& port, ApplicationState& state, Converter converter,
+                                std::int16_t size, const ReadingHooks& hooks = {}) {
+    ConverterReader reader(port, state.PortAddress, converter);
+    reader.ReadControls();
+    return ReadBlock(reader, state.BlockOf(converter), size, hooks);
+}
 
 /// The codes of the inputs that are connected at start: 10 mV, and the sensor's 298.15 mV, both
 /// with the board's gain error and offset.

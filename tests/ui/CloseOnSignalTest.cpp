@@ -12,7 +12,7 @@
 namespace vx3260::test {
 namespace {
 
-TEST_F(FormTest, ASignalClosesAllWindowsOutOfAReading) {
+TEST_F(FormTest, SignalClosesAllWindowsDuringAReading) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     int accepted = 0;

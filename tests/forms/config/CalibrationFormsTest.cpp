@@ -1,31 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QClipboard>
-
 #include "forms/config/MainCalForm.h"
 #include "support/Forms.h"
 
 namespace vx3260::test {
 namespace {
 
-class CalibrationFormsTest : public FormTest {
-  protected:
-    CalibrationFormsTest() { Preset(modeAt, 0); }
-};
-
-TEST_F(CalibrationFormsTest, EmptyABoxThatHoldsNoLiteral) {
-    Open<MainCalForm>();
-    for (const char* text : {"12G", "", "-1", "100000000"}) {
-        Box("MainFullText").setFocus();
-        EXPECT_EQ(Enter("MainZeroText", text), "") << text;
-        Expect("MainZeroText:");
-        EXPECT_TRUE(Box("MainZeroText").hasFocus()) << text;
-    }
-    EXPECT_EQ(Contents(mainZeroScaleAt), 0x800000U);
-    QApplication::clipboard()->setText(QStringLiteral("123456"));
-    Box("MainZeroText").paste();
-    QTest::keyClick(&Box("MainZeroText"), Qt::Key_Return);
-    EXPECT_EQ(Contents(mainZeroScaleAt), 0x123456U);
-}
+using CalibrationFormsTest = FormTest;
 
 TEST_F(CalibrationFormsTest, RefuseEachKeyOutsidePowerDown) {
     Preset(modeAt, 1);

@@ -47,16 +47,6 @@ TEST_F(ModeFormTest, ArrowKeysMoveTheFocusAndTabEntersAtTheSelectedOption) {
     EXPECT_FALSE(form->isVisible());
 }
 
-TEST_F(ModeFormTest, ShowsTheRegisterOfBeforeAnInternalZeroCalibration) {
-    Open<ModeForm>();
-    EXPECT_EQ(ClickOn("OptMD4"), "");
-    EXPECT_TRUE(Checked(*form, "OptMD3"));
-    Expect("modeLabel: 3 | Label7: 1 | CalDoneLabel: Internal zero-scale calibration done");
-    EXPECT_TRUE(Find(*form, "OptMD3").hasFocus());
-    EXPECT_EQ(Contents(modeAt), 0x01U);
-    EXPECT_NE(Contents(mainZeroScaleAt), 0x800000U);
-}
-
 TEST_F(ModeFormTest, ReportsACalibrationThatDoesNotEnd) {
     UseBoardWith("rdy-stuck-high");
     Open<ModeForm>();

@@ -15,7 +15,7 @@ namespace {
 
 struct FieldOptions {
     std::uint32_t mask;
-    const char* options;  ///< in the order of their codes; "-" for one with tests of its own
+    const char* options;  ///< in the order of their codes; "-" for one that is tested elsewhere
 };
 
 struct ShownRegister {
@@ -57,7 +57,7 @@ const std::vector<FormOptions> allForms{
       {0x08, "OptBipolar OptUnipolar"},
       {0x80, "OptAuxDis OptAuxEn"}}},
     {Open<IOControlForm>,
-     // P3 high and P4 low, as they read when they are inputs; bit 13 is nobody's.
+     // P3 high and P4 low, as they read when they are inputs; bit 13 has no option.
      {ioControlAt, 16, 0x20C4, "IOControlLabel"},
      {{0x1000, "OptBurnOff OptBurnOn"},
       {0x0800, "OptIEXC2Iout2 OptIEXC2Iout1"},

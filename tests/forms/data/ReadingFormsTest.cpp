@@ -50,7 +50,7 @@ class ReadDataFormTest : public ReadingFormTest, public testing::WithParamInterf
 INSTANTIATE_TEST_SUITE_P(Twins, ReadDataFormTest, testing::ValuesIn(twins),
                          [](const auto& twin) { return twin.param.name; });
 
-TEST_P(ReadDataFormTest, SitsInTheMiddleWithoutADefaultButton) {
+TEST_P(ReadDataFormTest, IsCentredAndHasNoDefaultButton) {
     Open();
     for (const QPushButton* button : form->findChildren<QPushButton*>()) {
         EXPECT_FALSE(button->autoDefault()) << button->objectName().toStdString();
@@ -109,7 +109,7 @@ TEST_P(ReadDataFormTest, StopsABlockWithAnyKey) {
     }
 }
 
-TEST_P(ReadDataFormTest, ClosesAfterTheReadingItStopped) {
+TEST_P(ReadDataFormTest, ClosesOnceTheReadingHasStopped) {
     for (const char* button : {"Command1", "Command2"}) {
         Open();
         Type("NumCodesText", "5000");

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ApplicationInfo.h"
-#include "forms/shell/ProgramForm.h"
-#include "forms/shell/ResetForm.h"
 #include "forms/shell/StatusForm.h"
 #include "forms/shell/aboutform.h"
 #include "support/Forms.h"
@@ -11,20 +9,6 @@ namespace {
 
 using ShellFormsTest = FormTest;
 
-TEST_F(ShellFormsTest, ProgramOpensTheFilterFormInPowerDownModeOnly) {
-    Open<ProgramForm>();
-    for (std::uint32_t mode = 1; mode <= 7; ++mode) {
-        Preset(modeAt, 0xF8U | mode);
-        EXPECT_EQ(OpenedBy(*form, "Command2"), "");
-        EXPECT_EQ(bench->messages.Take(),
-                  "Exclamation: The VX3260 must be in Power-Down Mode in order to program the "
-                  "Filter Register");
-    }
-    EXPECT_TRUE(bench->port->writes.empty());
-    ClickOn("Command7");
-    EXPECT_FALSE(form->isVisible());
-}
-
 TEST_F(ShellFormsTest, StatusShowsTheFlagsUnderTheirNames) {
     Open<StatusForm>();
     const std::pair<const char*, const char*> columns[] = {
@@ -32,21 +16,6 @@ TEST_F(ShellFormsTest, StatusShowsTheFlagsUnderTheirNames) {
     for (const auto& [heading, bit] : columns) {
         EXPECT_EQ(Find(*form, heading).geometry().center().x(),
                   Find(*form, bit).geometry().center().x());
-    }
-}
-
-TEST_F(ShellFormsTest, ResetResetsTheChipAndCloses) {
-    const std::pair<const char*, bool> cases[] = {
-        {"Command1", true}, {"Command2", true}, {"Command3", false}};
-    for (const auto& [button, resets] : cases) {
-        UseBoardWith("");
-        Open<ResetForm>();
-        const std::int64_t accesses = bench->board->Now();
-        ClickOn(button);
-        EXPECT_EQ(Contents(modeAt), resets ? 0x00U : 0x03U) << button;
-        EXPECT_EQ(Contents(mainControlAt), resets ? 0x07U : 0x87U) << button;
-        EXPECT_EQ(bench->board->Now() == accesses, !resets) << button;
-        EXPECT_FALSE(form->isVisible());
     }
 }
 

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <algorithm>
 #include <iterator>
 #include <sstream>
@@ -44,10 +42,6 @@ inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth =
 
 inline std::ptrdiff_t Lines(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
-}
-
-inline QJsonObject Parsed(const Outcome& outcome) {
-    return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.out)).object();
 }
 
 }  // namespace vx3260::test

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/forms/AuxNoiseForm.h"
 #include "analysis/forms/MainNoiseForm.h"
 #include "support/Forms.h"
 
@@ -31,21 +30,6 @@ TEST_F(NoiseFormsTest, ShowTheFiguresOfAnInterruptedBlockAndKeepThem) {
     EXPECT_EQ(OpenedBy(*form, "Command2"), "HistogramForm: Histogram");
     ClickOn("Command3");
     EXPECT_FALSE(form->isVisible());
-}
-
-TEST_F(NoiseFormsTest, AnalyseTheAuxBlockUnderItsOwnConditions) {
-    bench->Fill(Converter::Main, {1, 2, 3});
-    bench->Fill(Converter::Aux, {32768, 32770, 32772});
-    Preset(auxControlAt, 0x80);
-    Open<AuxNoiseForm>();
-    Expect(
-        "RangeLabel: ± REFIN2 / 2 | LSBLabel: 38.147 uV | AverageLabel: 8002 | "
-        "AvValueLabel: 76.294 uV | ReadingsLabel: 3 | ExactRMSLabelLSB: 2.00000 LSB | "
-        "ExactRMSLabel: 76.2939 uV | StdErrorLabelLSB: 1.15470 LSB | "
-        "EstPkPkLabel: 503.540 uV | EffectiveLabel: 15.00 bits | NoiseFreeLabel: 14.00 bits");
-    EXPECT_EQ(bench->state.MaxCode, 32772);
-    EXPECT_NEAR(bench->state.LsbSize, 38146.97265625, 1e-6);  // nanovolts
-    EXPECT_EQ(bench->state.InputRange, 0.0F) << "the main ADC's";
 }
 
 }  // namespace

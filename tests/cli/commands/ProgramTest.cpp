@@ -12,7 +12,7 @@
 #include "options/ExitCodes.h"
 #include "support/Folder.h"
 
-/// What only a process of its own can show.
+/// What can only be tested in a separate process.
 namespace vx3260::test {
 namespace {
 
@@ -67,7 +67,7 @@ TEST_F(Program, SignalKeepsWhatWasRead) {
     }
 }
 
-/// A pipe whose reader has gone, in the place of a standard stream.
+/// Replaces a standard stream by a pipe without a reader.
 void CloseReaderOf(int stream) {
     int ends[2];
     if (pipe(ends) == 0) {
@@ -76,7 +76,7 @@ void CloseReaderOf(int stream) {
     }
 }
 
-TEST_F(Program, ClosedOutputEndsItQuietlyAndClosedErrorStreamNotAtAll) {
+TEST_F(Program, ClosedOutputEndsItQuietlyButAClosedErrorStreamDoesNot) {
     process.setChildProcessModifier([] { CloseReaderOf(STDOUT_FILENO); });
     Start({"--simulated", "read", "main"});
     EXPECT_EQ(End(), ExitCode::OutputClosed);

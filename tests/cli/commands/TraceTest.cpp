@@ -6,7 +6,7 @@
 
 #include "support/Folder.h"
 
-/// A trace as another program reads it.
+/// A trace, read by another program.
 namespace vx3260::test {
 namespace {
 
@@ -20,7 +20,7 @@ QString OutputOf(const QString& program, const QStringList& arguments, const cha
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-/// The bytes of one data line, "mosi" or "miso", parted by blanks.
+/// The bytes of one data line, "mosi" or "miso", separated by spaces.
 QString DecodedBytes(const QString& file, const QString& line) {
     const QString decoder = QStringLiteral(
         "spi:clk=SCLK:mosi=DIN:miso=DOUT:cpol=1:cpha=1:bitorder=msb-first:wordsize=8");
@@ -32,11 +32,11 @@ QString DecodedBytes(const QString& file, const QString& line) {
 TEST(TraceFile, HoldsTheBytesThatWereSentAndRead) {
     const Folder folder;
     const QString file = QString::fromStdString(folder.Path("t.vcd"));
-    const QString told =
+    const QString output =
         OutputOf(QStringLiteral(VX3260_CLI), {"--simulated", "--trace", file, "script", "-"},
                  "set aux-control enable=off\nread main --count 1 --hex\n");
-    const QRegularExpressionMatch code = QRegularExpression("\n(..)(..)(..)\n$").match(told);
-    ASSERT_TRUE(code.hasMatch()) << told.toStdString();
+    const QRegularExpressionMatch code = QRegularExpression("\n(..)(..)(..)\n$").match(output);
+    ASSERT_TRUE(code.hasMatch()) << output.toStdString();
     EXPECT_EQ(DecodedBytes(file, "mosi"), "43 00 03 39 43 00 41 00 42 00 43 00 45 00 00 00 42 00");
     const QString read = DecodedBytes(file, "miso");
     const QString expected = "^.. B9 .. .. .. 39 .. 03 .. 87 .. 39 .. " + code.captured(1) + " " +

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <QJsonObject>
 #include <sstream>
 
-#include "cli/CliRun.h"
-#include "link/BoardCheck.h"
+#include "cli/commands/CliRun.h"
 #include "options/ExitCodes.h"
-#include "ports/SimulatedPort.h"
 #include "support/Folder.h"
 
 namespace vx3260::test {
@@ -30,14 +27,6 @@ TEST(CommandLine, StatusSwitchIsAWordInAnyCase) {
     EXPECT_EQ(RunProgram("histogram main /none/ss/x.dat").err.find("Port"), std::string::npos);
 }
 
-TEST(CommandLine, TraceReplacesATrace) {
-    const Folder folder;
-    const std::string trace = folder.Path("x.vcd");
-    for (int times = 0; times < 2; ++times) {
-        EXPECT_EQ(RunProgram("registers --simulated --trace " + trace).exitCode, ExitCode::Success);
-    }
-}
-
 TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
     const Folder folder;
     const std::string read = "--simulated read main --count 3";
@@ -57,7 +46,7 @@ TEST(ReadCommand, WritesTheSameCodesToEitherPlaceInEitherNotation) {
     EXPECT_EQ(RunProgram(read + " --hex").out, hex.str());
 }
 
-TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
+TEST(ReadCommand, IncompleteReadingDoesNotReplaceAFile) {
     const Folder folder;
     const std::string path = folder.Path("x.dat");
     const std::string read = "--simulated --fault board-gone=60000 read main --output " + path;
@@ -77,26 +66,6 @@ TEST(ReadCommand, ReplacesNoFileByAnIncompleteReading) {
     EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(kept)) << beside;
     EXPECT_EQ(QFile::permissions(QString::fromStdString(folder.Path(beside))),
               QFile::permissions(QString::fromStdString(path)));
-}
-
-TEST(NoiseOfBoard, TakesItsConditionsFromTheChip) {
-    for (const std::string converter : {"main", "aux"}) {
-        const QJsonObject report =
-            Parsed(RunProgram("--simulated noise --count 50 --format json " + converter));
-        const bool main = converter == "main";
-        EXPECT_EQ(report["board"].toString(), "Simulated board");
-        EXPECT_EQ(report["converter"].toString().toStdString(), converter);
-        EXPECT_EQ(report["values"]["count"].toInt(), 50);
-        EXPECT_EQ(report["values"]["inputRange"].toDouble(), main ? 2.56 : 2.5);
-        EXPECT_EQ(report["values"]["polarity"].toString(), main ? "bipolar" : "unipolar");
-        EXPECT_GT(report["values"]["sigmaCodes"].toDouble(), main ? 1 : 0.1);
-    }
-}
-
-TEST(Check, PutsTheRegisterBack) {
-    SimulatedPort board;
-    EXPECT_EQ(CheckBoard(board, 888).verdict, BoardVerdict::Answers);
-    EXPECT_EQ(board.Board().Chip().Contents(3), 0xB9U);
 }
 
 }  // namespace
