@@ -75,8 +75,8 @@ inline void ShowActive(QWidget& form) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
 }
 
-/// Runs `open`, which opens a window, hands that to `inspect` and closes it; `open` may block as long
-/// as the window is there. False when no window came up; a modal one that stays open anyway is
+/// Runs `open`, which opens a window, hands that to `inspect` and closes it; `open` may block as
+/// long as the window is there. False when no window came up; a modal one that stays open anyway is
 /// closed by a watchdog.
 inline bool WhileModal(const std::function<void()>& open,
                        const std::function<void(QDialog&)>& inspect) {

@@ -38,7 +38,8 @@ HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWi
     ChooseBinWidth();
     On(ui_->BinWidthBox, &QComboBox::currentIndexChanged, &HistogramForm::ChooseBinWidth);
     connect(ui_->Plot, &PlotView::PointedAt, this, &HistogramForm::ShowBinAt);
-    connect(ui_->Plot, &PlotView::PointedAway, ui_->BinAtLabel, &QLabel::clear);
+    connect(ui_->Plot, &PlotView::PointedAway, this, &HistogramForm::ShowNoBin);
+    ShowNoBin();
 }
 
 HistogramForm::~HistogramForm() = default;
@@ -106,13 +107,17 @@ void HistogramForm::FillCurve() {
     mean_->addData(mean, CountAxisOf(histogram_, analysis).upper);
 }
 
+void HistogramForm::ShowNoBin() {
+    ui_->BinAtLabel->setText(tr("Point at a bin to read it out."));
+}
+
 /// The count beside what the normal curve has there.
 void HistogramForm::ShowBinAt(double code) {
     const auto bin = static_cast<std::int64_t>(
         std::floor((std::floor(code + 0.5) - static_cast<double>(histogram_.firstCode)) /
                    static_cast<double>(histogram_.binWidth)));
     if (bin < 0 || bin >= static_cast<std::int64_t>(histogram_.counts.size())) {
-        ui_->BinAtLabel->clear();
+        ShowNoBin();
         return;
     }
     const auto index = static_cast<std::size_t>(bin);

@@ -35,6 +35,7 @@ class HistogramForm final : public BlockPlotForm {
     void SetUpAxes();
     void ShowFigures();
     void ShowBinAt(double code);
+    void ShowNoBin();
 
     std::unique_ptr<Ui::HistogramForm> ui_;
     Histogram histogram_;

@@ -102,7 +102,7 @@ void NoiseForm::ShowTexts() {
            "may be tens of codes off, and the RMS noise is taken from it and rounded to "
            "whole codes.\nThe frame \"Resolution\" has the figures in double precision.");
     for (QLabel* label : {ui_->AvValueLabel, ui_->AverageLabel, ui_->RMSLabel, ui_->RMSLabelLSB}) {
-        label->setToolTip(label->toolTip() + (label->toolTip().isEmpty() ? "" : "\n") + why);
+        label->setToolTip(QStringLiteral("%1\n%2").arg(label->toolTip(), why).trimmed());
     }
 }
 

@@ -106,6 +106,27 @@ TEST_F(PlotFormsTest, HistogramDrawsBinsAndCurve) {
     const ExactStatistics& exact = block.analysis.exact;
     EXPECT_NEAR(view.graph(0)->getValueRange(found).upper, NormalCount(exact.mean, exact, 2000, 20),
                 1e-6);
+    auto& widths = Find<QComboBox>(*form, "BinWidthBox");
+    EXPECT_EQ(widths.currentText(), QStringLiteral("20 codes"));
+    widths.setCurrentIndex(widths.findText(QStringLiteral("100 codes")));
+    EXPECT_EQ(bars->width(), 100);
+    EXPECT_EQ(view.yAxis->label(), QStringLiteral("Readings per bin"));
+    emit view.PointedAt(8438949);
+    EXPECT_EQ(TextOf(*form, "BinAtLabel").rfind("Codes 8438900 (80C474) to 8438999 (80C4D7), ", 0),
+              0)
+        << TextOf(*form, "BinAtLabel");
+    emit view.PointedAt(1);
+    Expect("BinAtLabel: Point at a bin to read it out.");
+    // Zooming by the wheel over the whole plot, then over the vertical axis alone.
+    const QCPRange codes = view.xAxis->range();
+    for (const QPoint at : {view.axisRect()->center(), QPoint(4, view.axisRect()->center().y())}) {
+        const double top = view.yAxis->range().upper;
+        QWheelEvent wheel(at, view.mapToGlobal(at), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view, &wheel);
+        EXPECT_EQ(view.yAxis->range().lower, 0);
+        EXPECT_LT(view.yAxis->range().upper, top);
+        EXPECT_DOUBLE_EQ(view.xAxis->range().size(), codes.size() * 0.8);
+    }
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
     form->resize(5000, 5000);
