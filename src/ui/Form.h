@@ -57,15 +57,16 @@ class Form : public QDialog {
         form.exec();
     }
 
-    /// Shows in `label` that the form works on a simulated board; hides it with a real one.
+    /// Shows in `label` what the readings come from, BoardStateOf; it follows what the form's own
+    /// accesses meet.
     void ShowBoardLabel(QLabel* label);
+    void UpdateBoardLabel();
 
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
-    void ColourBoardLabel();
     void PrepareButtons();
     void FitToScreen();
     void MakeScrollable();
