@@ -28,7 +28,7 @@ std::string FileAmong(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         if (!word.starts_with('-') && IsFile(word)) {
             if (!file.empty()) {
-                throw CLI::ValidationError("Name one file, not " + file + " and " + word);
+                throw CLI::ValidationError("Name one file; " + word + " is one more");
             }
             file = word;
         } else if (word.starts_with('-')) {

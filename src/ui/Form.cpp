@@ -128,7 +128,7 @@ void Form::MakeScrollable() {
     whole->addWidget(area);
     area->show();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    resize(content->minimumSizeHint() + QSize(bar, bar));
+    resize(content->minimumSizeHint() + QSize(2 * bar, 2 * bar));
     if (focused != nullptr) {
         focused->setFocus();
     }
