@@ -29,7 +29,7 @@ void BoardSession::Open() {
         return;
     }
     RefuseTraceAsStandardOutput(portChoice_.traceFile);
-    opened_ = OpenPort(portChoice_);
+    opened_ = OpenPort(portChoice_, state_.PortAddress);
     services_.emplace(
         vx3260::Services{*opened_.port, messages_, system_, state_, opened_.boardLabel});
     if (!opened_.boardLabel.empty()) {

@@ -61,8 +61,8 @@ class BoardSession {
     OperatingSystem& system_;
     std::ostream& err_;
     ConsoleMessages messages_;
-    OpenedPort opened_;
     ApplicationState state_;
+    OpenedPort opened_;
     std::optional<vx3260::Services> services_;
     std::string failureAtStart_;
 };
