@@ -52,12 +52,9 @@ Services& BoardSession::Services() {
     return *services_;
 }
 
-bool BoardSession::ReportFailure() {
-    if (!services_ || services_->port.FailureDetail() == failureAtStart_) {
-        return false;
-    }
-    err_ << services_->port.FailureDetail() << std::endl;
-    return true;
+std::string BoardSession::NewFailure() const {
+    const std::string failure = services_ ? services_->port.FailureDetail() : "";
+    return failure == failureAtStart_ ? "" : failure;
 }
 
 }  // namespace vx3260

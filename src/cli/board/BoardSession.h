@@ -52,8 +52,8 @@ class BoardSession {
     /// through.
     vx3260::Services& Services();
 
-    /// Reports on `err` if the port has failed since start-up, and returns whether it has.
-    bool ReportFailure();
+    /// How the port has failed since start-up; empty if it has not.
+    std::string NewFailure() const;
 
   private:
     const PortChoice& portChoice_;
