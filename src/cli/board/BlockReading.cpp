@@ -37,10 +37,10 @@ void RequireEnabled(Services& services, const ConverterReader& reader, Converter
 
 ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
                             const CliStreams& streams, const std::function<bool()>& stopRequested) {
-    ProgressLine progress(streams.err, count, streams.errIsTerminal);
+    ProgressLine progress(streams.err, count, streams.errWidth);
     return ReadBlock(
         reader, block, count,
-        {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+        {.beforeEach = [&] { progress.Show(block.count - 1); }, .stopRequested = stopRequested});
 }
 
 /// A board that goes while a code is clocked in leaves a false one, which only a later access
