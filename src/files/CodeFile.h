@@ -42,6 +42,9 @@ void ReplaceFile(const std::string& path, std::string_view bytes);
 /// ParseCodes does and for a file beyond that size.
 ParsedCodes LoadCodes(const std::string& path, Notation notation);
 
+/// The same of standard input, up to its end.
+ParsedCodes LoadCodesOfStandardInput(Notation notation);
+
 /// NotationByLook of a file. Throws as LoadBytes does.
 std::optional<Notation> LookOf(const std::string& path);
 

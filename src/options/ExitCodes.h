@@ -32,8 +32,9 @@ inline constexpr std::array ExitCodeTexts{
     ExitCodeText{ExitCode::Success, "success"},
     ExitCodeText{ExitCode::UnexpectedError, "unexpected error"},
     ExitCodeText{ExitCode::WrongCommandLine, "wrong command line"},
-    ExitCodeText{ExitCode::BadDataFile,
-                 "a file is not a data file or script, or cannot be analysed"},
+    ExitCodeText{
+        ExitCode::BadDataFile,
+        "a file is not a data file or script, its codes are suspicious or cannot be analysed"},
     ExitCodeText{ExitCode::NoAnswer, "no printer port, or no answer from the board"},
     ExitCodeText{ExitCode::ConverterDisabled, "the converter is disabled"},
     ExitCodeText{ExitCode::CountRefused, "too few or too many codes for an analysis"},

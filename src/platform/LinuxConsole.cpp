@@ -28,7 +28,9 @@ Console PrepareConsole() {
     // that nobody reads any more.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
-    return {.outWidth = WidthOf(STDOUT_FILENO), .errWidth = WidthOf(STDERR_FILENO)};
+    return {.inIsTerminal = isatty(STDIN_FILENO) == 1,
+            .outWidth = WidthOf(STDOUT_FILENO),
+            .errWidth = WidthOf(STDERR_FILENO)};
 }
 
 bool OutputReaderHasGone() {

@@ -45,6 +45,8 @@ Console PrepareConsole() {
     // Data files have the same bytes on every system: no CR is added to a line.
     PassBytesUnchanged(stdin);
     PassBytesUnchanged(stdout);
+    DWORD mode = 0;
+    console.inIsTerminal = GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
     console.outWidth = WidthOf(STD_OUTPUT_HANDLE);
     console.errWidth = WidthOf(STD_ERROR_HANDLE);
     return console;

@@ -38,7 +38,7 @@ inline Outcome RunProgram(const std::string& commandLine, std::size_t outWidth =
     RecordedSystem system;
     system.version = {2, 5, 0};
     system.commandLine = commandLine;
-    const int exitCode = RunCli(arguments, system, {out, err, outWidth});
+    const int exitCode = RunCli(arguments, system, {out, err, false, outWidth});
     return {static_cast<ExitCode>(exitCode), out.str(), err.str()};
 }
 

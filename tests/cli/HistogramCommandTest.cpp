@@ -45,7 +45,7 @@ TEST_F(HistogramOf, TextHasABarForEachBin) {
         << outcome.out;
     const std::string wide =
         "\n  -5000000000                1  ██████████\n>           0  0x000000      1  █";
-    EXPECT_TRUE(Has(Run("-2147483647\n2147483647\n", "main --bins 2", 5).out, wide));
+    EXPECT_TRUE(Has(Run("-2147483647\n2147483647\n", "main --force --bins 2", 5).out, wide));
 }
 
 TEST_F(HistogramOf, LargestBlockIsCounted) {

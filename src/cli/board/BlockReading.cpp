@@ -109,10 +109,9 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     return reading;
 }
 
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
-                           std::ostream& err) {
-    for (const std::string& suspicion : SuspicionsAbout(codes, converter)) {
-        err << "Warning: " << suspicion << std::endl;
+void PrintWarnings(const std::vector<std::string>& warnings, std::ostream& err) {
+    for (const std::string& warning : warnings) {
+        err << "Warning: " << warning << std::endl;
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <span>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -30,9 +30,8 @@ struct BlockReading {
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 
-/// Prints a warning for each of the SuspicionsAbout the codes.
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
-                           std::ostream& err);
+/// Prints each of the texts after "Warning: ".
+void PrintWarnings(const std::vector<std::string>& warnings, std::ostream& err);
 
 /// The exit code of a command whose reading ended this way. A stop requested after the reading,
 /// while its codes were being written, counts too, because it is meant for a whole script.

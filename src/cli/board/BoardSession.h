@@ -16,6 +16,7 @@ namespace vx3260 {
 struct CliStreams {
     std::ostream& out;
     std::ostream& err;
+    bool inIsTerminal = false;          ///< whether somebody types what is read from standard input
     std::size_t outWidth = 80;          ///< characters in a line of the terminal that shows `out`
     std::size_t errWidth = 0;           ///< the same of `err`; 0 where no terminal shows it
     bool (*readerHasGone)() = nullptr;  ///< whether nobody reads `out` any more; may be null

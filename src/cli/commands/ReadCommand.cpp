@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "analysis/SuspiciousCodes.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
 #include "files/CodeFile.h"
@@ -59,7 +60,7 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
+    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
