@@ -310,8 +310,12 @@ CodeWriter::CodeWriter(std::string target, std::ostream& standardOutput)
     : CodeWriter(IsStandardOutput(target) ? CodeWriter(standardOutput)
                                           : CodeWriter(std::move(target))) {}
 
-void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
-    const std::string text = FormatCodes(codes, notation);
+bool CodeWriter::WouldReplace() const {
+    return stream_ == nullptr && device_ == nullptr &&
+           QFileInfo::exists(QString::fromStdString(name_));
+}
+
+void CodeWriter::Write(std::string_view text) {
     if (stream_ != nullptr) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
@@ -321,12 +325,11 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     }
 }
 
-std::string CodeWriter::WriteIncomplete(std::span<const std::int32_t> codes, Notation notation) {
-    const bool file = stream_ == nullptr && device_ == nullptr;
-    if (file && QFileInfo::exists(QString::fromStdString(name_))) {
-        return SaveBeside(name_, FormatCodes(codes, notation));
+std::string CodeWriter::WriteIncomplete(std::string_view text) {
+    if (WouldReplace()) {
+        return SaveBeside(name_, text);
     }
-    Write(codes, notation);
+    Write(text);
     return name_;
 }
 

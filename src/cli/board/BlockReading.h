@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "acquisition/Reading.h"
+#include "analysis/ConversionConditions.h"
 #include "cli/board/BoardSession.h"
 #include "link/Converter.h"
 #include "options/ExitCodes.h"
@@ -18,9 +19,14 @@ namespace vx3260 {
 /// CommandError when the mode register does not read back as written: no board answers.
 void EnsureContinuousConversion(Services& services, std::ostream& err);
 
+/// The conditions under which the converter reads now.
+ConversionConditions ReadConditions(Services& services, Converter converter,
+                                    float referenceVoltage);
+
 /// The outcome of reading a block.
 struct BlockReading {
     std::vector<std::int32_t> codes;  ///< without the value of a time-out
+    std::vector<double> seconds;      ///< when each code was read, from the start of the reading on
     ReadingEnd end;
 };
 

@@ -32,7 +32,7 @@ HistogramCommand::HistogramCommand(CLI::App& program)
         ->check(CLI::Range(minBins, maxBinsAllowed))
         ->default_str(std::to_string(maxBars) + ", " + std::to_string(MaxHistogramBins) +
                       " for csv");
-    AddFormat(Parser(), format_, ReportFormat::Csv);
+    AddFormat(Parser(), format_, {ReportFormat::Csv});
 }
 
 ExitCode HistogramCommand::Run(const CommandContext& context) {

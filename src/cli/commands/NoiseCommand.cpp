@@ -2,7 +2,6 @@
 #include "cli/commands/NoiseCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <limits>
 #include <map>
 #include <span>
 #include <vector>
@@ -10,42 +9,18 @@
 #include "analysis/SuspiciousCodes.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
-#include "cli/board/BoardRegisters.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/NoiseReport.h"
 #include "link/CodeBlock.h"
 #include "link/RegisterFields.h"
-#include "numbers/Conversions.h"
-#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
-#include "options/Validators.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr const char* rangeOption = "--range";
 constexpr const char* fullScaleOption = "--full-scale";
-
-/// Throws if the text is not a number representable as float.
-float ToVolts(const std::string& text) {
-    const double volts = TextToDouble(text);
-    if (volts > std::numeric_limits<float>::max()) {
-        throw OverflowError();
-    }
-    return static_cast<float>(volts);
-}
-
-std::string RefuseOtherThanVoltage(const std::string& text) {
-    try {
-        if (ToVolts(text) > 0) {
-            return "";
-        }
-    } catch (const RuntimeError&) {
-        // Refused below, like a number that is not positive.
-    }
-    return "'" + text + "' is not a positive number of volts";
-}
 
 /// Adds an option that puts one of a field's values, by name, into the value of a register.
 CLI::Option* AddField(CLI::App& parser, const std::string& option, const RegisterMap::Field& field,
@@ -95,14 +70,8 @@ NoiseCommand::NoiseCommand(CLI::App& program)
     AddConverter(Parser(), converter_);
     CLI::Option* const file = AddFileWithConditions();
     AddCount(Parser(), count_)->excludes(file);
-    Parser()
-        .add_option_function<std::string>(
-            "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
-            "Reference voltage")
-        ->type_name("VOLTS")
-        ->default_str(ShortestText(referenceVoltage_))
-        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    AddReference(Parser(), referenceVoltage_);
+    AddFormat(Parser(), format_, {ReportFormat::Json});
 }
 
 /// FILE and the options that describe it. The converter, an option before these, is known when they
@@ -171,8 +140,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const std::int32_t control = ReadContents(services, TraitsOf(converter_).control);
-    const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
+    const ConversionConditions conditions = ReadConditions(services, converter_, referenceVoltage_);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),

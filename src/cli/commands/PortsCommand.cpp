@@ -72,7 +72,7 @@ void RefuseChosenPort(const CLI::App& program) {
 
 PortsCommand::PortsCommand(CLI::App& program)
     : Command(program, "ports", "List the printer ports and whether each can be claimed") {
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    AddFormat(Parser(), format_, {ReportFormat::Json});
     Parser().final_callback([&program] { RefuseChosenPort(program); });
 }
 

@@ -38,7 +38,7 @@ RegistersCommand::RegistersCommand(CLI::App& program)
     Parser()
         .add_option("registers", names_, "Which registers; without any, all of them")
         ->check(CLI::IsMember(ReadableNames()));
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    AddFormat(Parser(), format_, {ReportFormat::Json});
 }
 
 ExitCode RegistersCommand::Run(const CommandContext& context) {
