@@ -20,6 +20,7 @@ std::vector<std::string> ReadableNames() {
 
 std::vector<RegisterReading> ReadThese(Services& services, const std::vector<std::string>& names) {
     std::vector<RegisterReading> readings;
+    readings.reserve(names.size());
     for (const std::string& name : names) {
         readings.push_back(ReadDescribed(services, RegisterMap::RegisterNamed(name)));
     }
