@@ -36,7 +36,7 @@ Codes LargestBlock() {
 struct BlockFile {
     explicit BlockFile(const benchmark::State& state)
         : notation(static_cast<Notation>(state.range(0))) {
-        CodeWriter(path).Write(codes, notation);
+        CodeWriter(path).Write(FormatCodes(codes, notation));
     }
 
     int Base() const { return notation == Notation::Decimal ? 10 : 16; }
@@ -134,7 +134,7 @@ void FormatBare(benchmark::State& state) {
 void Save(benchmark::State& state) {
     const BlockFile file(state);
     for (auto _ : state) {
-        CodeWriter(file.path).Write(file.codes, file.notation);
+        CodeWriter(file.path).Write(FormatCodes(file.codes, file.notation));
     }
 }
 

@@ -86,7 +86,7 @@ void PollsWithoutAnswer(benchmark::State& state) {
 BENCHMARK(PollsWithoutAnswer)->Unit(benchmark::kMicrosecond);
 
 void ReadRegisters(benchmark::State& state, const PortChoice& choice) {
-    const OpenedPort board = OpenPort(choice);
+    const OpenedPort board = OpenPort(choice, base);
     Register mode(*board.port, base, RegisterMap::Mode);
     for (auto _ : state) {
         benchmark::DoNotOptimize(mode.ReadReg());

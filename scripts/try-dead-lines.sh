@@ -80,6 +80,7 @@ SweepEnd() {
     done
 }
 SweepEnd registers
+SweepEnd "registers filter mode"
 SweepEnd "calibrate internal-zero"
 SweepEnd "read main --count 2"
 SweepEnd "read aux --count 2"

@@ -43,7 +43,7 @@ Read() {
     echo old >"$data/old.dat"
     # shellcheck disable=SC2086 # words
     TMPDIR=$temporary LC_ALL=C strace -o "$folder/trace" "${@:2}" "$program" $1 \
-        read main --output "$data/old.dat" 2>"$folder/err"
+        read main --output "$data/old.dat" --force 2>"$folder/err"
 }
 
 # FirstWrite COMMAND: which of the program's writes is the first one for saving.

@@ -10,7 +10,8 @@ int main(int argc, char** argv) {
     vx3260::HostSystem system(argc, argv);
     vx3260::CliStreams streams{std::cout, std::cerr};
     streams.readerHasGone = vx3260::OutputReaderHasGone;
-    streams.errIsTerminal = console.errIsTerminal;
+    streams.inIsTerminal = console.inIsTerminal;
+    streams.errWidth = console.errWidth;
     if (console.outWidth > 0) {
         streams.outWidth = console.outWidth;
     }

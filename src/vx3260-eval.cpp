@@ -75,7 +75,7 @@ int Run(int& argc, char** argv) {
                                       [&endSignals] { endSignals.Release(); });
     QtMessageBoxes messages(std::cerr);
     ApplicationState state;
-    const OpenedPort opened = OpenPort(request.port);
+    const OpenedPort opened = OpenPort(request.port, state.PortAddress);
     Services services{*opened.port, messages, system, state, opened.boardLabel};
     StartUp(services);
     MainMenuForm(services, request.file).exec();

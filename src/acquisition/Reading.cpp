@@ -11,9 +11,9 @@ bool StopRequested(const ReadingHooks& hooks) {
     return hooks.stopRequested && hooks.stopRequested();
 }
 
-void BeforeEach(const ReadingHooks& hooks) {
-    if (hooks.beforeEach) {
-        hooks.beforeEach();
+void Run(const std::function<void()>& hook) {
+    if (hook) {
+        hook();
     }
 }
 
@@ -32,12 +32,13 @@ ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size
     block.codes.assign(static_cast<std::size_t>(size), 0.0);
     for (double& code : block.codes) {
         ++block.count;
-        BeforeEach(hooks);
+        Run(hooks.beforeEach);
         const std::int32_t read = reader.ReadCode();
         code = read;
         if (read == ReadTimeout) {
             return ReadingEnd::TimedOut;
         }
+        Run(hooks.afterEach);
         // Asked after the last code too: a key pressed during it is an interruption.
         if (StopRequested(hooks)) {
             return ReadingEnd::Stopped;
@@ -49,11 +50,12 @@ ReadingEnd ReadBlock(ConverterReader& reader, CodeBlock block, std::int16_t size
 ReadingEnd StreamCodes(const std::function<std::int32_t()>& read,
                        const std::function<void(std::int32_t)>& show, const ReadingHooks& hooks) {
     while (!StopRequested(hooks)) {
-        BeforeEach(hooks);
+        Run(hooks.beforeEach);
         const std::int32_t code = read();
         if (code == ReadTimeout) {
             return ReadingEnd::TimedOut;
         }
+        Run(hooks.afterEach);
         show(code);
     }
     return ReadingEnd::Stopped;

@@ -18,6 +18,7 @@ enum class ReadingEnd {
 /// What the caller does between the reads; each may be left empty.
 struct ReadingHooks {
     std::function<void()> beforeEach{};
+    std::function<void()> afterEach{};  ///< not after a time-out
     std::function<bool()> stopRequested{};
 };
 

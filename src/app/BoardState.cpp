@@ -16,7 +16,7 @@ std::string PlaceOf(const Services& services) {
 }  // namespace
 
 BoardState BoardStateOf(const Services& services) {
-    const bool missing = services.port.Answers().Last() == BoardAnswers::Answer::Missing;
+    const bool missing = services.port.Answers().Last() == ChipAnswers::Answer::Missing;
     if (!services.boardLabel.empty()) {
         const std::string meaning = "Readings come from the simulated board, not from a chip";
         return {missing ? services.boardLabel + " does not answer" : services.boardLabel, meaning,

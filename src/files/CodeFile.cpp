@@ -20,6 +20,8 @@
 namespace vx3260 {
 namespace {
 
+constexpr const char* standardInputName = "standard input";
+
 /// 128 bytes for each of the lines that a block can have.
 constexpr std::size_t maxBytesOfCodes = (MaxCodesInBlock + 1) * 128;
 
@@ -226,10 +228,11 @@ bool IsStandardOutput(std::string_view target) {
     return target.empty() || target == "-" || target == "/dev/stdout";
 }
 
-std::string LoadText(const std::string& path) {
-    const std::string reason =
+const SizeLimit& CodesLimit() {
+    static const std::string reason =
         "a data file has at most " + std::to_string(MaxCodesInBlock) + " lines of one code each";
-    return LoadBytes(path, {maxBytesOfCodes, reason});
+    static const SizeLimit limit{maxBytesOfCodes, reason};
+    return limit;
 }
 
 }  // namespace
@@ -249,13 +252,12 @@ std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
 }
 
 std::string LoadStandardInput(const SizeLimit& limit) {
-    constexpr const char* name = "standard input";
     constexpr int descriptor = 0;
     QFile file;
     if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        ThrowCannot("read", name, file);
+        ThrowCannot("read", standardInputName, file);
     }
-    return ReadBounded(file, name, limit);
+    return ReadBounded(file, standardInputName, limit);
 }
 
 void CheckIsNotDevice(const std::string& path) {
@@ -272,11 +274,15 @@ void ReplaceFile(const std::string& path, std::string_view bytes) {
 }
 
 ParsedCodes LoadCodes(const std::string& path, Notation notation) {
-    return ParseCodes(LoadText(path), notation, path);
+    return ParseCodes(LoadBytes(path, CodesLimit()), notation, path);
+}
+
+ParsedCodes LoadCodesOfStandardInput(Notation notation) {
+    return ParseCodes(LoadStandardInput(CodesLimit()), notation, standardInputName);
 }
 
 std::optional<Notation> LookOf(const std::string& path) {
-    return NotationByLook(LoadText(path));
+    return NotationByLook(LoadBytes(path, CodesLimit()));
 }
 
 void WriteToStream(std::ostream& stream, std::string_view text, std::string_view name) {
@@ -304,8 +310,12 @@ CodeWriter::CodeWriter(std::string target, std::ostream& standardOutput)
     : CodeWriter(IsStandardOutput(target) ? CodeWriter(standardOutput)
                                           : CodeWriter(std::move(target))) {}
 
-void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
-    const std::string text = FormatCodes(codes, notation);
+bool CodeWriter::WouldReplace() const {
+    return stream_ == nullptr && device_ == nullptr &&
+           QFileInfo::exists(QString::fromStdString(name_));
+}
+
+void CodeWriter::Write(std::string_view text) {
     if (stream_ != nullptr) {
         WriteToStream(*stream_, text, name_);
     } else if (device_ == nullptr) {
@@ -315,12 +325,11 @@ void CodeWriter::Write(std::span<const std::int32_t> codes, Notation notation) {
     }
 }
 
-std::string CodeWriter::WriteIncomplete(std::span<const std::int32_t> codes, Notation notation) {
-    const bool file = stream_ == nullptr && device_ == nullptr;
-    if (file && QFileInfo::exists(QString::fromStdString(name_))) {
-        return SaveBeside(name_, FormatCodes(codes, notation));
+std::string CodeWriter::WriteIncomplete(std::string_view text) {
+    if (WouldReplace()) {
+        return SaveBeside(name_, text);
     }
-    Write(codes, notation);
+    Write(text);
     return name_;
 }
 

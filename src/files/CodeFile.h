@@ -6,7 +6,6 @@
 #include <iosfwd>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -42,6 +41,9 @@ void ReplaceFile(const std::string& path, std::string_view bytes);
 /// ParseCodes does and for a file beyond that size.
 ParsedCodes LoadCodes(const std::string& path, Notation notation);
 
+/// The same of standard input, up to its end.
+ParsedCodes LoadCodesOfStandardInput(Notation notation);
+
 /// NotationByLook of a file. Throws as LoadBytes does.
 std::optional<Notation> LookOf(const std::string& path);
 
@@ -64,14 +66,17 @@ class CodeWriter {
     /// Standard output if `target` is empty, "-" or "/dev/stdout"; otherwise that file.
     CodeWriter(std::string target, std::ostream& standardOutput);
 
-    /// Writes the codes, once. Throws FileAccessError; where a file could not be replaced after
-    /// all, the codes are then in a new one, if possible, which the message names: beside it, with
-    /// letters added to its name, or in the folder for temporary files.
-    void Write(std::span<const std::int32_t> codes, Notation notation);
+    /// Whether a file exists that writing would replace.
+    bool WouldReplace() const;
 
-    /// The same for a reading that did not complete. An existing file is not replaced: the codes go
-    /// to a new one, as above. Returns the path that was written, or Name().
-    std::string WriteIncomplete(std::span<const std::int32_t> codes, Notation notation);
+    /// Writes the block's text, once. Throws FileAccessError; where a file could not be replaced
+    /// after all, the text is then in a new one, if possible, which the message names: beside it,
+    /// with letters added to its name, or in the folder for temporary files.
+    void Write(std::string_view text);
+
+    /// The same for a reading that did not complete. An existing file is not replaced: the text
+    /// goes to a new one, as above. Returns the path that was written, or Name().
+    std::string WriteIncomplete(std::string_view text);
 
     /// The place, as messages name it.
     const std::string& Name() const { return name_; }

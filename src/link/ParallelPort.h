@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "link/BoardAnswers.h"
+#include "link/ChipAnswers.h"
 
 namespace vx3260 {
 
@@ -35,8 +35,8 @@ class ParallelPort {
     virtual std::string Name() const { return {}; }
 
     /// What the accesses to the chip have met, kept by Register and ReadData.
-    BoardAnswers& Answers() { return answers_; }
-    const BoardAnswers& Answers() const { return answers_; }
+    ChipAnswers& Answers() { return answers_; }
+    const ChipAnswers& Answers() const { return answers_; }
 
     /// Why the last operation that failed did so, and what the user can do about it; a few lines.
     /// Empty if none failed or the reason is unknown.
@@ -56,7 +56,7 @@ class ParallelPort {
     ParallelPort& operator=(ParallelPort&&) = default;
 
   private:
-    BoardAnswers answers_;
+    ChipAnswers answers_;
 };
 
 }  // namespace vx3260

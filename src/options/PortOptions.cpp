@@ -61,7 +61,8 @@ std::string RefuseOtherThanAddress(const std::string& text) {
 }
 
 std::string RefuseOtherThanMicroseconds(const std::string& text) {
-    constexpr int maxMicroseconds = 1'000'000;
+    // 100000 polls of this length take under two minutes.
+    constexpr int maxMicroseconds = 1000;
     try {
         const double microseconds = TextToDouble(text);
         if (microseconds >= 0 && microseconds <= maxMicroseconds) {
@@ -110,7 +111,8 @@ void AddPollTime(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
     app.add_option_function<std::string>(
            "--poll-time",
            [&choice](const std::string& text) { choice.pollTime = ToPollTime(text); },
-           "Least time of a read of the port: 100000 of them are the limit of a wait for data")
+           "Least time of a read of the port, at most 1000: 100000 reads are the limit of a wait "
+           "for data")
         ->type_name("US")
         ->check(CLI::Validator(RefuseOtherThanMicroseconds, ""))
         ->default_str(ShortestText(Microseconds(DefaultPollTime).count()))

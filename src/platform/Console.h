@@ -9,8 +9,9 @@ namespace vx3260 {
 
 /// The terminal in which a command was started.
 struct Console {
-    bool errIsTerminal = false;
+    bool inIsTerminal = false;
     std::size_t outWidth = 0;          ///< characters in a line; 0 if the output is not a terminal
+    std::size_t errWidth = 0;          ///< the same of standard error
     std::shared_ptr<void> restorer{};  ///< leaves the terminal as it was, with the last copy
 };
 

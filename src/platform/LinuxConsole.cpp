@@ -9,18 +9,28 @@
 #include "platform/Console.h"
 
 namespace vx3260 {
+namespace {
+
+/// A serial terminal does not report its width.
+std::size_t WidthOf(int terminal) {
+    constexpr std::size_t usualWidth = 80;
+    winsize size{};
+    if (ioctl(terminal, TIOCGWINSZ, &size) != 0) {
+        return 0;
+    }
+    return size.ws_col > 0 ? size.ws_col : usualWidth;
+}
+
+}  // namespace
 
 Console PrepareConsole() {
     // Each would end the process at a write: to a file that is at the size limit, and to a pipe
     // that nobody reads any more.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
-    Console console{.errIsTerminal = isatty(STDERR_FILENO) == 1};
-    winsize size{};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
-        console.outWidth = size.ws_col;
-    }
-    return console;
+    return {.inIsTerminal = isatty(STDIN_FILENO) == 1,
+            .outWidth = WidthOf(STDOUT_FILENO),
+            .errWidth = WidthOf(STDERR_FILENO)};
 }
 
 bool OutputReaderHasGone() {

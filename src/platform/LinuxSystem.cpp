@@ -51,6 +51,12 @@ std::string FindInPath(const std::string& program) {
     return {};
 }
 
+/// Ends a process that was to become the program.
+[[noreturn]] void EndWithFailure(int failure) {
+    const char failed = 1;
+    _exit(write(failure, &failed, 1) == 1 ? 1 : 2);
+}
+
 /// In a process of its own: becomes the program, or writes to `failure` and ends.
 [[noreturn]] void BecomeProgram(const std::vector<std::string>& command, int failure) {
     std::vector<char*> words;
@@ -68,8 +74,7 @@ std::string FindInPath(const std::string& program) {
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
     execv(words[0], words.data());
-    const char failed = 1;
-    _exit(write(failure, &failed, 1) == 1 ? 1 : 2);
+    EndWithFailure(failure);
 }
 
 }  // namespace
@@ -111,8 +116,12 @@ bool LinuxSystem::StartProgram(const std::vector<std::string>& command) {
     }
     const pid_t child = fork();
     if (child == 0) {
-        if (fork() == 0) {
+        const pid_t grandchild = fork();
+        if (grandchild == 0) {
             BecomeProgram(command, ends[1]);
+        }
+        if (grandchild < 0) {
+            EndWithFailure(ends[1]);
         }
         _exit(0);
     }

@@ -17,6 +17,14 @@ void PassBytesUnchanged(std::FILE* stream) {
     }
 }
 
+/// Characters in a line; 0 where the stream is not a console.
+std::size_t WidthOf(DWORD stream) {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    return GetConsoleScreenBufferInfo(GetStdHandle(stream), &info) != 0
+               ? static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1)
+               : 0;
+}
+
 /// A console takes UTF-16 whatever its code page is, a file or a pipe bytes.
 void WriteText(HANDLE handle, const std::string& text) {
     const std::wstring wide = ToWide(text);
@@ -38,11 +46,9 @@ Console PrepareConsole() {
     PassBytesUnchanged(stdin);
     PassBytesUnchanged(stdout);
     DWORD mode = 0;
-    console.errIsTerminal = GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
-    CONSOLE_SCREEN_BUFFER_INFO info{};
-    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) != 0) {
-        console.outWidth = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
-    }
+    console.inIsTerminal = GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
+    console.outWidth = WidthOf(STD_OUTPUT_HANDLE);
+    console.errWidth = WidthOf(STD_ERROR_HANDLE);
     return console;
 }
 

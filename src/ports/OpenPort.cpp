@@ -84,14 +84,14 @@ BarePort OpenBare(const PortChoice& choice) {
 
 }  // namespace
 
-OpenedPort OpenPort(const PortChoice& choice) {
+OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress) {
     auto [opened, clock] = OpenBare(choice);
     if (choice.faults != Faults{}) {
         opened.port = std::make_unique<FaultyPort>(std::move(opened.port), choice.faults);
     }
     if (!choice.traceFile.empty()) {
-        opened.port =
-            std::make_unique<TracePort>(std::move(opened.port), std::move(clock), choice.traceFile);
+        opened.port = std::make_unique<TracePort>(std::move(opened.port), std::move(clock),
+                                                  choice.traceFile, portAddress);
     }
     return std::move(opened);
 }

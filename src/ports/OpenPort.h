@@ -52,9 +52,10 @@ struct OpenedPort {
 };
 
 /// Opens the chosen port. Opening never fails: an unavailable port is detected when it is claimed.
+/// `portAddress`, which outlives the port, is the base address in use, which a trace follows.
 /// Throws FileAccessError when the trace cannot be written; its time is the simulated board's, or
 /// for a real port the time since this call.
-OpenedPort OpenPort(const PortChoice& choice);
+OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress);
 
 /// A port of this machine as `ports` lists it.
 struct PortListing {

@@ -39,16 +39,13 @@ std::string LevelOf(const std::optional<std::int16_t>& lines, std::int16_t line)
 
 }  // namespace
 
-TracePort::TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path)
+TracePort::TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path,
+                     const std::int16_t& portAddress)
     : WrappedPort(std::move(port)),
       clock_(std::move(clock)),
+      portAddress_(portAddress),
       vcd_(std::in_place, path, "vx3260", Variables()),
-      outputs_(BoardLines::Idle & tracedOutputs) {
-    ParallelPortInfo info;
-    if (GetParallelPortInfo(1, info) != 0) {
-        base_ = info.address;
-    }
-}
+      outputs_(BoardLines::Idle & tracedOutputs) {}
 
 TracePort::~TracePort() {
     Trace([this](VcdWriter& vcd) { vcd.ExtendTo(clock_()); });
@@ -57,7 +54,7 @@ TracePort::~TracePort() {
 void TracePort::OutByte(std::int16_t address, std::int16_t value) {
     Inner().OutByte(address, value);
     const auto outputs = static_cast<std::int16_t>(value & tracedOutputs);
-    if (base_ && address == *base_ + BoardLines::DataRegister && outputs != outputs_) {
+    if (IsRegister(address, BoardLines::DataRegister) && outputs != outputs_) {
         outputs_ = outputs;
         TraceStep();
     }
@@ -66,11 +63,15 @@ void TracePort::OutByte(std::int16_t address, std::int16_t value) {
 std::int16_t TracePort::InByte(std::int16_t address) {
     const std::int16_t value = Inner().InByte(address);
     const auto inputs = static_cast<std::int16_t>(value & tracedInputs);
-    if (base_ && address == *base_ + BoardLines::StatusRegister && inputs != inputs_) {
+    if (IsRegister(address, BoardLines::StatusRegister) && inputs != inputs_) {
         inputs_ = inputs;
         TraceStep();
     }
     return value;
+}
+
+bool TracePort::IsRegister(std::int16_t address, std::int16_t offset) const {
+    return portAddress_ != 0 && address == portAddress_ + offset;
 }
 
 void TracePort::TraceStep() {

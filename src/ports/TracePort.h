@@ -18,7 +18,7 @@ namespace vx3260 {
 using TraceClock = std::function<std::chrono::nanoseconds()>;
 
 /// Any port, with a trace of its wires as a Value Change Dump: SCLK, DIN, RESET, DOUT, RDY and the
-/// access that they carry, in words. Each access at the port's base address that changes a line is
+/// access that they carry, in words. Each access at the base address in use that changes a line is
 /// a step with a time of its own; DOUT and RDY change when the program reads them and are unknown
 /// until then. Before the program's first write the outputs are shown at rest.
 ///
@@ -27,8 +27,11 @@ using TraceClock = std::function<std::chrono::nanoseconds()>;
 class TracePort final : public WrappedPort {
   public:
     /// Throws FileAccessError when the file cannot be written. `clock` is read after an access and
-    /// may refer to `port`.
-    TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path);
+    /// may refer to `port`. `portAddress` is the base address in use, read afresh at every access,
+    /// 0 where there is none yet; it outlives the port's last access. The port itself is never
+    /// asked for it: start-up asks, in an order of its own.
+    TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path,
+              const std::int16_t& portAddress);
 
     /// Extends the trace to the present, so that it shows the duration of a last wait. A process
     /// that ends without this loses no change.
@@ -42,12 +45,13 @@ class TracePort final : public WrappedPort {
     std::int16_t InByte(std::int16_t address) override;
 
   private:
+    bool IsRegister(std::int16_t address, std::int16_t offset) const;
     void TraceStep();
     void Trace(const std::function<void(VcdWriter&)>& write);
 
     TraceClock clock_;
-    std::optional<std::int32_t> base_;  ///< empty where there is no port
-    std::optional<VcdWriter> vcd_;      ///< empty once the trace has ended
+    const std::int16_t& portAddress_;
+    std::optional<VcdWriter> vcd_;  ///< empty once the trace has ended
     AccessDecoder decoder_;
     std::int16_t outputs_;
     std::optional<std::int16_t> inputs_;  ///< empty until they have been read

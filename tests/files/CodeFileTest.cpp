@@ -19,9 +19,8 @@ TEST(CodeFile, SavesAndLoadsUnderAnyName) {
     const Folder folder;
     const std::string name = "Messung ä 測定.dat";
     CodeWriter writer(folder.Path(name));
-    EXPECT_TRUE(std::filesystem::is_empty(folder.Path(".")))
-        << "the check of the place left a file";
-    writer.Write(Codes{1, -1}, Notation::Hexadecimal);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path("."))) << "the check of the place left a file";
+    writer.Write(FormatCodes(Codes{1, -1}, Notation::Hexadecimal));
     EXPECT_EQ(folder.Bytes(name), "1\nFFFFFFFF\n");
     EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Hexadecimal).codes, (Codes{1, -1}));
     ReplaceFile(folder.Path(name), std::string("\0\r\n\xFF\x1A", 5));
@@ -35,7 +34,7 @@ TEST(CodeFile, BlockIsKeptWhereItsPlaceIsTaken) {
     CodeWriter writer(folder.Path("x.dat"));
     std::filesystem::create_directory(FilePath(folder.Path("x.dat")));
     const std::string error =
-        ErrorOf<FileAccessError>([&] { writer.Write(Codes{5}, Notation::Decimal); });
+        ErrorOf<FileAccessError>([&] { writer.Write(FormatCodes(Codes{5}, Notation::Decimal)); });
     const std::size_t name = error.find("; the codes were kept in ");
     ASSERT_NE(name, std::string::npos) << error;
     EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{5});
@@ -44,7 +43,7 @@ TEST(CodeFile, BlockIsKeptWhereItsPlaceIsTaken) {
 TEST(CodeFile, StandardOutputHasThreeNames) {
     for (const std::string target : {"", "-", "/dev/stdout"}) {
         std::ostringstream out;
-        CodeWriter(target, out).Write(Codes{8388608}, Notation::Decimal);
+        CodeWriter(target, out).Write(FormatCodes(Codes{8388608}, Notation::Decimal));
         EXPECT_EQ(out.str(), " 8388608\n") << target;
     }
 }

@@ -22,7 +22,7 @@ TEST(LinuxFiles, LinksAndPipesStay) {
     const Folder folder;
     folder.Make("old.dat", "a longer content than the new one");
     std::filesystem::create_symlink("old.dat", folder.Path("link.dat"));
-    CodeWriter(folder.Path("link.dat")).Write(Codes{7}, Notation::Decimal);
+    CodeWriter(folder.Path("link.dat")).Write(FormatCodes(Codes{7}, Notation::Decimal));
     EXPECT_EQ(folder.Bytes("old.dat"), " 7\n");
     ReplaceFile(folder.Path("link.dat"), " 6\n");
     EXPECT_EQ(folder.Bytes("old.dat"), " 6\n");
@@ -30,7 +30,7 @@ TEST(LinuxFiles, LinksAndPipesStay) {
 
     ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
     std::fstream pipe(folder.Path("pipe"));  // both ends, so that no opening waits for the other
-    CodeWriter(folder.Path("pipe")).Write(Codes{8}, Notation::Decimal);
+    CodeWriter(folder.Path("pipe")).Write(FormatCodes(Codes{8}, Notation::Decimal));
     std::string line;
     std::getline(pipe, line);
     EXPECT_EQ(line, " 8");
@@ -48,7 +48,7 @@ TEST(LinuxFiles, OpenFileUnderAnySpellingIsAppendedTo) {
     for (const std::string& path :
          {"/dev/fd/" + number, "//dev/fd/" + number, "/dev/./fd/" + number, "fd/" + number,
           folder.Path("folder/" + number), folder.Path("link")}) {
-        CodeWriter(path).Write(Codes{9}, Notation::Decimal);
+        CodeWriter(path).Write(FormatCodes(Codes{9}, Notation::Decimal));
         EXPECT_EQ(folder.Bytes("old.dat"), expected += " 9\n") << path;
     }
     std::filesystem::current_path(before);
@@ -57,7 +57,7 @@ TEST(LinuxFiles, OpenFileUnderAnySpellingIsAppendedTo) {
 
 TEST(LinuxFiles, FullOrEndlessDeviceIsReported) {
     CodeWriter device("/dev/full");
-    EXPECT_EQ(ErrorOf<FileAccessError>([&] { device.Write(Codes{1}, {}); }),
+    EXPECT_EQ(ErrorOf<FileAccessError>([&] { device.Write("1\n"); }),
               "cannot write /dev/full: No space left on device");
     EXPECT_EQ(ErrorOf<FileAccessError>([] { ReplaceFile("/dev/full", "1"); }),
               "/dev/full is a pipe, a device or the name of an open file, not a regular file");
@@ -116,7 +116,9 @@ TEST(LinuxFiles, ForbiddenFilesAreReported) {
 TEST(LinuxFiles, FullDiskLeavesTheOldFile) {
     const Folder folder;
     const std::string path = folder.Make("old.dat", "old");
-    EXPECT_EXIT(TryOnFullDisk([&] { CodeWriter(path).Write(Codes(5000, 7), Notation::Decimal); }),
+    EXPECT_EXIT(TryOnFullDisk([&] {
+                    CodeWriter(path).Write(FormatCodes(Codes(5000, 7), Notation::Decimal));
+                }),
                 testing::ExitedWithCode(EXIT_SUCCESS), "^cannot write .*old.dat: ");
     EXPECT_EQ(folder.Bytes("old.dat"), "old");
     const std::filesystem::directory_iterator files(folder.Path(""));

@@ -36,7 +36,7 @@ TEST(WindowsFiles, FileInUseStaysAndTheCodesAreKept) {
     const std::string saving = ErrorOf<FileAccessError>([&] { ReplaceFile(path, " 2\n"); });
     EXPECT_TRUE(saving.starts_with("cannot write " + path + ": ")) << saving;
     const std::string error =
-        ErrorOf<FileAccessError>([&] { writer.Write(Codes{3}, Notation::Decimal); });
+        ErrorOf<FileAccessError>([&] { writer.Write(FormatCodes(Codes{3}, Notation::Decimal)); });
     const std::size_t name = error.find("; the codes were kept in ");
     ASSERT_NE(name, std::string::npos) << error;
     EXPECT_EQ(LoadCodes(error.substr(name + 25), Notation::Decimal).codes, Codes{3});
@@ -67,7 +67,7 @@ TEST(WindowsFiles, DeviceNamesAreRefused) {
         EXPECT_EQ(ErrorOf<FileAccessError>([&] { ReplaceFile(name, "1"); }), message);
     }
     const Folder folder;
-    CodeWriter(folder.Path("aux codes.dat")).Write(Codes{1}, Notation::Decimal);
+    CodeWriter(folder.Path("aux codes.dat")).Write(FormatCodes(Codes{1}, Notation::Decimal));
     EXPECT_EQ(folder.Bytes("aux codes.dat"), " 1\n");
 }
 

@@ -2,6 +2,7 @@
 #include "platform/LinuxSystem.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -21,6 +22,26 @@ TEST(LinuxSystem, ReportsWhetherAProgramStarted) {
     EXPECT_TRUE(system.StartProgram({"/bin/true"}));
     EXPECT_FALSE(system.StartProgram({"/bin/there-is-no-such-program"}));
     EXPECT_FALSE(system.StartProgram({"/bin"}));
+}
+
+/// Ends the process, a forked one, with whether a program starts for a user who may have this many
+/// processes, this one included. Limits do not hold for the superuser.
+[[noreturn]] void StartAmong(rlim_t processes) {
+    constexpr uid_t userWithoutProcesses = 61234;
+    const rlimit limit{processes, processes};
+    if (setrlimit(RLIMIT_NPROC, &limit) != 0 || setuid(userWithoutProcesses) != 0) {
+        std::_Exit(2);
+    }
+    std::_Exit(LinuxSystem(0, nullptr).StartProgram({"/bin/true"}) ? 0 : 1);
+}
+
+TEST(LinuxSystem, TooManyProcessesAreAProgramThatDidNotStart) {
+    if (getuid() != 0) {
+        GTEST_SKIP() << "only the superuser can become a user without processes";
+    }
+    EXPECT_EXIT(StartAmong(1), testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(StartAmong(2), testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(StartAmong(3), testing::ExitedWithCode(0), "");
 }
 
 TEST(LinuxSystem, FindsProgramsInAbsoluteFoldersOfPathOnly) {

@@ -55,13 +55,14 @@ TEST(Faults, AreFoundByTheirFullNameOnly) {
 }
 
 TEST(OpenPort, GivesTheBoardThatWasChosen) {
-    const OpenedPort simulated = OpenPort({.simulated = true, .faults = {}});
+    const std::int16_t base = 888;
+    const OpenedPort simulated = OpenPort({.simulated = true, .faults = {}}, base);
     EXPECT_EQ(simulated.boardLabel, "Simulated board");
     EXPECT_EQ(simulated.port->GetParallelPortCount(), 1);
     EXPECT_EQ(simulated.port->ClaimParallelPort(2, -1), 0);
     EXPECT_EQ(simulated.port->InByte(632), 255);
 
-    const OpenedPort real = OpenPort({});
+    const OpenedPort real = OpenPort({}, base);
     ParallelPortInfo info;
     EXPECT_EQ(real.boardLabel, "");
     EXPECT_EQ(real.port->ClaimParallelPort(1, -1), 0);

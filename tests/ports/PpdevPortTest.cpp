@@ -64,7 +64,7 @@ TEST_F(PpdevPortTest, StartsUpAndReadsAndWritesEveryRegister) {
 
 TEST_F(PpdevPortTest, IsTracedInItsOwnTime) {
     const std::string path = testing::TempDir() + "ppdev" + std::to_string(getpid()) + ".vcd";
-    OpenedPort opened = OpenPort({.pollTime = noPollTime, .traceFile = path});
+    OpenedPort opened = OpenPort({.pollTime = noPollTime, .traceFile = path}, state.PortAddress);
     StartUp(*opened.port);
     opened.port.reset();
     std::ifstream file(path);

@@ -72,7 +72,7 @@ std::int16_t Literal(std::int16_t address) {
 }
 
 std::string ClaimResult(PortMethod method) {
-    const auto port = OpenPort({.method = method}).port;
+    const auto port = OpenPort({.method = method}, dataAddress).port;
     return port->ClaimParallelPort(1, -1) == 1 ? "claimed" : port->FailureDetail();
 }
 
@@ -98,7 +98,7 @@ class RealPortTest : public testing::TestWithParam<PortMethod> {
     static bool ThroughTheDriver() { return GetParam() == PortMethod::Driver; }
 
     void StartUp() {
-        port = OpenPort({.method = GetParam()}).port;
+        port = OpenPort({.method = GetParam()}, state.PortAddress).port;
         Services services{*port, messages, system, state};
         vx3260::StartUp(services);
         ASSERT_TRUE(messages.shown.empty()) << messages.shown[0].detail;
@@ -161,7 +161,8 @@ TEST_P(RealPortTest, ReportsHowToLoadTheDriver) {
     const std::string detail = ClaimResult(GetParam());
     EXPECT_TRUE(detail.starts_with("There is no /dev/parport0.")) << detail;
     if (!ThroughTheDriver()) {
-        const auto named = OpenPort({.method = GetParam(), .address = dataAddress}).port;
+        const auto named =
+            OpenPort({.method = GetParam(), .address = dataAddress}, dataAddress).port;
         EXPECT_EQ(named->ClaimParallelPort(1, -1), 1) << named->FailureDetail();
     }
     Follow(detail);

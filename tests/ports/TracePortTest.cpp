@@ -45,7 +45,7 @@ class Trace : public testing::Test {
         const auto now = [this] {
             return microseconds(10) * (wires->written.size() + wires->readFrom.size());
         };
-        return std::make_unique<TracePort>(std::move(bare), now, path);
+        return std::make_unique<TracePort>(std::move(bare), now, path, portAddress);
     }
 
     std::string Bytes() const {
@@ -65,6 +65,7 @@ class Trace : public testing::Test {
     std::int64_t End() const { return std::stoll(Found("#(.+)\n$").at(0)); }
 
     const std::string path = testing::TempDir() + "trace ä 測 " + std::to_string(getpid()) + ".vcd";
+    std::int16_t portAddress = base;
     RecordingPort* wires = nullptr;
 };
 
@@ -80,6 +81,21 @@ TEST_F(Trace, ShowsEveryChangeAndNothingElse) {
     const std::string expected{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(Bytes(), "$version VX3260 Evaluation Software " + std::string(VersionText) +
                            " $end\n" + expected);
+}
+
+TEST_F(Trace, FollowsTheAddressInUseAndNeverAsksForIt) {
+    portAddress = 0;
+    const auto port = Open();
+    SerialWrite(*port, 0x41, 0, 8);
+    EXPECT_EQ(Accesses(), Texts{}) << "there is no port yet";
+    for (const std::int16_t address : {base, std::int16_t{632}}) {
+        portAddress = address;
+        SerialWrite(*port, 0x41, address, 8);
+        SerialWrite(*port, 0x03, address == base ? 632 : base, 8);
+        SerialRead(*port, 8, address);
+    }
+    EXPECT_EQ(Accesses(), (Texts{"read mode", "read mode = 00", "read mode", "read mode = 00"}));
+    EXPECT_TRUE(wires->infoCalls.empty());
 }
 
 TEST_F(Trace, NamesEachAccess) {
@@ -172,7 +188,8 @@ TEST_F(Trace, SoftwareResetTakes32Ones) {
 
 TEST_F(Trace, SimulatedBoardIsCompleteAtAnyMoment) {
     const OpenedPort board = OpenPort(
-        {.simulated = true, .faults = {.statusLow = 0x10, .goneAfter = 60}, .traceFile = path});
+        {.simulated = true, .faults = {.statusLow = 0x10, .goneAfter = 60}, .traceFile = path},
+        base);
     SerialWrite(*board.port, 0x41, base, 8);
     SerialRead(*board.port, 8, base);
     EXPECT_EQ(Accesses(), (Texts{"read mode", "read mode = 00"}));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/BlockReading.h"
 
-#include "analysis/SuspiciousCodes.h"
+#include <chrono>
+#include <utility>
+
 #include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
@@ -35,12 +37,21 @@ void RequireEnabled(Services& services, const ConverterReader& reader, Converter
     throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
 }
 
+/// `seconds` receives when each code was read.
 ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
-                            const CliStreams& streams, const std::function<bool()>& stopRequested) {
-    ProgressLine progress(streams.err, count, streams.errIsTerminal);
-    return ReadBlock(
-        reader, block, count,
-        {.beforeEach = [&] { progress.Show(block.count); }, .stopRequested = stopRequested});
+                            const CliStreams& streams, const std::function<bool()>& stopRequested,
+                            std::vector<double>& seconds) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    const auto elapsed = [start] {
+        return std::chrono::duration<double>(Clock::now() - start).count();
+    };
+    seconds.reserve(static_cast<std::size_t>(count));
+    ProgressLine progress(streams.err, count, streams.errWidth);
+    return ReadBlock(reader, block, count,
+                     {.beforeEach = [&] { progress.Show(block.count - 1); },
+                      .afterEach = [&] { seconds.push_back(elapsed()); },
+                      .stopRequested = stopRequested});
 }
 
 /// A board that goes while a code is clocked in leaves a false one, which only a later access
@@ -90,6 +101,12 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
         << PrefixedHex(before) << " to " << PrefixedHex(write.wanted) << std::endl;
 }
 
+ConversionConditions ReadConditions(Services& services, Converter converter,
+                                    float referenceVoltage) {
+    return ConditionsOf(converter, referenceVoltage,
+                        ReadContents(services, TraitsOf(converter).control));
+}
+
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested) {
     ConverterReader reader(services.port, services.state.PortAddress, converter);
@@ -99,20 +116,21 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter 
     streams.err << "Reading " << CountText(count, "code") << " from the "
                 << TraitsOf(converter).name << " ADC, Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
-    const ReadingEnd read = ReadWithProgress(reader, block, count, streams, stopRequested);
+    std::vector<double> seconds;
+    const ReadingEnd read = ReadWithProgress(reader, block, count, streams, stopRequested, seconds);
     const bool gone = GoneAfterReading(services, converter, read);
     const ReadingEnd end = gone ? ReadingEnd::TimedOut : read;
-    BlockReading reading{GoodCodes(block, end), end};
+    BlockReading reading{GoodCodes(block, end), std::move(seconds), end};
+    reading.seconds.resize(reading.codes.size());
     ReportEnd(services, end,
               gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),
               reading.codes.size());
     return reading;
 }
 
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
-                           std::ostream& err) {
-    for (const std::string& suspicion : SuspicionsAbout(codes, converter)) {
-        err << "Warning: " << suspicion << std::endl;
+void PrintWarnings(const std::vector<std::string>& warnings, std::ostream& err) {
+    for (const std::string& warning : warnings) {
+        err << "Warning: " << warning << std::endl;
     }
 }
 

@@ -3,11 +3,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <span>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "acquisition/Reading.h"
+#include "analysis/ConversionConditions.h"
 #include "cli/board/BoardSession.h"
 #include "link/Converter.h"
 #include "options/ExitCodes.h"
@@ -18,9 +19,14 @@ namespace vx3260 {
 /// CommandError when the mode register does not read back as written: no board answers.
 void EnsureContinuousConversion(Services& services, std::ostream& err);
 
+/// The conditions under which the converter reads now.
+ConversionConditions ReadConditions(Services& services, Converter converter,
+                                    float referenceVoltage);
+
 /// The outcome of reading a block.
 struct BlockReading {
     std::vector<std::int32_t> codes;  ///< without the value of a time-out
+    std::vector<double> seconds;      ///< when each code was read, from the start of the reading on
     ReadingEnd end;
 };
 
@@ -30,9 +36,8 @@ struct BlockReading {
 BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
                        std::int16_t count, const std::function<bool()>& stopRequested);
 
-/// Prints a warning for each of the SuspicionsAbout the codes.
-void WarnOfSuspiciousCodes(std::span<const std::int32_t> codes, Converter converter,
-                           std::ostream& err);
+/// Prints each of the texts after "Warning: ".
+void PrintWarnings(const std::vector<std::string>& warnings, std::ostream& err);
 
 /// The exit code of a command whose reading ended this way. A stop requested after the reading,
 /// while its codes were being written, counts too, because it is meant for a whole script.

@@ -29,7 +29,7 @@ void BoardSession::Open() {
         return;
     }
     RefuseTraceAsStandardOutput(portChoice_.traceFile);
-    opened_ = OpenPort(portChoice_);
+    opened_ = OpenPort(portChoice_, state_.PortAddress);
     services_.emplace(
         vx3260::Services{*opened_.port, messages_, system_, state_, opened_.boardLabel});
     if (!opened_.boardLabel.empty()) {
@@ -52,12 +52,9 @@ Services& BoardSession::Services() {
     return *services_;
 }
 
-bool BoardSession::ReportFailure() {
-    if (!services_ || services_->port.FailureDetail() == failureAtStart_) {
-        return false;
-    }
-    err_ << services_->port.FailureDetail() << std::endl;
-    return true;
+std::string BoardSession::NewFailure() const {
+    const std::string failure = services_ ? services_->port.FailureDetail() : "";
+    return failure == failureAtStart_ ? "" : failure;
 }
 
 }  // namespace vx3260

@@ -16,8 +16,9 @@ namespace vx3260 {
 struct CliStreams {
     std::ostream& out;
     std::ostream& err;
-    bool errIsTerminal = false;
+    bool inIsTerminal = false;          ///< whether somebody types what is read from standard input
     std::size_t outWidth = 80;          ///< characters in a line of the terminal that shows `out`
+    std::size_t errWidth = 0;           ///< the same of `err`; 0 where no terminal shows it
     bool (*readerHasGone)() = nullptr;  ///< whether nobody reads `out` any more; may be null
 };
 
@@ -52,8 +53,8 @@ class BoardSession {
     /// through.
     vx3260::Services& Services();
 
-    /// Reports on `err` if the port has failed since start-up, and returns whether it has.
-    bool ReportFailure();
+    /// How the port has failed since start-up; empty if it has not.
+    std::string NewFailure() const;
 
   private:
     const PortChoice& portChoice_;
@@ -61,8 +62,8 @@ class BoardSession {
     OperatingSystem& system_;
     std::ostream& err_;
     ConsoleMessages messages_;
-    OpenedPort opened_;
     ApplicationState state_;
+    OpenedPort opened_;
     std::optional<vx3260::Services> services_;
     std::string failureAtStart_;
 };

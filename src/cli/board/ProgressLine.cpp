@@ -1,35 +1,62 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/ProgressLine.h"
 
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "acquisition/ProgressText.h"
+
 namespace vx3260 {
 namespace {
 
-std::string Bar(int done, int total) {
-    constexpr int width = 30;
-    const auto filled = static_cast<std::size_t>(width * done / total);
-    std::string bar = "[";
-    bar.append(filled, '#').append(width - filled, '.').append("] ");
-    return bar + std::to_string(done) + " of " + std::to_string(total);
+/// What a terminal shows behind the line when Ctrl+C is pressed.
+constexpr std::string_view echo = "^C";
+
+/// Empty where there is no room for one.
+std::string Bar(int done, int total, std::size_t room) {
+    constexpr std::size_t minWidth = 8;
+    constexpr std::size_t maxWidth = 33;
+    const std::size_t width = std::min(room, maxWidth);
+    if (width < minWidth) {
+        return "";
+    }
+    const std::size_t cells = width - std::string_view("[] ").size();
+    const std::size_t filled =
+        cells * static_cast<std::size_t>(done) / static_cast<std::size_t>(total);
+    return "[" + std::string(filled, '#') + std::string(cells - filled, '.') + "] ";
 }
 
 }  // namespace
 
+ProgressLine::ProgressLine(std::ostream& terminal, int total, std::size_t width, Clock clock)
+    : terminal_(terminal),
+      total_(total),
+      width_(width),
+      clock_(std::move(clock)),
+      start_(clock_()),
+      nextDrawing_(start_) {}
+
 ProgressLine::~ProgressLine() {
-    if (width_ > 0) {
-        terminal_ << '\r' << std::string(width_, ' ') << '\r' << std::flush;
+    if (drawn_ > 0) {
+        terminal_ << '\r' << std::string(drawn_ + echo.size(), ' ') << '\r' << std::flush;
     }
 }
 
 void ProgressLine::Show(int done) {
     constexpr std::chrono::milliseconds interval{100};
-    const auto now = std::chrono::steady_clock::now();
-    if (!visible_ || now < nextDrawing_) {
+    const auto now = clock_();
+    if (width_ == 0 || now < nextDrawing_) {
         return;
     }
     nextDrawing_ = now + interval;
-    const std::string line = Bar(done, total_);
-    width_ = line.size();
-    terminal_ << '\r' << line << std::flush;
+    // The cursor behind the last column would begin a new line.
+    const std::size_t room = width_ - std::min(width_, echo.size() + 1);
+    const std::string text = ProgressText(done, total_, now - start_).substr(0, room);
+    const std::string line = Bar(done, total_, room - text.size()) + text;
+    const std::size_t rest = drawn_ - std::min(drawn_, line.size());
+    drawn_ = line.size();
+    terminal_ << '\r' << line << std::string(rest, ' ') << std::flush;
 }
 
 }  // namespace vx3260

@@ -2,17 +2,20 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <ostream>
 #include <string>
 
 namespace vx3260 {
 
-/// A progress bar with a count in one line of a terminal. The destructor clears it.
+/// A progress bar with the ProgressText in one line of a terminal. The destructor clears it.
 class ProgressLine {
   public:
-    /// Without `visible` nothing is ever drawn.
-    ProgressLine(std::ostream& terminal, int total, bool visible)
-        : terminal_(terminal), total_(total), visible_(visible) {}
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+    /// `width` is the number of characters in a line of the terminal; with 0 nothing is ever drawn.
+    ProgressLine(std::ostream& terminal, int total, std::size_t width,
+                 Clock clock = std::chrono::steady_clock::now);
     ~ProgressLine();
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine(ProgressLine&&) = delete;
@@ -25,9 +28,11 @@ class ProgressLine {
   private:
     std::ostream& terminal_;
     int total_;
-    bool visible_;
-    std::chrono::steady_clock::time_point nextDrawing_{};
-    std::size_t width_ = 0;  ///< of what stands in the line now
+    std::size_t width_;
+    Clock clock_;
+    std::chrono::steady_clock::time_point start_;
+    std::chrono::steady_clock::time_point nextDrawing_;
+    std::size_t drawn_ = 0;  ///< characters that stand in the line now
 };
 
 }  // namespace vx3260

@@ -1,21 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
-#include <vector>
 
 #include "cli/board/BoardSession.h"
 #include "files/CodeText.h"
+#include "link/Converter.h"
+#include "options/ExitCodes.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace vx3260 {
 
-/// The codes of a data file that is to be analysed. Throws as LoadCodes does, and BadDataError for
-/// a code that is the value of a time-out. A warning about the file is printed to `err`.
-std::vector<std::int32_t> LoadBlock(const std::string& path, Notation notation, std::ostream& err);
+/// The data file that a command is to analyse.
+struct BlockFile {
+    std::string path{};  ///< "-" for standard input
+    Notation notation = Notation::Decimal;
+    bool force = false;  ///< suspicious codes are analysed too
 
-/// For commands that work on a file and need no board: opens it only where its status is requested.
-void OpenForStatus(const CommandContext& context);
+    /// As messages name it.
+    std::string Name() const;
+};
+
+/// Adds FILE, which names the file.
+CLI::Option* AddFile(CLI::App& parser, BlockFile& file, const std::string& description);
+
+/// Adds --hex and --force, which need FILE.
+void AddFileOptions(CLI::App& parser, BlockFile& file, CLI::Option* fileOption);
+
+/// Runs a command that works on the file and needs no board, which is opened only where its status
+/// is requested. Codes that come through a pipe may be those of a reading: a Ctrl+C meant for that
+/// does not end this command too, but changes its exit code.
+ExitCode RunOnFile(const CommandContext& context, const BlockFile& file,
+                   const std::function<void()>& work);
+
+/// The codes of the file. Throws as LoadCodes does, and BadDataError for a code that is the value
+/// of a time-out. A warning about the file is printed to `err`.
+ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err);
+
+/// Prints a warning to `err` for each of the SuspicionsAbout the codes, and where they look like
+/// those of the other notation. Throws BadDataError if there is any, unless that is forced.
+void CheckSuspicions(const BlockFile& file, const ParsedCodes& block, Converter converter,
+                     std::ostream& err);
 
 }  // namespace vx3260

@@ -3,9 +3,14 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <limits>
+#include <map>
 #include <vector>
 
 #include "cli/reports/ConverterName.h"
+#include "numbers/Conversions.h"
+#include "numbers/NumberText.h"
+#include "numbers/RuntimeError.h"
 #include "numbers/WholeNumber.h"
 
 namespace vx3260 {
@@ -24,6 +29,37 @@ std::vector<std::string> ConverterNames() {
 std::string RefuseOtherThanDecimal(const std::string& text) {
     return DecimalNumber(text) && !HasLeadingZero(text) ? ""
                                                         : "'" + text + "' is not a decimal integer";
+}
+
+/// Throws if the text is not a number representable as float.
+float ToVolts(const std::string& text) {
+    const double volts = TextToDouble(text);
+    if (volts > std::numeric_limits<float>::max()) {
+        throw OverflowError();
+    }
+    return static_cast<float>(volts);
+}
+
+std::string RefuseOtherThanVoltage(const std::string& text) {
+    try {
+        if (ToVolts(text) > 0) {
+            return "";
+        }
+    } catch (const RuntimeError&) {
+        // Refused below, like a number that is not positive.
+    }
+    return "'" + text + "' is not a positive number of volts";
+}
+
+std::string FormatName(ReportFormat format) {
+    switch (format) {
+        case ReportFormat::Json:
+            return "json";
+        case ReportFormat::Csv:
+            return "csv";
+        default:
+            return "text";
+    }
 }
 
 }  // namespace
@@ -64,17 +100,31 @@ CLI::Option* AddCount(CLI::App& parser, std::int64_t& count) {
     return AddWholeNumber(parser, "--count", count, "How many codes to read");
 }
 
-CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format, ReportFormat other) {
-    const std::string text = "text";
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format,
+                       std::initializer_list<ReportFormat> others) {
+    std::map<std::string, ReportFormat> choices{
+        {FormatName(ReportFormat::Text), ReportFormat::Text}};
+    std::vector<std::string> names{FormatName(ReportFormat::Text)};
+    for (const ReportFormat other : others) {
+        names.push_back(FormatName(other));
+        choices.emplace(names.back(), other);
+    }
     return parser
         .add_option_function<std::string>(
-            "--format",
-            [&format, other, text](const std::string& name) {
-                format = name == text ? ReportFormat::Text : other;
-            },
+            "--format", [&format, choices](const std::string& name) { format = choices.at(name); },
             "How to print the results")
-        ->check(CLI::IsMember({text, std::string(other == ReportFormat::Json ? "json" : "csv")}))
-        ->default_str(text);
+        ->check(CLI::IsMember(names))
+        ->default_str(names.front());
+}
+
+CLI::Option* AddReference(CLI::App& parser, float& volts) {
+    return parser
+        .add_option_function<std::string>(
+            "--reference", [&volts](const std::string& text) { volts = ToVolts(text); },
+            "Reference voltage")
+        ->type_name("VOLTS")
+        ->default_str(ShortestText(volts))
+        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
 }
 
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description) {

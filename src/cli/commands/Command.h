@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 
 #include "cli/board/BoardSession.h"
@@ -56,8 +57,12 @@ CLI::Option* AddCount(CLI::App& parser, std::int64_t& count);
 /// How a command prints its results.
 enum class ReportFormat { Text, Json, Csv };
 
-/// Adds --format with the choice between text and another format.
-CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format, ReportFormat other);
+/// Adds --format with the choice between text and other formats.
+CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format,
+                       std::initializer_list<ReportFormat> others);
+
+/// Adds --reference, the reference voltage; its default is the value that `volts` has.
+CLI::Option* AddReference(CLI::App& parser, float& volts);
 
 /// Adds --hex, which makes the notation of data files hexadecimal.
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);

@@ -15,12 +15,33 @@
 #include "cli/commands/RegistersCommand.h"
 #include "cli/commands/ResetCommand.h"
 #include "cli/commands/SetCommand.h"
+#include "cli/commands/UnknownWord.h"
 
 namespace vx3260 {
+namespace {
+
+/// The help of all commands ends each one with its footer, such as the fields of set.
+class HelpFormatter final : public CLI::Formatter {
+  public:
+    std::string make_expanded(const CLI::App* command) const override {
+        const std::string footer = command->get_footer();
+        return Formatter::make_expanded(command) +
+               (footer.empty() ? "" : Indented("\n" + footer) + "\n");
+    }
+
+  private:
+    static std::string Indented(std::string text) {
+        return CLI::detail::find_and_replace(std::move(text), "\n", "\n  ");
+    }
+};
+
+}  // namespace
 
 CommandSet::CommandSet(CLI::App& parser) {
-    // Before the commands, which inherit it: options of the program may follow a command.
+    // Before the commands, which inherit these: options of the program may follow a command.
     parser.fallthrough();
+    parser.formatter(std::make_shared<HelpFormatter>());
+    parser.set_help_all_flag("--help-all", "Print the help of every command and exit");
     parser.allow_windows_style_options(false);  // the same words on every system
     parser.allow_extras();
     parser.require_subcommand(0, 1);
@@ -28,7 +49,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     parser.final_callback([&parser] {
         const std::vector<std::string> unknown = parser.remaining(true);
         if (!unknown.empty()) {
-            throw CLI::ExtrasError({unknown.front()});
+            RefuseUnknownWord(parser, unknown.front());
         }
         if (parser.get_subcommands().empty()) {
             throw CLI::RequiredError("A command");

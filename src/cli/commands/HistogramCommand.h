@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "cli/commands/BlockFile.h"
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
@@ -16,9 +17,10 @@ class HistogramCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
+    std::string Report(const CliStreams& streams) const;
+
     Converter converter_ = Converter::Main;
-    std::string file_;
-    Notation notation_ = Notation::Decimal;
+    BlockFile file_;
     std::int64_t maxBins_ = 0;  ///< 0: what suits the format
     ReportFormat format_ = ReportFormat::Text;
 };

@@ -2,49 +2,25 @@
 #include "cli/commands/NoiseCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <limits>
 #include <map>
 #include <span>
 #include <vector>
 
+#include "analysis/SuspiciousCodes.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
-#include "cli/board/BoardRegisters.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/BlockFile.h"
 #include "cli/reports/NoiseReport.h"
 #include "link/CodeBlock.h"
 #include "link/RegisterFields.h"
-#include "numbers/Conversions.h"
-#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
-#include "options/Validators.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr const char* rangeOption = "--range";
 constexpr const char* fullScaleOption = "--full-scale";
-
-/// Throws if the text is not a number representable as float.
-float ToVolts(const std::string& text) {
-    const double volts = TextToDouble(text);
-    if (volts > std::numeric_limits<float>::max()) {
-        throw OverflowError();
-    }
-    return static_cast<float>(volts);
-}
-
-std::string RefuseOtherThanVoltage(const std::string& text) {
-    try {
-        if (ToVolts(text) > 0) {
-            return "";
-        }
-    } catch (const RuntimeError&) {
-        // Refused below, like a number that is not positive.
-    }
-    return "'" + text + "' is not a positive number of volts";
-}
 
 /// Adds an option that puts one of a field's values, by name, into the value of a register.
 CLI::Option* AddField(CLI::App& parser, const std::string& option, const RegisterMap::Field& field,
@@ -92,30 +68,23 @@ NoiseAnalysis Analyse(std::span<const std::int32_t> codes, const ConversionCondi
 NoiseCommand::NoiseCommand(CLI::App& program)
     : Command(program, "noise", "Noise figures of a data file, or of a block read now") {
     AddConverter(Parser(), converter_);
-    CLI::Option* const file = AddFile();
+    CLI::Option* const file = AddFileWithConditions();
     AddCount(Parser(), count_)->excludes(file);
-    Parser()
-        .add_option_function<std::string>(
-            "--reference", [this](const std::string& text) { referenceVoltage_ = ToVolts(text); },
-            "Reference voltage")
-        ->type_name("VOLTS")
-        ->default_str(ShortestText(referenceVoltage_))
-        ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    AddReference(Parser(), referenceVoltage_);
+    AddFormat(Parser(), format_, {ReportFormat::Json});
 }
 
 /// FILE and the options that describe it. The converter, an option before these, is known when they
 /// are checked.
-CLI::Option* NoiseCommand::AddFile() {
+CLI::Option* NoiseCommand::AddFileWithConditions() {
     CLI::Option* const file =
-        Parser()
-            .add_option("FILE", file_, "Data file to analyse; without it, codes are read")
-            ->check(NotEmpty());
+        AddFile(Parser(), file_,
+                "Data file to analyse, or - for standard input; without it, codes are read");
     AddScale(file);
     file->needs(AddField(Parser(), "--polarity", RegisterMap::Polarity, fileControl_,
                          "Polarity that FILE was read with")
                     ->needs(file));
-    AddHex(Parser(), notation_, "FILE is in hexadecimal")->needs(file);
+    AddFileOptions(Parser(), file_, file);
     return file;
 }
 
@@ -130,7 +99,7 @@ void NoiseCommand::AddScale(CLI::Option* file) {
             ->needs(file);
     Parser().final_callback([this, range, fullScale] {
         const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
-        if (!file_.empty() && scale->empty()) {
+        if (!file_.path.empty() && scale->empty()) {
             throw CLI::RequiresError("FILE", scale->get_name());
         }
     });
@@ -148,32 +117,30 @@ CLI::Option* NoiseCommand::AddRange() {
 }
 
 ExitCode NoiseCommand::Run(const CommandContext& context) {
-    return file_.empty() ? RunOnBoard(context) : RunOnFile(context);
+    if (file_.path.empty()) {
+        return RunOnBoard(context);
+    }
+    return RunOnFile(context, file_, [this, &context] {
+        context.streams.out << Report(AnalyseFile(context.streams.err), "");
+    });
 }
 
 NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
-    const std::vector<std::int32_t> codes = LoadBlock(file_, notation_, err);
-    CheckCount(static_cast<std::int64_t>(codes.size()));
-    WarnOfSuspiciousCodes(codes, converter_, err);
+    const ParsedCodes block = LoadBlock(file_, err);
+    CheckCount(static_cast<std::int64_t>(block.codes.size()));
+    CheckSuspicions(file_, block, converter_, err);
     try {
-        return Analyse(codes, ConditionsOf(converter_, referenceVoltage_, fileControl_));
+        return Analyse(block.codes, ConditionsOf(converter_, referenceVoltage_, fileControl_));
     } catch (const RuntimeError& error) {
-        throw BadDataError(file_ + ": the codes cannot be analysed: " + error.what());
+        throw BadDataError(file_.Name() + ": the codes cannot be analysed: " + error.what());
     }
-}
-
-ExitCode NoiseCommand::RunOnFile(const CommandContext& context) const {
-    OpenForStatus(context);
-    context.streams.out << Report(AnalyseFile(context.streams.err), "");
-    return ExitCode::Success;
 }
 
 ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const std::int32_t control = ReadContents(services, TraitsOf(converter_).control);
-    const ConversionConditions conditions = ConditionsOf(converter_, referenceVoltage_, control);
+    const ConversionConditions conditions = ReadConditions(services, converter_, referenceVoltage_);
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
@@ -182,7 +149,7 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
-    WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
+    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
     context.streams.out << Report(Analyse(reading.codes, conditions), services.boardLabel);
     return ExitCodeOf(reading.end, stop.Requested());
 }

@@ -6,6 +6,7 @@
 
 #include "analysis/NoiseAnalysis.h"
 #include "app/StartUp.h"
+#include "cli/commands/BlockFile.h"
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
@@ -18,17 +19,15 @@ class NoiseCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
-    CLI::Option* AddFile();
+    CLI::Option* AddFileWithConditions();
     void AddScale(CLI::Option* file);
     CLI::Option* AddRange();
     NoiseAnalysis AnalyseFile(std::ostream& err) const;
-    ExitCode RunOnFile(const CommandContext& context) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
     std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
 
     Converter converter_ = Converter::Main;
-    std::string file_;
-    Notation notation_ = Notation::Decimal;
+    BlockFile file_;
     std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
     std::int64_t count_ = DefaultCount;
     float referenceVoltage_ = DefaultReferenceVoltage;

@@ -56,11 +56,24 @@ std::string Json(const std::vector<PortListing>& ports) {
     return JsonText({{"ports", list}});
 }
 
+/// Where a script lists the ports, the port was chosen for its other lines.
+void RefuseChosenPort(const CLI::App& program) {
+    for (const char* const name : {"--port", "--port-address"}) {
+        const CLI::Option* const option = program.get_option_no_throw(name);
+        if (option != nullptr && !option->empty()) {
+            throw CLI::ValidationError(name,
+                                       "the command ports does not take it: it lists all "
+                                       "printer ports");
+        }
+    }
+}
+
 }  // namespace
 
 PortsCommand::PortsCommand(CLI::App& program)
     : Command(program, "ports", "List the printer ports and whether each can be claimed") {
-    AddFormat(Parser(), format_, ReportFormat::Json);
+    AddFormat(Parser(), format_, {ReportFormat::Json});
+    Parser().final_callback([&program] { RefuseChosenPort(program); });
 }
 
 ExitCode PortsCommand::Run(const CommandContext& context) {

@@ -3,9 +3,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/board/BlockReading.h"
+#include "analysis/SuspiciousCodes.h"
 #include "cli/board/StopSignal.h"
-#include "files/CodeFile.h"
+#include "cli/reports/BlockReport.h"
 #include "numbers/FilePath.h"
 #include "numbers/NumberText.h"
 #include "options/Validators.h"
@@ -20,51 +20,109 @@ void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
     }
 }
 
-/// Returns where the codes are.
-std::string Save(const BlockReading& reading, Notation notation, CodeWriter& writer,
-                 std::ostream& err) {
-    if (reading.end == ReadingEnd::Complete) {
-        writer.Write(reading.codes, notation);
+/// Returns where the text is.
+std::string Save(const std::string& text, ReadingEnd end, CodeWriter& writer, std::ostream& err) {
+    if (end == ReadingEnd::Complete) {
+        writer.Write(text);
         return writer.Name();
     }
-    std::string place = writer.WriteIncomplete(reading.codes, notation);
+    std::string place = writer.WriteIncomplete(text);
     if (place != writer.Name()) {
         err << "The reading did not complete: " << writer.Name() << " stays as it was" << std::endl;
     }
     return place;
 }
 
+std::string_view NameOf(ReadingEnd end) {
+    switch (end) {
+        case ReadingEnd::TimedOut:
+            return "timed-out";
+        case ReadingEnd::Stopped:
+            return "stopped";
+        default:
+            return "complete";
+    }
+}
+
 }  // namespace
 
 ReadCommand::ReadCommand(CLI::App& program)
-    : Command(program, "read", "Read a block of codes into a data file, one code a line") {
+    : Command(program, "read",
+              "Read a block of codes into a data file, one code a line, or with times and volts") {
     AddConverter(Parser(), converter_);
     AddCount(Parser(), count_)->check(CLI::Range(1, static_cast<int>(MaxCodesInBlock)));
+    CLI::Option* const output =
+        Parser()
+            .add_option("-o,--output", output_, "File to write, in place of standard output")
+            ->type_name("FILE")
+            ->check(NotEmpty());
     Parser()
-        .add_option("-o,--output", output_, "Data file to write, in place of standard output")
-        ->type_name("FILE")
-        ->check(NotEmpty());
-    AddHex(Parser(), notation_, "Write the codes in hexadecimal");
+        .add_flag("--force", force_, "Replace an existing file by a complete reading")
+        ->needs(output);
+    AddFormatOptions();
+}
+
+/// A plain data file has codes and nothing else; the other formats have decimal ones, and volts.
+void ReadCommand::AddFormatOptions() {
+    AddFormat(Parser(), format_, {ReportFormat::Csv, ReportFormat::Json})
+        ->description("Codes alone, as a data file has them, or with their times and volts");
+    const CLI::Option* const hex = AddHex(Parser(), notation_, "Write the codes in hexadecimal");
+    const CLI::Option* const reference = AddReference(Parser(), referenceVoltage_);
+    Parser().final_callback([this, hex, reference] {
+        const bool text = format_ == ReportFormat::Text;
+        if (!text && !hex->empty()) {
+            throw CLI::ExcludesError("--format csv or json", hex->get_name());
+        }
+        if (text && !reference->empty()) {
+            throw CLI::RequiresError(reference->get_name(), "--format csv or json");
+        }
+    });
+}
+
+void ReadCommand::RefuseToReplace(const CodeWriter& writer) const {
+    if (!force_ && writer.WouldReplace()) {
+        throw FileAccessError("cannot write " + writer.Name() +
+                              ": the file exists; --force replaces it");
+    }
+}
+
+std::string ReadCommand::TextOf(const BlockReading& reading, std::string_view board,
+                                const std::optional<ConversionConditions>& conditions) const {
+    if (!conditions) {
+        return FormatCodes(reading.codes, notation_);
+    }
+    const ReadBlockReport report{.board = board,
+                                 .end = NameOf(reading.end),
+                                 .conditions = *conditions,
+                                 .codes = reading.codes,
+                                 .seconds = reading.seconds};
+    return format_ == ReportFormat::Csv ? BlockCsv(report) : BlockJson(report);
 }
 
 ExitCode ReadCommand::Run(const CommandContext& context) {
     RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     CodeWriter writer(output_, context.streams.out);
+    RefuseToReplace(writer);
     Services& services = context.board.Services();
     // The trace is there now, so that a link to it is seen too.
     RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     EnsureContinuousConversion(services, context.streams.err);
+    std::optional<ConversionConditions> conditions;
+    if (format_ != ReportFormat::Text) {
+        conditions = ReadConditions(services, converter_, referenceVoltage_);
+    }
     // Until the codes are saved, a signal must not end the process.
     const StopSignal stop;
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    WarnOfSuspiciousCodes(reading.codes, converter_, context.streams.err);
+    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
-    const std::string place = Save(reading, notation_, writer, context.streams.err);
+    const std::string place = Save(TextOf(reading, services.boardLabel, conditions), reading.end,
+                                   writer, context.streams.err);
     context.streams.err << "Wrote "
                         << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
                         << " to " << place << std::endl;

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
 
-/// registers: what every readable register holds, field by field.
+/// registers: what the readable registers, or those named, hold, field by field.
 class RegistersCommand final : public Command {
   public:
     explicit RegistersCommand(CLI::App& program);
@@ -13,6 +16,7 @@ class RegistersCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
+    std::vector<std::string> names_;
     ReportFormat format_ = ReportFormat::Text;
 };
 

@@ -26,6 +26,15 @@ std::string ExitCodeHelp() {
     return help;
 }
 
+/// Whether the port has failed since start-up.
+bool ReportFailure(const BoardSession& board, std::ostream& err) {
+    const std::string failure = board.NewFailure();
+    if (!failure.empty()) {
+        ReportError(err, "", failure);
+    }
+    return !failure.empty();
+}
+
 class Program {
   public:
     Program() {
@@ -43,15 +52,22 @@ class Program {
         try {
             Parse(arguments);
         } catch (const CLI::ParseError& error) {
-            const bool well = parser_.exit(error, streams.out, streams.err) == 0;
-            return well ? ExitCode::Success : ExitCode::WrongCommandLine;
+            if (error.get_exit_code() != 0) {
+                throw CommandError(
+                    ExitCode::WrongCommandLine,
+                    std::string(error.what()) + "\nRun with --help for more information.");
+            }
+            parser_.exit(error, streams.out, streams.err);
+            return ExitCode::Success;
         }
         BoardSession board(portChoice_, statusRequested, system, streams.err);
         try {
             const ExitCode code = commands_.Chosen().Run({board, system, streams});
-            return board.ReportFailure() && code == ExitCode::Success ? ExitCode::NoAnswer : code;
+            return ReportFailure(board, streams.err) && code == ExitCode::Success
+                       ? ExitCode::NoAnswer
+                       : code;
         } catch (...) {
-            board.ReportFailure();
+            ReportFailure(board, streams.err);
             throw;
         }
     }

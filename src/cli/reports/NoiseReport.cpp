@@ -5,10 +5,9 @@
 
 #include "analysis/NoiseTexts.h"
 #include "cli/reports/Columns.h"
+#include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
-#include "numbers/Conversions.h"
-#include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
@@ -41,11 +40,6 @@ std::string ResolutionLines(const NoiseAnalysis& analysis) {
     return lines;
 }
 
-/// The shortest decimal number of the same single-precision value: 2.56, not 2.55999994.
-double AsEntered(float value) {
-    return TextToDouble(ShortestText(value));
-}
-
 QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
     QJsonObject texts;
     for (const NoiseRow& row : NoiseRows) {
@@ -62,15 +56,14 @@ QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
 }
 
 QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
-    const ConversionConditions& conditions = analysis.conditions;
+    const ConditionValues conditions = ConditionValuesOf(analysis.conditions);
     const Resolution& resolution = analysis.resolution;
-    const double reference = AsEntered(conditions.referenceVoltage);
-    const double lsb = conditions.lsbVolts / conditions.referenceVoltage * reference;
+    const double lsb = conditions.lsbVolts;
     return {
         {"count", static_cast<qint64>(analysis.count)},
-        {"referenceVoltage", reference},
-        {"inputRange", AsEntered(conditions.inputRange)},
-        {"polarity", conditions.polarity == Polarity::Unipolar ? "unipolar" : "bipolar"},
+        {"referenceVoltage", conditions.referenceVoltage},
+        {"inputRange", conditions.inputRange},
+        {"polarity", QString::fromUtf8(conditions.polarity)},
         {"lsbVolts", lsb},
         {"maxCode", analysis.statistics.maxCode},
         {"minCode", analysis.statistics.minCode},
@@ -87,7 +80,7 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
         {"noiseFreeResolutionBits", resolution.noiseFree.bits},
         {"noiseFreeResolutionIsLowerBound", resolution.noiseFree.isLowerBound},
         {"peakToPeakVolts", analysis.span * lsb},
-        {"averageVolts", (analysis.exact.mean - conditions.zeroCode) * lsb},
+        {"averageVolts", conditions.VoltsOf(analysis.exact.mean)},
     };
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <sstream>
 
 #include "cli/commands/CliRun.h"
@@ -9,6 +12,10 @@
 
 namespace vx3260::test {
 namespace {
+
+QJsonObject Parsed(const Outcome& outcome) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.out)).object();
+}
 
 TEST(CommandLine, HelpAndVersionGoToStandardOutput) {
     const std::string help = RunProgram("--help").out;
@@ -58,7 +65,7 @@ TEST(ReadCommand, IncompleteReadingDoesNotReplaceAFile) {
     EXPECT_FALSE(Has(kept, "-2147483648"));
     ASSERT_GT(Lines(kept), 1);
 
-    const Outcome second = RunProgram(read + " --hex");
+    const Outcome second = RunProgram(read + " --hex --force");
     EXPECT_EQ(second.exitCode, ExitCode::NoAnswer);
     EXPECT_TRUE(Has(second.err, "did not complete: " + path + " stays as it was\nWrote "));
     EXPECT_EQ(folder.Bytes("x.dat"), kept);
@@ -66,6 +73,61 @@ TEST(ReadCommand, IncompleteReadingDoesNotReplaceAFile) {
     EXPECT_EQ(Lines(folder.Bytes(beside)), Lines(kept)) << beside;
     EXPECT_EQ(QFile::permissions(QString::fromStdString(folder.Path(beside))),
               QFile::permissions(QString::fromStdString(path)));
+}
+
+TEST(ReadCommand, ReplacesAFileOnlyByForce) {
+    const Folder folder;
+    const std::string path = folder.Make("x.dat", "old");
+    const std::string read = "--simulated read main --count 2 -o " + path;
+    const Outcome refused = RunProgram(read);
+    EXPECT_EQ(refused.exitCode, ExitCode::FileNotAccessible);
+    EXPECT_EQ(refused.err,
+              "vx3260-cli: cannot write " + path + ": the file exists; --force replaces it\n");
+    EXPECT_EQ(folder.Bytes("x.dat"), "old");
+    EXPECT_EQ(RunProgram(read + " --force").exitCode, ExitCode::Success);
+    EXPECT_EQ(Lines(folder.Bytes("x.dat")), 2);
+}
+
+/// The reading takes the same simulated time in either format, so it has the same codes.
+TEST(ReadCommand, WritesTimesAndVolts) {
+    const std::string read = "--simulated read main --count 3 --reference 3.3 --format ";
+    const QJsonObject report = Parsed(RunProgram(read + "json"));
+    EXPECT_EQ(report["board"].toString(), "Simulated board");
+    EXPECT_EQ(report["converter"].toString(), "main");
+    EXPECT_EQ(report["referenceVoltage"].toDouble(), 3.3);
+    EXPECT_EQ(report["range"].toDouble(), 2.56);
+    EXPECT_EQ(report["polarity"].toString(), "bipolar");
+    EXPECT_EQ(report["count"].toInt(), 3);
+    EXPECT_EQ(report["end"].toString(), "complete");
+    std::istringstream csv(RunProgram(read + "csv").out);
+    std::string line;
+    std::getline(csv, line);
+    EXPECT_EQ(line, "index,time_s,code,volts");
+    double before = 0;
+    for (int index = 1; index <= 3; ++index) {
+        const QJsonValue value = report["values"].toArray().at(index - 1);
+        std::getline(csv, line);
+        const QStringList cells = QString::fromStdString(line).split(',');
+        ASSERT_EQ(cells.size(), 4) << line;
+        EXPECT_EQ(cells[0].toInt(), index);
+        EXPECT_EQ(cells[2].toInt(), value["code"].toInt());
+        EXPECT_EQ(cells[3].toDouble(), value["volts"].toDouble());
+        EXPECT_NEAR(value["volts"].toDouble(),
+                    (value["code"].toInt() - 8388608) * 3.3 * 1.024 / 8388608, 1e-15);
+        EXPECT_GT(value["timeSeconds"].toDouble(), before);
+        before = value["timeSeconds"].toDouble();
+    }
+    EXPECT_FALSE(std::getline(csv, line)) << line;
+}
+
+TEST(ReadCommand, IncompleteReadingSaysHowItEnded) {
+    const Outcome outcome =
+        RunProgram("--simulated --fault board-gone=60000 read aux --format json");
+    EXPECT_EQ(outcome.exitCode, ExitCode::NoAnswer);
+    const QJsonObject report = Parsed(outcome);
+    EXPECT_EQ(report["end"].toString(), "timed-out");
+    EXPECT_EQ(report["values"].toArray().size(), report["count"].toInt());
+    EXPECT_GT(report["count"].toInt(), 1);
 }
 
 }  // namespace

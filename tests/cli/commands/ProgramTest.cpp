@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <algorithm>
 #include <csignal>
 
@@ -42,6 +44,21 @@ class Program : public testing::Test {
         while (!Printed("Reading ") && process.waitForReadyRead(-1)) {
             err += process.readAllStandardError().toStdString();
         }
+    }
+
+    /// Returns when the program catches SIGINT.
+    void WaitForHandler() const {
+        const QRegularExpression caught(QStringLiteral("SigCgt:.*[2367abef]\n"));
+        QFile status(QStringLiteral("/proc/%1/status").arg(process.processId()));
+        do {
+            ASSERT_TRUE(status.open(QIODevice::ReadOnly)) << "the program has ended";
+        } while (!caught.match(QString::fromUtf8(ReadAndClose(status))).hasMatch());
+    }
+
+    static QByteArray ReadAndClose(QFile& file) {
+        const QByteArray bytes = file.readAll();
+        file.close();
+        return bytes;
     }
 
     bool Printed(const std::string& text) const { return err.find(text) != std::string::npos; }
@@ -108,6 +125,16 @@ TEST_F(Program, CtrlCDuringAReadingEndsTheScript) {
     EXPECT_EQ(End(), ExitCode::Interrupted);
     EXPECT_TRUE(Printed("vx3260-cli: standard input:2: the script ends here\n")) << err;
     EXPECT_EQ(process.readAllStandardOutput(), "mode: 0x03 -> 0x13\n");
+}
+
+TEST_F(Program, CtrlCDoesNotLoseTheCodesInAPipe) {
+    Start({"histogram", "main", "-", "--format", "csv"});
+    WaitForHandler();
+    Send(SIGINT);
+    process.write(" 7\n 7\n 8\n");
+    process.closeWriteChannel();
+    EXPECT_EQ(End(), ExitCode::Interrupted) << err;
+    EXPECT_TRUE(process.readAllStandardOutput().contains("\n7,7,2,"));
 }
 
 TEST_F(Program, FullStandardOutputIsAnError) {

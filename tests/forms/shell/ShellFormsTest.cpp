@@ -32,6 +32,7 @@ TEST_F(ShellFormsTest, AboutShowsItsVersionAndStartsTheSystemsInformationProgram
         {{{key, "C:\\a.exe"}, {folder, "D:\\m"}}, "", {}, {"C:\\a.exe"}},
         {{{folder, "D:\\m"}}, "D:\\m\\MSINFO32.EXE", {}, {"D:\\m\\MSINFO32.EXE"}},
         {{{folder, "D:\\m"}}, "", {}, {}},
+        {{{key, ""}, {folder, ""}}, "\\MSINFO32.EXE", {"/usr/bin/info"}, {"/usr/bin/info"}},
         {{}, "", {"/usr/bin/info"}, {"/usr/bin/info"}, false},
     };
     for (const auto& c : cases) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "link/BoardAnswers.h"
+#include "link/ChipAnswers.h"
 
 #include <utility>
 
@@ -16,12 +16,12 @@ std::int32_t AllOnes(std::int16_t bits) {
 
 }  // namespace
 
-void BoardAnswers::Wrote(std::int16_t writeByte, std::int16_t bits, std::int32_t value) {
+void ChipAnswers::Wrote(std::int16_t writeByte, std::int16_t bits, std::int32_t value) {
     const auto address = static_cast<std::int16_t>(writeByte & addressMask);
     lastWrite_ = Write{address, value & AllOnes(bits)};
 }
 
-void BoardAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t value) {
+void ChipAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t value) {
     const std::optional<Write> written = std::exchange(lastWrite_, std::nullopt);
     if (value != 0 && value != AllOnes(bits)) {
         last_ = Answer::Given;
@@ -36,7 +36,7 @@ void BoardAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t v
     }
 }
 
-void BoardAnswers::TimedOut() {
+void ChipAnswers::TimedOut() {
     lastWrite_.reset();
     last_ = Answer::Missing;
 }

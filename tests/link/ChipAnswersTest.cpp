@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "link/BoardAnswers.h"
+#include "link/ChipAnswers.h"
 
 #include <gtest/gtest.h>
 
 namespace vx3260::test {
 namespace {
 
-using Answer = BoardAnswers::Answer;
+using Answer = ChipAnswers::Answer;
 
 struct Access {
     char kind;  ///< w and r with a communications byte's address, t
@@ -15,7 +15,7 @@ struct Access {
 };
 
 Answer After(const std::vector<Access>& accesses) {
-    BoardAnswers answers;
+    ChipAnswers answers;
     for (const auto& [kind, address, value] : accesses) {
         if (kind == 't') {
             answers.TimedOut();
@@ -28,7 +28,7 @@ Answer After(const std::vector<Access>& accesses) {
     return answers.Last();
 }
 
-TEST(BoardAnswers, GoByWhatOnlyABoardOrOnlyNoneCanGive) {
+TEST(ChipAnswers, GoByWhatOnlyABoardOrOnlyNoneCanGive) {
     EXPECT_EQ(After({}), Answer::Unknown);
     EXPECT_EQ(After({{'r', 1, 0}, {'r', 4, 0xFF}, {'r', 7, 0}}), Answer::Unknown);
     EXPECT_EQ(After({{'r', 1, 3}}), Answer::Given);

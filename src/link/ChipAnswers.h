@@ -9,7 +9,7 @@ namespace vx3260 {
 /// Whether a board has answered the program's accesses at a port. The chip gives no acknowledgement
 /// and a port without a board reads levels that are all equal, so this goes by what the accesses
 /// meet anyway; it makes none of its own.
-class BoardAnswers {
+class ChipAnswers {
   public:
     enum class Answer {
         Unknown,  ///< nothing was read that only a board, or only none, can give

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/reports/BlockReport.h"
+
+#include <QJsonArray>
+
+#include "cli/reports/ConditionValues.h"
+#include "cli/reports/ConverterName.h"
+#include "cli/reports/JsonText.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+
+std::string BlockCsv(const ReadBlockReport& block) {
+    constexpr int timeDecimals = 6;
+    const ConditionValues conditions = ConditionValuesOf(block.conditions);
+    std::string csv = "index,time_s,code,volts\n";
+    for (std::size_t i = 0; i < block.codes.size(); ++i) {
+        csv += std::to_string(i + 1) + ',' + FixedText(block.seconds[i], timeDecimals) + ',' +
+               std::to_string(block.codes[i]) + ',' +
+               ShortestText(conditions.VoltsOf(block.codes[i])) + '\n';
+    }
+    return csv;
+}
+
+std::string BlockJson(const ReadBlockReport& block) {
+    const ConditionValues conditions = ConditionValuesOf(block.conditions);
+    QJsonArray values;
+    for (std::size_t i = 0; i < block.codes.size(); ++i) {
+        values.append(QJsonObject{{"timeSeconds", block.seconds[i]},
+                                  {"code", block.codes[i]},
+                                  {"volts", conditions.VoltsOf(block.codes[i])}});
+    }
+    return JsonText({
+        {"board", BoardValue(block.board)},
+        {"converter", QString::fromUtf8(CommandLineName(block.conditions.converter))},
+        {"referenceVoltage", conditions.referenceVoltage},
+        {"range", conditions.inputRange},
+        {"polarity", QString::fromUtf8(conditions.polarity)},
+        {"count", static_cast<qint64>(block.codes.size())},
+        {"end", QString::fromUtf8(block.end)},
+        {"values", values},
+    });
+}
+
+}  // namespace vx3260
