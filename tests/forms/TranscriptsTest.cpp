@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Transcripts.h"
 
+#include <QAccessible>
+
 #include "forms/shell/MainMenuForm.h"
 #include "link/RegisterLookup.h"
 #include "support/Forms.h"
@@ -30,6 +32,18 @@ void TakePicture(QWidget& form) {
     const QString folder = qEnvironmentVariable("VX3260_PICTURES");
     if (!folder.isEmpty()) {
         form.grab().save(QDir(folder).filePath(form.objectName() + QStringLiteral(".png")));
+    }
+}
+
+/// What the keyboard reaches has a name for a screen reader.
+void ExpectNames(const QWidget& form) {
+    for (QWidget* const control : form.findChildren<QWidget*>()) {
+        if (control->isVisible() && (control->focusPolicy() & Qt::TabFocus) != 0) {
+            const QAccessibleInterface* const accessible =
+                QAccessible::queryAccessibleInterface(control);
+            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+                << control->objectName().toStdString();
+        }
     }
 }
 
@@ -92,6 +106,7 @@ class FormTranscript : public FormTest {
             EXPECT_EQ(opened.objectName(), header[1]);
             EXPECT_TRUE(bench->port->writes.empty());
             TakePicture(opened);
+            ExpectNames(opened);
             std::for_each(open + 1, lines.end(), [&](const QString& line) { Do(line, &opened); });
             EXPECT_EQ(messages_, "");
         });
