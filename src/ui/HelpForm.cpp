@@ -33,7 +33,7 @@ constexpr int pageMargin = 12;
 constexpr int cellPadding = 4;
 constexpr int gapAboveHeading = 16;
 constexpr int gapBelowHeading = 6;
-constexpr int gapBelowTable = 8;
+constexpr int gapAtTable = 6;
 constexpr int gapBesideForm = 8;
 
 QString PathOf(const QString& name) {
@@ -71,7 +71,8 @@ void FrameTables(QTextDocument& page, const QBrush& line) {
             format.setBorderCollapse(true);
             format.setCellSpacing(0);
             format.setCellPadding(cellPadding);
-            format.setBottomMargin(gapBelowTable);
+            format.setTopMargin(gapAtTable);
+            format.setBottomMargin(gapAtTable);
             table->setFormat(format);
         }
     }
