@@ -38,11 +38,14 @@ QStringList LinksOf(const QString& name) {
 class HelpFormTest : public FormTest {
   protected:
     /// The page that the help window shows, such as "ModeForm"; empty without a window.
-    QString Page() const {
+    std::string Page() const {
         const QDialog* const help = Help();
-        return help == nullptr || !help->isVisible()
-                   ? QString()
-                   : Find<QTextBrowser>(*help, "Page").source().fileName().section('.', 0, 0);
+        return help == nullptr || !help->isVisible() ? ""
+                                                     : Find<QTextBrowser>(*help, "Page")
+                                                           .source()
+                                                           .fileName()
+                                                           .section('.', 0, 0)
+                                                           .toStdString();
     }
     QDialog* Help() const { return form->findChild<HelpForm*>(); }
 
@@ -57,23 +60,23 @@ class HelpFormTest : public FormTest {
 TEST_F(HelpFormTest, F1OpensThePageOfTheFormAndTheWindowOutlivesModalForms) {
     Open<MainMenuForm>();
     QTest::keyClick(form.get(), Qt::Key_F1);
-    EXPECT_EQ(Page(), QStringLiteral("MainMenuForm"));
+    EXPECT_EQ(Page(), "MainMenuForm");
     EXPECT_TRUE(WhileModal([this] { Click(*form, "Command1"); },
                            [this](QDialog& menu) {
                                ClickInHelp("ContentsButton");
-                               EXPECT_EQ(Page(), QStringLiteral("index"));
+                               EXPECT_EQ(Page(), "index");
                                WhileModal([&] { Click(menu, "Command1"); },
                                           [this](QDialog& mode) {
                                               QTest::keyClick(&mode, Qt::Key_F1);
-                                              EXPECT_EQ(Page(), QStringLiteral("ModeForm"));
+                                              EXPECT_EQ(Page(), "ModeForm");
                                           });
                                ClickInHelp("BackButton");
-                               EXPECT_EQ(Page(), QStringLiteral("index"));
+                               EXPECT_EQ(Page(), "index");
                            }));
     ClickInHelp("BackButton");
-    EXPECT_EQ(Page(), QStringLiteral("MainMenuForm"));
+    EXPECT_EQ(Page(), "MainMenuForm");
     QTest::keyClick(Help(), Qt::Key_Escape);
-    EXPECT_EQ(Page(), QString());
+    EXPECT_EQ(Page(), "");
     EXPECT_TRUE(form->isVisible());
 }
 
@@ -84,9 +87,9 @@ TEST_F(HelpFormTest, TheMenuOpensContentsTheWindowsPageAndAbout) {
     EXPECT_TRUE(menu.isVisible());
     menu.close();
     Find<QAction>(*form, "MnuHelpContents").trigger();
-    EXPECT_EQ(Page(), QStringLiteral("index"));
+    EXPECT_EQ(Page(), "index");
     Find<QAction>(*form, "MnuHelpWindow").trigger();
-    EXPECT_EQ(Page(), QStringLiteral("MainMenuForm"));
+    EXPECT_EQ(Page(), "MainMenuForm");
     Help()->close();
     QString opened;
     WhileModal([this] { Find<QAction>(*form, "MnuHelpAbout").trigger(); },
@@ -104,7 +107,7 @@ TEST_F(HelpFormTest, LinksLeadToPagesAndTheContentsToAll) {
         EXPECT_TRUE(page == QStringLiteral("index.md") || contents.contains(page))
             << page.toStdString();
         for (const QString& link : LinksOf(page)) {
-            EXPECT_TRUE(IsPage(link)) << page.toStdString() << ": " << link.toStdString();
+            EXPECT_TRUE(IsPage(link)) << page.toStdString() << " links " << link.toStdString();
         }
     }
 }
