@@ -162,7 +162,7 @@ void HelpForm::PlaceBeside(const QWidget& form) {
     resize(size);
     const int right = beside.right() + gapBesideForm;
     const int left = beside.left() - gapBesideForm - size.width();
-    const int edge = space.right() - size.width();
+    const int edge = space.right() - size.width() - gapBesideForm;
     const bool fitsRight = right <= edge;
     move(!fitsRight && left >= space.left() ? left : std::min(right, edge),
          space.top() + (space.height() - size.height()) / 2);
