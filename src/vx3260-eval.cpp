@@ -34,8 +34,10 @@ void ReportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, cons
         return;
     }
     std::cerr << programName << ": no display for the forms. vx3260-cli does the same work in a "
-              << "terminal; see vx3260-cli --help.\n"
-              << text.toStdString() << std::endl;
+              << "terminal; see vx3260-cli --help." << std::endl;
+    if (qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
+        std::cerr << text.toStdString() << std::endl;
+    }
     std::_Exit(static_cast<int>(ExitCode::UnexpectedError));
 }
 

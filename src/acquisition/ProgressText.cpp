@@ -9,7 +9,7 @@ namespace vx3260 {
 
 std::string ProgressText(std::int64_t done, std::int64_t total,
                          std::chrono::duration<double> elapsed) {
-    const std::string text = std::to_string(done) + " of " + std::to_string(total);
+    std::string text = std::to_string(done) + " of " + std::to_string(total);
     if (done <= 0 || done >= total || elapsed < std::chrono::seconds(1)) {
         return text;
     }

@@ -22,7 +22,7 @@ std::string ConverterDisabled(Converter converter) {
 }
 
 std::string TimeoutDetail(const ParallelPort& port) {
-    const std::string failure = port.FailureDetail();
+    std::string failure = port.FailureDetail();
     if (!failure.empty()) {
         return failure;
     }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "link/BoardAnswers.h"
+
 namespace vx3260 {
 
 /// The record that GetParallelPortInfo fills in: three 32-bit words.
@@ -29,6 +31,13 @@ class ParallelPort {
     /// Fills in the base address of port `portNumber`. Zero on failure.
     virtual std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) = 0;
 
+    /// What the user calls the port, such as "parport0"; empty if unknown.
+    virtual std::string Name() const { return {}; }
+
+    /// What the accesses to the chip have met, kept by Register and ReadData.
+    BoardAnswers& Answers() { return answers_; }
+    const BoardAnswers& Answers() const { return answers_; }
+
     /// Why the last operation that failed did so, and what the user can do about it; a few lines.
     /// Empty if none failed or the reason is unknown.
     virtual std::string FailureDetail() const { return {}; }
@@ -45,6 +54,9 @@ class ParallelPort {
     ParallelPort(ParallelPort&&) = default;
     ParallelPort& operator=(const ParallelPort&) = default;
     ParallelPort& operator=(ParallelPort&&) = default;
+
+  private:
+    BoardAnswers answers_;
 };
 
 }  // namespace vx3260

@@ -7,7 +7,13 @@ namespace vx3260 {
 
 std::int32_t ReadData::Read() {
     SerialWrite(parallelPort_, ReadAddress, portAddress_, 8);
-    return SerialReadWhenReady(parallelPort_, WordLength, portAddress_);
+    const std::int32_t code = SerialReadWhenReady(parallelPort_, WordLength, portAddress_);
+    if (code == ReadTimeout) {
+        parallelPort_.Answers().TimedOut();
+    } else {
+        parallelPort_.Answers().Read(ReadAddress, WordLength, code);
+    }
+    return code;
 }
 
 }  // namespace vx3260

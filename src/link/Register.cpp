@@ -8,7 +8,9 @@ namespace vx3260 {
 
 double Register::ReadReg() {
     SerialWrite(parallelPort_, ReadAddress, portAddress_, 8);
-    return SerialRead(parallelPort_, WordLength, portAddress_);
+    const double value = SerialRead(parallelPort_, WordLength, portAddress_);
+    parallelPort_.Answers().Read(ReadAddress, WordLength, ToInt32(value));
+    return value;
 }
 
 std::int32_t Register::ReadValue() {
@@ -17,7 +19,9 @@ std::int32_t Register::ReadValue() {
 
 void Register::WriteReg() {
     SerialWrite(parallelPort_, WriteAddress, portAddress_, 8);
-    SerialWrite(parallelPort_, ToInt32(RegValue), portAddress_, WordLength);
+    const std::int32_t value = ToInt32(RegValue);
+    SerialWrite(parallelPort_, value, portAddress_, WordLength);
+    parallelPort_.Answers().Wrote(WriteAddress, WordLength, value);
 }
 
 void Register::WriteValue(double value) {

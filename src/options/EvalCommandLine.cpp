@@ -28,12 +28,13 @@ std::string FileAmong(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         if (!word.starts_with('-') && IsFile(word)) {
             if (!file.empty()) {
-                throw CLI::ExtrasError("more than one file is named",
-                                       static_cast<int>(CLI::ExitCodes::ExtrasError));
+                throw CLI::ValidationError("Name one file; " + word + " is one more");
             }
             file = word;
-        } else if (word.starts_with('-') || !HoldsStatusSwitch(word)) {
+        } else if (word.starts_with('-')) {
             throw CLI::ExtrasError({word});
+        } else if (!HoldsStatusSwitch(word)) {
+            throw CLI::ValidationError("There is no file " + word);
         }
     }
     return file;

@@ -26,6 +26,7 @@ class PpdevPort final : public DevicePort {
     PpdevPort& operator=(PpdevPort&&) = delete;
 
     std::int32_t GetParallelPortCount() override;
+    std::string Name() const override { return path_.substr(path_.rfind('/') + 1); }
     std::string FailureDetail() const override { return failure_; }
 
   protected:

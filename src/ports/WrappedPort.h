@@ -20,6 +20,7 @@ class WrappedPort : public ParallelPort {
     std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) final {
         return inner_->GetParallelPortInfo(portNumber, info);
     }
+    std::string Name() const final { return inner_->Name(); }
     std::string FailureDetail() const final { return inner_->FailureDetail(); }
 
   protected:

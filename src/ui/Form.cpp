@@ -13,6 +13,7 @@
 #include <exception>
 #include <utility>
 
+#include "app/BoardState.h"
 #include "ui/EntryError.h"
 #include "ui/HelpForm.h"
 #include "ui/KeyPresses.h"
@@ -24,26 +25,35 @@ Form::Form(Services& services, QWidget* parent) : QDialog(parent), services_(ser
 }
 
 void Form::ShowBoardLabel(QLabel* label) {
-    label->setText(QString::fromStdString(services_.boardLabel));
-    label->setVisible(!services_.boardLabel.empty());
-    label->setToolTip(tr("Readings come from the simulated board, not from a chip"));
     boardLabel_ = label;
-    ColourBoardLabel();
+    UpdateBoardLabel();
 }
 
 /// Colours that a style sheet takes from the palette stay when the palette changes.
-void Form::ColourBoardLabel() {
+void Form::UpdateBoardLabel() {
+    if (boardLabel_ == nullptr) {
+        return;
+    }
+    const BoardState board = BoardStateOf(services_);
+    boardLabel_->setText(QString::fromStdString(board.text));
+    boardLabel_->setToolTip(QString::fromStdString(board.meaning));
     const QPalette colours = palette();
-    boardLabel_->setStyleSheet(QStringLiteral("QLabel { border: 1px solid %1; color: %2;"
-                                              " border-radius: 4px; padding: 2px 8px; }")
-                                   .arg(colours.color(QPalette::Highlight).name(),
-                                        colours.color(QPalette::WindowText).name()));
+    const QString style = QStringLiteral(
+                              "QLabel { border: %1 solid %2; color: %3; border-radius: 4px;"
+                              " padding: 2px 8px; font-weight: %4; }")
+                              .arg(board.good ? QStringLiteral("1px") : QStringLiteral("2px"),
+                                   colours.color(QPalette::Highlight).name(),
+                                   colours.color(QPalette::WindowText).name(),
+                                   board.good ? QStringLiteral("normal") : QStringLiteral("bold"));
+    if (boardLabel_->styleSheet() != style) {
+        boardLabel_->setStyleSheet(style);
+    }
 }
 
 void Form::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && boardLabel_ != nullptr) {
-        ColourBoardLabel();
+    if (event->type() == QEvent::PaletteChange) {
+        UpdateBoardLabel();
     }
 }
 
@@ -79,6 +89,7 @@ void Form::showEvent(QShowEvent* event) {
         return;
     }
     PrepareButtons();
+    UpdateBoardLabel();
     FitToScreen();
 }
 
@@ -107,7 +118,7 @@ void Form::FitToScreen() {
     }
     const QSize frame = frameGeometry().size() - size();
     const QSize space = screen()->availableGeometry().size() - frame;
-    const QSize needed = minimumSizeHint();
+    const QSize needed = minimumSizeHint().expandedTo(minimumSize());
     if (needed.width() > space.width() || needed.height() > space.height()) {
         MakeScrollable();
     }
@@ -125,6 +136,7 @@ void Form::MakeScrollable() {
     }
     QWidget* const focused = focusWidget();
     auto* const area = new QScrollArea(this);
+    area->setObjectName(QStringLiteral("ScrollArea"));
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
@@ -136,7 +148,7 @@ void Form::MakeScrollable() {
     whole->addWidget(area);
     area->show();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    resize(content->minimumSizeHint() + QSize(bar, bar));
+    resize(content->minimumSizeHint() + QSize(2 * bar, 2 * bar));
     if (focused != nullptr) {
         focused->setFocus();
     }
@@ -161,6 +173,7 @@ void Form::Guarded(const std::function<void()>& handler) {
     } catch (const std::exception& error) {
         ShowMessage({.text = error.what(), .icon = MessageIcon::Critical});
     }
+    UpdateBoardLabel();
 }
 
 }  // namespace vx3260

@@ -60,8 +60,10 @@ class Form : public QDialog {
         form.exec();
     }
 
-    /// Shows in `label` that the form works on a simulated board; hides it with a real one.
+    /// Shows in `label` what the readings come from, BoardStateOf; it follows what the form's own
+    /// accesses meet.
     void ShowBoardLabel(QLabel* label);
+    void UpdateBoardLabel();
 
     void OpenHelp();
 
@@ -71,7 +73,6 @@ class Form : public QDialog {
     void changeEvent(QEvent* event) override;
 
   private:
-    void ColourBoardLabel();
     void PrepareButtons();
     void FitToScreen();
     void MakeScrollable();

@@ -107,19 +107,21 @@ void MoveFocusByArrows(const std::vector<QAbstractButton*>& options) {
 }
 
 void SelectTextOnFocus(QLineEdit* edit) {
-    new EventFilter(edit, [edit, clickedInto = false](const QEvent& event) mutable {
-        if (event.type() == QEvent::FocusIn) {
-            const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
-            clickedInto = reason == Qt::MouseFocusReason;
-            if (reason == Qt::OtherFocusReason) {
+    new EventFilter(
+        edit, [edit, clickedInto = false, hadFocus = false](const QEvent& event) mutable {
+            if (event.type() == QEvent::FocusIn) {
+                const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+                clickedInto = reason == Qt::MouseFocusReason;
+                // A window that becomes active again leaves the selection as it was.
+                if (!std::exchange(hadFocus, true) || reason == Qt::OtherFocusReason) {
+                    edit->selectAll();
+                }
+            } else if (event.type() == QEvent::MouseButtonRelease &&
+                       std::exchange(clickedInto, false) && !edit->hasSelectedText()) {
                 edit->selectAll();
             }
-        } else if (event.type() == QEvent::MouseButtonRelease &&
-                   std::exchange(clickedInto, false) && !edit->hasSelectedText()) {
-            edit->selectAll();
-        }
-        return false;
-    });
+            return false;
+        });
 }
 
 }  // namespace vx3260

@@ -18,11 +18,18 @@ namespace {
 /// real time. A delay above 107374 ms is therefore an overflow; intentional.
 constexpr std::int32_t turnsPerMillisecond = 20000;
 
-/// Milliseconds. Throws if the text is not a number or is too large.
-std::int32_t DelayOf(const std::string& text) {
-    const std::int32_t milliseconds = TextToInt32(text);
-    Product(milliseconds, turnsPerMillisecond);
-    return milliseconds;
+constexpr char delayAdvice[] =
+    "Delay Between Reads: a whole number of milliseconds from 0 to 107374.";
+
+/// Milliseconds. Throws EntryError if the text is not a number.
+std::int32_t DelayIn(QLineEdit* edit) {
+    return Entered(edit, delayAdvice, TextToInt32);
+}
+
+/// Throws EntryError for a delay that is too large.
+void CheckDelay(QLineEdit* edit, std::int32_t milliseconds) {
+    Entered(edit, delayAdvice,
+            [=](const std::string&) { return Product(milliseconds, turnsPerMillisecond); });
 }
 
 }  // namespace
@@ -67,12 +74,11 @@ void ReadingForm::ReadForDisplay() {
     if (loop_->Running()) {
         return;
     }
-    const std::int32_t delay =
-        Entered(controls_.delay,
-                "Delay Between Reads: a whole number of milliseconds from 0 to 107374.", DelayOf);
+    const std::int32_t delay = DelayIn(controls_.delay);
     if (RefusedAsDisabled()) {
         return;
     }
+    CheckDelay(controls_.delay, delay);
     PrepareReading();
     AfterReading(loop_->Run([this, delay](const ReadingHooks& hooks) {
         const auto show = [this, delay](std::int32_t code) {

@@ -32,6 +32,8 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
     ShowBoardLabel(ui_->BadgeLabel);
+    // Room for two lines, so that nothing moves when a notice comes.
+    ui_->NoticeLabel->setMinimumHeight(2 * ui_->NoticeLabel->fontMetrics().lineSpacing());
     // Alt+P opens the printer-port menu; the button that shares the letter gives way.
     ui_->Command1->setShortcut(QKeySequence());
 

@@ -57,9 +57,6 @@ TEST_P(ReadDataFormTest, IsCentredAndHasNoDefaultButton) {
     }
     const QPoint off = form->frameGeometry().center() - form->screen()->geometry().center();
     EXPECT_LE(off.manhattanLength(), 6);  // a frame's width
-    bench->services->boardLabel.clear();
-    Open();
-    EXPECT_FALSE(Find(*form, "BadgeLabel").isVisible());
 }
 
 TEST_P(ReadDataFormTest, ReadsABlockByButtonAndByEnter) {

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/BoardState.h"
+
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+std::string PlaceOf(const Services& services) {
+    const std::string name = services.port.Name();
+    return name.empty()
+               ? "port " + PrefixedHex(static_cast<std::uint16_t>(services.state.PortAddress))
+               : name;
+}
+
+}  // namespace
+
+BoardState BoardStateOf(const Services& services) {
+    const bool missing = services.port.Answers().Last() == BoardAnswers::Answer::Missing;
+    if (!services.boardLabel.empty()) {
+        const std::string meaning = "Readings come from the simulated board, not from a chip";
+        return {missing ? services.boardLabel + " does not answer" : services.boardLabel, meaning,
+                !missing};
+    }
+    const std::string failure = services.port.FailureDetail();
+    if (services.state.PortClaimFailed || !failure.empty()) {
+        return {"No printer port", failure.empty() ? "No printer port could be claimed" : failure,
+                false};
+    }
+    if (missing) {
+        return {
+            "Board does not answer",
+            "Check the cable, the board's power and the printer port (" + PlaceOf(services) + ")",
+            false};
+    }
+    return {"Board on " + PlaceOf(services), "Readings come from the board at this printer port",
+            true};
+}
+
+}  // namespace vx3260

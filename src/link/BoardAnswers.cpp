@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/BoardAnswers.h"
+
+#include <utility>
+
+#include "link/RegisterMap.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int16_t addressMask = 0x0F;
+
+std::int32_t AllOnes(std::int16_t bits) {
+    return static_cast<std::int32_t>((std::uint32_t{1} << static_cast<unsigned>(bits)) - 1);
+}
+
+}  // namespace
+
+void BoardAnswers::Wrote(std::int16_t writeByte, std::int16_t bits, std::int32_t value) {
+    const auto address = static_cast<std::int16_t>(writeByte & addressMask);
+    lastWrite_ = Write{address, value & AllOnes(bits)};
+}
+
+void BoardAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t value) {
+    const std::optional<Write> written = std::exchange(lastWrite_, std::nullopt);
+    if (value != 0 && value != AllOnes(bits)) {
+        last_ = Answer::Given;
+        return;
+    }
+    const bool lost =
+        written && written->address == (readByte & addressMask) && written->value != value;
+    // Bits 7 and 5 of the mode register are always 0.
+    const bool impossible = readByte == RegisterMap::Mode.readByte && value != 0;
+    if (lost || impossible) {
+        last_ = Answer::Missing;
+    }
+}
+
+void BoardAnswers::TimedOut() {
+    lastWrite_.reset();
+    last_ = Answer::Missing;
+}
+
+}  // namespace vx3260
