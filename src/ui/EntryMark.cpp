@@ -12,17 +12,22 @@ constexpr QLatin1String markName("entryMark");
 }  // namespace
 
 void MarkEntry(QLineEdit* edit, const QString& reason) {
+    const bool wasMarked = IsMarked(edit);
+    if (!wasMarked && reason.isEmpty()) {
+        return;
+    }
     auto* mark = edit->findChild<QAction*>(markName, Qt::FindDirectChildrenOnly);
-    if (mark == nullptr && !reason.isEmpty()) {
+    if (mark == nullptr) {
         mark = edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxWarning),
                                QLineEdit::TrailingPosition);
         mark->setObjectName(markName);
     }
-    if (mark != nullptr) {
-        mark->setVisible(!reason.isEmpty());
-        mark->setToolTip(reason);
+    if (!wasMarked) {
+        mark->setData(edit->toolTip());
     }
-    edit->setToolTip(reason);
+    mark->setVisible(!reason.isEmpty());
+    mark->setToolTip(reason);
+    edit->setToolTip(reason.isEmpty() ? mark->data().toString() : reason);
     edit->setAccessibleDescription(reason);
 }
 

@@ -6,7 +6,7 @@
 namespace vx3260 {
 
 /// Marks a line edit whose text cannot be used, with a warning sign and the reason as its tool tip
-/// and accessible description. An empty reason removes the mark.
+/// and accessible description. An empty reason removes the mark and brings the tool tip back.
 void MarkEntry(QLineEdit* edit, const QString& reason);
 
 /// Whether the line edit is marked.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Form.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -14,6 +15,7 @@
 
 #include "app/BoardState.h"
 #include "ui/EntryError.h"
+#include "ui/HelpForm.h"
 #include "ui/KeyPresses.h"
 
 namespace vx3260 {
@@ -61,6 +63,24 @@ void Form::ShowFailure(const std::exception& error, const std::string& detail) {
         text[0] = static_cast<char>(text[0] - 'a' + 'A');
     }
     ShowMessage({.text = text, .icon = MessageIcon::Exclamation, .detail = detail});
+}
+
+/// An open help window stays usable.
+void Form::setVisible(bool visible) {
+    HelpForm::GiveTo(visible ? this : parentWidget(), this);
+    QDialog::setVisible(visible);
+}
+
+void Form::OpenHelp() {
+    HelpForm::Open(this, objectName());
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1) {
+        OpenHelp();
+    } else {
+        QDialog::keyPressEvent(event);
+    }
 }
 
 void Form::showEvent(QShowEvent* event) {

@@ -16,12 +16,15 @@ namespace vx3260 {
 /// modally, and show the errors of their handlers. A form reads the chip in its constructor; an
 /// exception from there leaves the form unopened and is shown by the opener. Escape and the close
 /// box end in reject(), as "B&ack" does. Enter clicks the button that has the focus, and no other.
-/// A form larger than its screen gets scroll bars.
+/// A form larger than its screen gets scroll bars. F1 opens the page of help that has the form's
+/// object name.
 class Form : public QDialog {
     Q_OBJECT
 
   public:
     Form(Services& services, QWidget* parent);
+
+    void setVisible(bool visible) override;
 
   protected:
     Services& Shared() const { return services_; }
@@ -62,6 +65,9 @@ class Form : public QDialog {
     void ShowBoardLabel(QLabel* label);
     void UpdateBoardLabel();
 
+    void OpenHelp();
+
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

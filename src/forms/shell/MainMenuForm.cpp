@@ -20,6 +20,7 @@
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/HelpForm.h"
 #include "ui_MainMenuForm.h"
 
 namespace vx3260 {
@@ -48,6 +49,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     On(ui_->Command10, &QPushButton::clicked, &MainMenuForm::AnalyseAuxNoise);
     On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
+    ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {
         fileChoice_.path = QString::fromStdString(file);
@@ -73,6 +75,13 @@ void MainMenuForm::ConnectPrinterPortMenu() {
         item->setEnabled(State().PrinterPortEnabled[i]);
         connect(item, &QAction::triggered, this, [this, i] { ChoosePort(PrinterPorts[i]); });
     }
+}
+
+void MainMenuForm::ConnectHelpMenu() {
+    connect(ui_->MnuHelpContents, &QAction::triggered, this,
+            [this] { HelpForm::OpenContents(this); });
+    On(ui_->MnuHelpWindow, &QAction::triggered, &MainMenuForm::OpenHelp);
+    On(ui_->MnuHelpAbout, &QAction::triggered, &MainMenuForm::OpenForm<aboutform>);
 }
 
 /// Changes only the address of later accesses: no port is claimed and nothing is sent.

@@ -15,8 +15,8 @@ class MainMenuForm;
 
 namespace vx3260 {
 
-/// The program's home window: a button for each activity and the printer-port menu. Closing it
-/// ends the program without a question; "&Quit" asks and then ends the process at once.
+/// The program's home window: a button for each activity, the printer-port menu and the help menu.
+/// Closing it ends the program without a question; "&Quit" asks and then ends the process at once.
 class MainMenuForm final : public Form {
     Q_OBJECT
 
@@ -46,6 +46,7 @@ class MainMenuForm final : public Form {
     bool EnsureContinuousConversion();
     QAction* ItemOf(const PrinterPort& port);
     void ConnectPrinterPortMenu();
+    void ConnectHelpMenu();
     void ChoosePort(const PrinterPort& port);
     void ShowPort();
 

@@ -169,13 +169,16 @@ TEST_F(ReadAuxDataFormTest, ShowsTheTemperatureOfItsSensor) {
     EXPECT_NEAR(temperature(), kelvin / 1.1 - 273.15, 0.1);
     Type("SlopeText", "0");
     EXPECT_NE(Box("SlopeText").accessibleDescription(), QString());
+    EXPECT_TRUE(Box("SlopeText").toolTip().contains(QStringLiteral("stays in use")));
     EXPECT_NEAR(temperature(), kelvin / 1.1 - 273.15, 0.1);
     Type("RefText", "5");
     EXPECT_NEAR(temperature(), 2 * kelvin / 1.1 - 273.15, 0.2);
     Open<ReadAuxDataForm>();
     Expect("SlopeText: 1.100");
     bench->state.ReferenceVoltage = 2.5F;
+    Type("SlopeText", "");
     Type("SlopeText", "1");
+    EXPECT_TRUE(Box("SlopeText").toolTip().startsWith(QStringLiteral("Millivolts per kelvin")));
     DuringReading([this] { PressAKey(); });
     ClickOn("Command2");
     EXPECT_NEAR(temperature(), kelvin - 273.15, 0.5);
