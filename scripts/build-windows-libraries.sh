@@ -10,9 +10,8 @@ source scripts/build-functions.sh
 
 qtOptions=(-DBUILD_SHARED_LIBS=OFF -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF)
 # What the programs do not use, does not build with this compiler, or would need a library more.
-# Without settings, file dialogs write no history to the registry.
-for feature in settings tabletevent sql network dbus xml opengl dynamicgl concurrent vulkan \
-    direct2d directwrite directwrite3 icu system_zlib system_png system_jpeg system_freetype system_harfbuzz \
+for feature in tabletevent sql network dbus xml opengl dynamicgl concurrent vulkan direct2d directwrite \
+    directwrite3 icu system_zlib system_png system_jpeg system_freetype system_harfbuzz \
     system_pcre2; do
     qtOptions+=("-DFEATURE_$feature=OFF")
 done

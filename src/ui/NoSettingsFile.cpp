@@ -5,10 +5,17 @@
 
 namespace vx3260 {
 
+/// No file can be made below a device, so reading finds nothing and writing fails silently.
 void PreventSettingsFile() {
-#ifndef QT_NO_SETTINGS
-    // No file can be made below a device, so reading finds nothing and writing fails silently.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+void DiscardDialog::operator()(QFileDialog* dialog) const {
+#ifdef _WIN32
+    dialog->hide();
+    dialog->setParent(nullptr);
+#else
+    delete dialog;
 #endif
 }
 

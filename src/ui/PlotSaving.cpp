@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "files/CodeFile.h"
+#include "ui/NoSettingsFile.h"
 
 namespace vx3260 {
 namespace {
@@ -37,22 +38,24 @@ struct ChosenFile {
 
 /// The dialog itself asks before it returns the name of an existing file.
 ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds) {
-    QFileDialog dialog(parent);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const FileDialog dialog(new QFileDialog(parent));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const FileKind& kind : kinds) {
         filters.append(kind.filter);
     }
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(kinds.front().suffix);
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
-        dialog.setDefaultSuffix(kinds.at(static_cast<std::size_t>(filters.indexOf(filter))).suffix);
-    });
-    dialog.selectFile(name);
-    if (dialog.exec() != QDialog::Accepted) {
+    dialog->setNameFilters(filters);
+    dialog->setDefaultSuffix(kinds.front().suffix);
+    QObject::connect(dialog.get(), &QFileDialog::filterSelected, dialog.get(),
+                     [&](const QString& filter) {
+                         dialog->setDefaultSuffix(
+                             kinds.at(static_cast<std::size_t>(filters.indexOf(filter))).suffix);
+                     });
+    dialog->selectFile(name);
+    if (dialog->exec() != QDialog::Accepted) {
         return {};
     }
-    return {dialog.selectedFiles().value(0), dialog.defaultSuffix()};
+    return {dialog->selectedFiles().value(0), dialog->defaultSuffix()};
 }
 
 bool IsPdf(const ChosenFile& file) {

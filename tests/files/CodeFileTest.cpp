@@ -19,7 +19,8 @@ TEST(CodeFile, SavesAndLoadsUnderAnyName) {
     const Folder folder;
     const std::string name = "Messung ä 測定.dat";
     CodeWriter writer(folder.Path(name));
-    EXPECT_TRUE(std::filesystem::is_empty(folder.Path("."))) << "the check of the place left a file";
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path(".")))
+        << "the check of the place left a file";
     writer.Write(FormatCodes(Codes{1, -1}, Notation::Hexadecimal));
     EXPECT_EQ(folder.Bytes(name), "1\nFFFFFFFF\n");
     EXPECT_EQ(LoadCodes(folder.Path(name), Notation::Hexadecimal).codes, (Codes{1, -1}));

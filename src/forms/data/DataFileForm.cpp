@@ -10,6 +10,7 @@
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 #include "ui/KeyPresses.h"
+#include "ui/NoSettingsFile.h"
 #include "ui_DataFileForm.h"
 
 namespace vx3260 {
@@ -104,19 +105,19 @@ QString DataFileForm::ChosenCount() {
 }
 
 void DataFileForm::Browse() {
-    QFileDialog dialog(this, windowTitle(), ui_->PathText->text());
-    dialog.setAcceptMode(traits_.dialog);
-    dialog.setFileMode(traits_.dialog == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                                 : QFileDialog::AnyFile);
-    dialog.setNameFilters({tr("Data files (*.dat *.txt)"), tr("All files (*)")});
-    dialog.setDefaultSuffix(QStringLiteral("dat"));
+    const FileDialog dialog(new QFileDialog(this, windowTitle(), ui_->PathText->text()));
+    dialog->setAcceptMode(traits_.dialog);
+    dialog->setFileMode(traits_.dialog == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                                  : QFileDialog::AnyFile);
+    dialog->setNameFilters({tr("Data files (*.dat *.txt)"), tr("All files (*)")});
+    dialog->setDefaultSuffix(QStringLiteral("dat"));
     // Asked when the file is written, for a typed path as for a chosen one.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
     const QFileInfo current(ui_->PathText->text());
-    dialog.setDirectory(current.absolutePath());
-    dialog.selectFile(current.fileName());
-    if (dialog.exec() == QDialog::Accepted) {
-        ui_->PathText->setText(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+    dialog->setDirectory(current.absolutePath());
+    dialog->selectFile(current.fileName());
+    if (dialog->exec() == QDialog::Accepted) {
+        ui_->PathText->setText(QDir::toNativeSeparators(dialog->selectedFiles().constFirst()));
     }
 }
 
