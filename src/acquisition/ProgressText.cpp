@@ -8,15 +8,16 @@
 namespace vx3260 {
 
 std::string ProgressText(std::int64_t done, std::int64_t total,
-                         std::chrono::duration<double> elapsed) {
+                         std::chrono::duration<double> elapsed, std::optional<double> rate) {
     std::string text = std::to_string(done) + " of " + std::to_string(total);
-    if (done <= 0 || done >= total || elapsed < std::chrono::seconds(1)) {
+    if (done > 0 && elapsed >= std::chrono::seconds(1)) {
+        rate = static_cast<double>(done) / elapsed.count();
+    }
+    if (!rate || done >= total) {
         return text;
     }
-    const double left =
-        elapsed.count() * static_cast<double>(total - done) / static_cast<double>(done);
-    return text + ", " + DurationText(std::chrono::seconds(std::llround(std::ceil(left)))) +
-           " left";
+    const double left = std::ceil(static_cast<double>(total - done) / *rate);
+    return text + ", " + DurationText(std::chrono::seconds(std::llround(left))) + " left";
 }
 
 }  // namespace vx3260

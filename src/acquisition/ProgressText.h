@@ -3,13 +3,16 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace vx3260 {
 
 /// How far a block is: "1804 of 5000, 2:41 left". The time left is that of the readings so far,
-/// `elapsed`, applied to the rest; it is left out before a second has passed.
+/// `elapsed`, applied to the rest. Before a second has passed it goes by `rate`, in readings a
+/// second, and is left out where that is not known.
 std::string ProgressText(std::int64_t done, std::int64_t total,
-                         std::chrono::duration<double> elapsed);
+                         std::chrono::duration<double> elapsed,
+                         std::optional<double> rate = std::nullopt);
 
 }  // namespace vx3260

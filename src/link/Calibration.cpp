@@ -13,7 +13,11 @@ std::int32_t StartCalibration(Register& modeRegister, std::int32_t mode) {
 }
 
 bool WaitForCalibration(ParallelPort& parallelPort, std::int16_t port) {
-    return WaitForReady(parallelPort, port, CalibrationPollLimit);
+    const bool ended = WaitForReady(parallelPort, port, CalibrationPollLimit);
+    if (!ended) {
+        parallelPort.Answers().TimedOut();
+    }
+    return ended;
 }
 
 }  // namespace vx3260

@@ -36,6 +36,10 @@ void ChipAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t va
     }
 }
 
+void ChipAnswers::Forget() {
+    *this = {};
+}
+
 void ChipAnswers::TimedOut() {
     lastWrite_.reset();
     last_ = Answer::Missing;

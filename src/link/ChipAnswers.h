@@ -19,6 +19,9 @@ class ChipAnswers {
 
     Answer Last() const { return last_; }
 
+    /// Called when the accesses go to another address.
+    void Forget();
+
     /// Called after a register was written. The bytes are whole communications bytes.
     void Wrote(std::int16_t writeByte, std::int16_t bits, std::int32_t value);
 

@@ -19,7 +19,8 @@ namespace {
 
 bool IsFile(const std::string& word) {
     std::error_code unknown;
-    return std::filesystem::exists(FilePath(word), unknown);
+    const auto status = std::filesystem::status(FilePath(word), unknown);
+    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
 /// The file that the words name.
@@ -28,7 +29,8 @@ std::string FileAmong(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         if (!word.starts_with('-') && IsFile(word)) {
             if (!file.empty()) {
-                throw CLI::ValidationError("Name one file; " + word + " is one more");
+                throw CLI::ValidationError("Only one file can be named; " + word +
+                                           " is the second");
             }
             file = word;
         } else if (word.starts_with('-')) {
@@ -59,9 +61,9 @@ EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments) {
         request.file = FileAmong(app.remaining());
     } catch (const CLI::ParseError& error) {
         std::ostringstream text;
-        const bool well = app.exit(error, text, text) == 0;
-        request.exitCode = well ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
-        request.text = text.str();
+        const bool isHelp = app.exit(error, text, text) == 0;
+        request.exitCode = isHelp ? 0 : static_cast<int>(ExitCode::WrongCommandLine);
+        request.text = (isHelp ? "" : "vx3260-eval: ") + text.str();
     }
     return request;
 }

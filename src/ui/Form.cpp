@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <exception>
 #include <utility>
@@ -90,15 +91,34 @@ void Form::showEvent(QShowEvent* event) {
     }
     PrepareButtons();
     UpdateBoardLabel();
-    FitToScreen();
+    frameChecks_ = 0;
+    FitToScreen(windowHandle()->frameMargins());
 }
 
-/// The window system tells the size of the window's frame only once the window is on the screen.
 void Form::paintEvent(QPaintEvent* event) {
     QDialog::paintEvent(event);
-    if (!std::exchange(painted_, true)) {
-        QTimer::singleShot(0, this, &Form::FitToScreen);
+    if (frameChecks_ == 0) {
+        FollowFrame();
     }
+}
+
+/// The window's frame is known only some time after the window is on the screen, and a window
+/// manager may place the window once more; without one there is no frame.
+void Form::FollowFrame() {
+    constexpr int maxFrameChecks = 20;
+    constexpr int millisecondsBetweenChecks = 10;
+    const QMargins frame = windowHandle()->frameMargins();
+    if (!frame.isNull()) {
+        FitToScreen(frame);
+    }
+    if (++frameChecks_ < maxFrameChecks) {
+        QTimer::singleShot(millisecondsBetweenChecks, this, &Form::FollowFrame);
+    }
+}
+
+MessageAnswer Form::ShowMessage(const Message& message) {
+    UpdateBoardLabel();
+    return services_.messages.Show(message);
 }
 
 void Form::PrepareButtons() {
@@ -112,21 +132,28 @@ void Form::PrepareButtons() {
     }
 }
 
-void Form::FitToScreen() {
+void Form::FitToScreen(const QMargins& frame) {
     if (isMaximized()) {
         return;
     }
-    const QSize frame = frameGeometry().size() - size();
-    const QSize space = screen()->availableGeometry().size() - frame;
+    const QSize space = screen()->availableGeometry().marginsRemoved(frame).size();
     const QSize needed = minimumSizeHint().expandedTo(minimumSize());
     if (needed.width() > space.width() || needed.height() > space.height()) {
         MakeScrollable();
     }
     resize(size().boundedTo(space));
+    CentreOnScreen(frame);
+}
+
+/// The title bar stays on the screen.
+void Form::CentreOnScreen(const QMargins& frame) {
     const QRect onScreen = screen()->geometry();
-    const QSize whole = size() + frame;
-    move(onScreen.left() + std::max(0, (onScreen.width() - whole.width()) / 2),
-         onScreen.top() + std::max(0, (onScreen.height() - whole.height()) / 2));
+    const QSize framed = size().grownBy(frame);
+    const int freeWidth = std::max(0, (onScreen.width() - framed.width()) / 2);
+    const int freeHeight = std::max(0, (onScreen.height() - framed.height()) / 2);
+    constexpr int gapAtEdge = 8;
+    const int aside = qRound(side_ * std::clamp(freeWidth - gapAtEdge, 0, framed.width() / 2));
+    move(onScreen.left() + freeWidth + aside, onScreen.top() + freeHeight);
 }
 
 /// Moves everything into a scroll area.
@@ -143,9 +170,9 @@ void Form::MakeScrollable() {
     auto* const content = new QWidget(area);
     content->setLayout(layout());
     area->setWidget(content);
-    auto* const whole = new QVBoxLayout(this);
-    whole->setContentsMargins({});
-    whole->addWidget(area);
+    auto* const outerLayout = new QVBoxLayout(this);
+    outerLayout->setContentsMargins({});
+    outerLayout->addWidget(area);
     area->show();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     resize(content->minimumSizeHint() + QSize(2 * bar, 2 * bar));

@@ -31,7 +31,7 @@ class Form : public QDialog {
     ApplicationState& State() { return services_.state; }
 
     /// Shows a message box over this form.
-    MessageAnswer ShowMessage(const Message& message) { return services_.messages.Show(message); }
+    MessageAnswer ShowMessage(const Message& message);
 
     /// Shows why an attempt failed; `detail` says what was left unchanged.
     void ShowFailure(const std::exception& error, const std::string& detail);
@@ -68,20 +68,27 @@ class Form : public QDialog {
     void OpenHelp();
 
     void keyPressEvent(QKeyEvent* event) override;
+    /// Makes the form open beside the screen's centre: -1 to its left, 1 to its right, as far as
+    /// the form's width and the screen allow.
+    void OpenAside(double side) { side_ = side; }
+
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
     void PrepareButtons();
-    void FitToScreen();
+    void FollowFrame();
+    void FitToScreen(const QMargins& frame);
+    void CentreOnScreen(const QMargins& frame);
     void MakeScrollable();
 
     Services& services_;
     QLabel* boardLabel_ = nullptr;
     bool prepared_ = false;
     bool scrollable_ = false;
-    bool painted_ = false;
+    int frameChecks_ = 0;
+    double side_ = 0;
 };
 
 }  // namespace vx3260

@@ -8,17 +8,21 @@
 namespace vx3260 {
 namespace {
 
-void Show(QLabel* label, const QString& text, const QString& explanation) {
-    label->setText(text);
-    label->setToolTip(explanation);
-    label->setAccessibleDescription(explanation);
+void Explain(QWidget* control, const QString& explanation) {
+    control->setToolTip(explanation);
+    control->setAccessibleDescription(explanation);
 }
 
 }  // namespace
 
+void ExplainHex(QWidget* control, std::int32_t value) {
+    Explain(control,
+            QCoreApplication::translate("ValueTexts", "hexadecimal; decimal %1").arg(value));
+}
+
 void ShowHex(QLabel* label, const QString& text, std::int32_t value) {
-    Show(label, text,
-         QCoreApplication::translate("ValueTexts", "hexadecimal; decimal %1").arg(value));
+    label->setText(text);
+    ExplainHex(label, value);
 }
 
 void ShowHex(QLabel* label, std::int32_t value) {
@@ -26,9 +30,9 @@ void ShowHex(QLabel* label, std::int32_t value) {
 }
 
 void ShowDecimal(QLabel* label, std::int32_t value) {
-    Show(label, QString::number(value),
-         QCoreApplication::translate("ValueTexts", "decimal; hexadecimal %1")
-             .arg(QString::fromStdString(HexText(value))));
+    label->setText(QString::number(value));
+    Explain(label, QCoreApplication::translate("ValueTexts", "decimal; hexadecimal %1")
+                       .arg(QString::fromStdString(HexText(value))));
 }
 
 }  // namespace vx3260

@@ -6,8 +6,11 @@
 
 namespace vx3260 {
 
-/// Shows a number in hexadecimal, as `text` has it; tool tip and accessible description say so and
-/// give the decimal number.
+/// Tool tip and accessible description of a control that shows a number in hexadecimal: they say so
+/// and give the decimal number.
+void ExplainHex(QWidget* control, std::int32_t value);
+
+/// Shows a number in hexadecimal, as `text` has it, with ExplainHex.
 void ShowHex(QLabel* label, const QString& text, std::int32_t value);
 
 /// The same, with HexText of the number.

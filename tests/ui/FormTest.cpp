@@ -28,19 +28,19 @@ class AnyFormTest : public FormTest {
 
 TEST_F(AnyFormTest, ShowsWhatItsReadingsComeFrom) {
     Open<ModeForm>();
-    Expect("BadgeLabel: Simulated board");
+    Expect("BoardLabel: Simulated board");
     UseBoardWith("dout-stuck-high");
     Open<ModeForm>();
-    Expect("BadgeLabel: Simulated board does not answer");
+    Expect("BoardLabel: Simulated board does not answer");
     bench->services->boardLabel.clear();
     ClickOn("OptBufOff");
-    Expect("BadgeLabel: Board does not answer");
+    Expect("BoardLabel: Board does not answer");
     bench->port->Answers().Read(0x41, 8, 3);
     Open<ProgramForm>();
-    Expect("BadgeLabel: Board on port 0x378");
+    Expect("BoardLabel: Board on port 0x378");
     bench->state.PortClaimFailed = true;
     Open<ProgramForm>();
-    Expect("BadgeLabel: No printer port");
+    Expect("BoardLabel: No printer port");
 }
 
 TEST_F(AnyFormTest, ClicksTheFocusedButtonOnEnterAndNoOther) {

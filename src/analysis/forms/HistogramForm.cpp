@@ -30,7 +30,8 @@ HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWi
       ui_(std::make_unique<Ui::HistogramForm>()),
       histogram_(ComputeHistogram(block.codes, MaxHistogramBins)) {
     ui_->setupUi(this);
-    SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
+    OpenAside(1);
+    SetUp({ui_->HeadingLabel, ui_->BoardLabel, ui_->Plot, ui_->Command1, ui_->Command2,
            ui_->Command3, ui_->Command4, ui_->Command5, ui_->SavedLabel},
           tr("Histogram"));
     Draw();

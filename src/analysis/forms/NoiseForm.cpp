@@ -35,7 +35,7 @@ NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
     ui_->HeadingLabel->setText(
         tr("%1 ADC Noise Analysis").arg(QString::fromUtf8(TraitsOf(converter).name)));
     UseHeadingFont(ui_->HeadingLabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->Command1, &QPushButton::clicked, &NoiseForm::PlotGraph);
     On(ui_->Command2, &QPushButton::clicked, &NoiseForm::PlotHistogram);
     On(ui_->Command3, &QPushButton::clicked, &NoiseForm::reject);

@@ -30,7 +30,8 @@ constexpr double areaDistance = 2;
 PlotForm::PlotForm(Services& services, const AnalysedBlock& block, QWidget* parent)
     : BlockPlotForm(services, block, parent), ui_(std::make_unique<Ui::PlotForm>()) {
     ui_->setupUi(this);
-    SetUp({ui_->HeadingLabel, ui_->BadgeLabel, ui_->Plot, ui_->Command1, ui_->Command2,
+    OpenAside(-1);
+    SetUp({ui_->HeadingLabel, ui_->BoardLabel, ui_->Plot, ui_->Command1, ui_->Command2,
            ui_->Command3, ui_->Command4, ui_->Command5, ui_->SavedLabel},
           tr("Codes"));
     for (QLabel* label : {ui_->CursorALabel, ui_->CursorBLabel, ui_->DifferenceLabel}) {

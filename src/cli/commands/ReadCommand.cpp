@@ -20,15 +20,18 @@ void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
     }
 }
 
-/// Returns where the text is.
-std::string Save(const std::string& text, ReadingEnd end, CodeWriter& writer, std::ostream& err) {
-    if (end == ReadingEnd::Complete) {
+/// Returns where the text is. A file may have appeared during a reading of minutes.
+std::string Save(const std::string& text, ReadingEnd end, bool force, CodeWriter& writer,
+                 std::ostream& err) {
+    const bool complete = end == ReadingEnd::Complete;
+    if (complete && (force || !writer.WouldReplace())) {
         writer.Write(text);
         return writer.Name();
     }
     std::string place = writer.WriteIncomplete(text);
     if (place != writer.Name()) {
-        err << "The reading did not complete: " << writer.Name() << " stays as it was" << std::endl;
+        err << (complete ? "A file has appeared there: " : "The reading did not complete: ")
+            << writer.Name() << " stays as it was" << std::endl;
     }
     return place;
 }
@@ -122,7 +125,7 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
         return ExitCodeOf(reading.end, stop.Requested());
     }
     const std::string place = Save(TextOf(reading, services.boardLabel, conditions), reading.end,
-                                   writer, context.streams.err);
+                                   force_, writer, context.streams.err);
     context.streams.err << "Wrote "
                         << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
                         << " to " << place << std::endl;

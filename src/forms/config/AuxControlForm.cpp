@@ -17,7 +17,7 @@ AuxControlForm::AuxControlForm(Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::AuxControlForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     const Captions channels[] = {
         {ui_->OptAIN3_Agnd, "AIN3 - AGND", "AIN5 - AGND"},
         {ui_->OptAIN4_Agnd, "AIN4 - AGND", "AIN6 - AGND"},
@@ -59,13 +59,14 @@ void AuxControlForm::ConnectOptions() {
          error,
          {.always = [this] { State().Polarity = vx3260::Polarity::Unipolar; },
           .beforeReading = [this] { ShowClickedUnipolar(); },
-          .atTheEnd = [this] { ShowClickedReference(); }}},
+          .atTheEnd = [this] { ShowClickedReference(true); }}},
         {ui_->OptBipolar,
          RegisterMap::Polarity,
          0,
          error,
          {.always = [this] { State().Polarity = vx3260::Polarity::Bipolar; },
-          .beforeReading = [this] { ShowCaptions(references_, false); }}},
+          .beforeReading = [this] { ShowCaptions(references_, false); },
+          .atTheEnd = [this] { ShowClickedReference(false); }}},
         {ui_->OptAuxEn, Enable, 1, error},
         {ui_->OptAuxDis, Enable, 0, error},
     });
@@ -88,12 +89,14 @@ void AuxControlForm::FollowBits(std::int32_t value) {
 
 void AuxControlForm::ShowClickedUnipolar() {
     ShowCaptions(references_, true);
-    ShowClickedReference();
+    ShowClickedReference(true);
 }
 
-/// After a click the caption lacks its dash until the form is opened again; intentional.
-void AuxControlForm::ShowClickedReference() {
-    ui_->OptREF->setText(QStringLiteral("0 REFIN2"));
+/// This caption follows the click, also where the chip did not take it. The unipolar one lacks its
+/// dash until the form is opened again; intentional.
+void AuxControlForm::ShowClickedReference(bool unipolar) {
+    ui_->OptREF->setText(unipolar ? QStringLiteral("0 REFIN2")
+                                  : QString::fromUtf8(references_.front().first));
 }
 
 }  // namespace vx3260

@@ -28,7 +28,7 @@ class AuxControlForm final : public ControlForm {
 
     void ConnectOptions();
     void ShowClickedUnipolar();
-    void ShowClickedReference();
+    void ShowClickedReference(bool unipolar);
 
     std::unique_ptr<Ui::AuxControlForm> ui_;
     std::vector<Captions> references_;

@@ -49,7 +49,7 @@ CalibrationForm::CalibrationForm(Services& services, const CalibrationTraits& tr
     ui_->setupUi(this);
     NameControls();
     UseHeadingFont(ui_->Label53);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->Command1, &QPushButton::clicked, &CalibrationForm::reject);
     zeroScale_.entry = ui_->ZeroText;
     zeroScale_.hexLabel = ui_->ZeroLabel;

@@ -64,7 +64,7 @@ Filterform::Filterform(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->Filterlabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     ui_->Bits->MakeCells();
     SelectTextOnFocus(ui_->TxtFilter);
     SelectTextOnFocus(ui_->TxtUpdate);

@@ -14,7 +14,7 @@ IOControlForm::IOControlForm(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->HeadingLabel);
     UseValueFont(ui_->IOControlLabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     MakeBits(*ui_->Bits);
     switchPins_ = {
         {ui_->OptP1Power, ui_->OptP1Tri, ui_->OptP1IO, ui_->OptP1High, ui_->OptP1Low, &P1Function,

@@ -12,7 +12,7 @@ MainControlForm::MainControlForm(Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::MainControlForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     const Captions channels[] = {
         {ui_->OptAIN1_2, "AIN1 - AIN2", "AIN1 - AIN4"},
         {ui_->OptAIN3_4, "AIN3 - AIN4", "AIN3 - AIN4"},

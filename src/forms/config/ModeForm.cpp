@@ -16,7 +16,7 @@ ModeForm::ModeForm(Services& services, QWidget* parent)
     ui_->CalLabel->clear();
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->modeLabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     MakeBits(*ui_->Bits);
     ConnectOptions();
     On(ui_->Command3, &QPushButton::clicked, &ModeForm::reject);

@@ -3,6 +3,7 @@
 
 #include <QGroupBox>
 #include <QScopeGuard>
+#include <QShowEvent>
 #include <QString>
 #include <algorithm>
 #include <utility>
@@ -53,7 +54,7 @@ void RegisterForm::SetOptions(std::vector<Option> options) {
             }
         });
     }
-    // An arrow key must not start a calibration.
+    // Selecting an option writes the chip, so arrow keys only move the focus.
     for (const QWidget* const frame : findChildren<QGroupBox*>()) {
         const auto buttons =
             frame->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
@@ -111,7 +112,9 @@ void RegisterForm::FocusSelected(const QWidget& within) {
 
 void RegisterForm::showEvent(QShowEvent* event) {
     Form::showEvent(event);
-    FocusSelected(*this);
+    if (!event->spontaneous()) {
+        FocusSelected(*this);
+    }
 }
 
 void RegisterForm::WhileLoading(const std::function<void()>& refresh) {

@@ -5,11 +5,13 @@
 #include "acquisition/Reading.h"
 #include "analysis/forms/CountRefusal.h"
 #include "app/MessageTexts.h"
+#include "link/FilterRate.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "ui/EntryError.h"
 #include "ui/Fonts.h"
 #include "ui/KeyPresses.h"
+#include "ui/ValueTexts.h"
 
 namespace vx3260 {
 namespace {
@@ -92,15 +94,25 @@ void BlockReadingForm::FollowProgress() {
     }
 }
 
+/// That of the filter register, if its form was opened. The simulated board keeps no real time.
+std::optional<double> BlockReadingForm::Rate() {
+    const std::int16_t filterWord = State().FilterValue;
+    if (filterWord == 0 || !Shared().boardLabel.empty()) {
+        return std::nullopt;
+    }
+    return UpdateRateOf(filterWord);
+}
+
 void BlockReadingForm::ShowProgress(int done) {
     QProgressBar* const bar = controls_.progress;
     const std::chrono::milliseconds elapsed(sinceStart_.elapsed());
-    bar->setFormat(QString::fromStdString(ProgressText(done, bar->maximum(), elapsed)));
+    bar->setFormat(QString::fromStdString(ProgressText(done, bar->maximum(), elapsed, Rate())));
     bar->setValue(done);
 }
 
 void BlockReadingForm::ShowCode(std::int32_t code) {
     ShowAtOnce(controls_.currentCode, HexText(code));
+    ExplainHex(controls_.currentCode, code);
 }
 
 }  // namespace vx3260

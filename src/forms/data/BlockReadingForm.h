@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <cstdint>
+#include <optional>
 
 #include "forms/data/ReadingForm.h"
 
@@ -47,6 +48,7 @@ class BlockReadingForm : public ReadingForm {
     void ReadForAnalysis();
     void AnalyseBlock();
     void FollowProgress();
+    std::optional<double> Rate();
     void ShowProgress(int done);
 
     CodeBlock Block() { return State().BlockOf(converter_); }

@@ -54,7 +54,7 @@ DataFileForm::DataFileForm(Services& services, const DataFileTraits& traits, Dat
     setWindowTitle(traits.title);
     ui_->HeadingLabel->setText(traits.heading);
     UseHeadingFont(ui_->HeadingLabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     setAcceptDrops(true);
     ui_->Command1->setText(traits.command);
     ui_->ResultLabel->setMinimumHeight(resultRows * ui_->ResultLabel->fontMetrics().lineSpacing());
@@ -119,6 +119,10 @@ void DataFileForm::Browse() {
     if (dialog->exec() == QDialog::Accepted) {
         ui_->PathText->setText(QDir::toNativeSeparators(dialog->selectedFiles().constFirst()));
     }
+}
+
+void DataFileForm::ShowHint(const QString& text) {
+    ui_->ResultLabel->setText(text);
 }
 
 QString DataFileForm::Run() {

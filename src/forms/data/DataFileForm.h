@@ -43,6 +43,9 @@ class DataFileForm : public Form {
   public:
     ~DataFileForm() override;
 
+    /// Shows a text in place of a result.
+    void ShowHint(const QString& text);
+
     /// Does what the form's main button does, without showing the form. Gives the text of the
     /// result label, which is empty after a failure; that has been shown.
     QString Run();

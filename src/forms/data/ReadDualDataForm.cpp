@@ -6,6 +6,7 @@
 #include "link/Serial.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/ValueTexts.h"
 #include "ui_ReadDualDataForm.h"
 
 namespace vx3260 {
@@ -40,8 +41,10 @@ std::int32_t ReadDualDataForm::ReadNext() {
 void ReadDualDataForm::ShowCode(std::int32_t code) {
     const std::int32_t auxCode = Reader().CodeAlongside();
     ShowAtOnce(ui_->MainCodeText, HexText(code));
+    ExplainHex(ui_->MainCodeText, code);
     ShowAtOnce(ui_->MainVoltsText, SteadyVoltsText(Conditions(Converter::Main), code));
     ShowAtOnce(ui_->AuxCodeText, HexText(auxCode));
+    ExplainHex(ui_->AuxCodeText, auxCode);
     ShowAtOnce(ui_->AuxVoltsText, SteadyVoltsText(Conditions(Converter::Aux), auxCode));
 }
 

@@ -26,7 +26,7 @@ QString ReadFileForm::Process(const std::string& path) {
     if (look && *look != ChosenNotation()) {
         warnings.insert(warnings.begin(), OtherNotationText(*look));
     }
-    if (!warnings.empty() && !LoadAllTheSame(warnings)) {
+    if (!warnings.empty() && ChosenBlock().count > 0 && !ConfirmReplacement(warnings)) {
         return tr("Nothing was read.");
     }
     const CodeBlock block = ChosenBlock();
@@ -47,14 +47,13 @@ QString ReadFileForm::Process(const std::string& path) {
     return result;
 }
 
-/// A block in the wrong notation must not replace a good one.
-bool ReadFileForm::LoadAllTheSame(const std::vector<std::string>& warnings) {
-    std::string text = "The file is unlikely to be a block of the " + ChosenName().toStdString() +
-                       " ADC in this notation:\r\n";
+/// Codes in the wrong notation must not replace a good block.
+bool ReadFileForm::ConfirmReplacement(const std::vector<std::string>& warnings) {
+    std::string text = "The codes of this file are suspicious:\r\n";
     for (const std::string& warning : warnings) {
         text += "\r\n" + warning;
     }
-    return ShowMessage({.text = text + "\r\n\r\nReplace the block all the same ?",
+    return ShowMessage({.text = text + "\r\n\r\nReplace the block anyway ?",
                         .icon = MessageIcon::Exclamation,
                         .buttons = MessageButtons::YesNo}) == MessageAnswer::Yes;
 }

@@ -19,7 +19,7 @@ class ReadFileForm final : public DataFileForm {
     QString Process(const std::string& path) override;
 
   private:
-    bool LoadAllTheSame(const std::vector<std::string>& warnings);
+    bool ConfirmReplacement(const std::vector<std::string>& warnings);
 };
 
 }  // namespace vx3260

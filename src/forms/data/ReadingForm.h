@@ -43,7 +43,7 @@ class ReadingForm : public Form {
     template <typename Ui>
     static Controls ControlsOf(const Ui& ui) {
         return {ui.HeadingLabel, ui.DelayText, ui.RefText,  ui.ReadingLabel, ui.StopButton,
-                ui.Text1,        ui.Command2,  ui.Command4, ui.BadgeLabel};
+                ui.Text1,        ui.Command2,  ui.Command4, ui.BoardLabel};
     }
 
     /// `converters` are those that must be enabled. The codes are the first one's; the other

@@ -12,15 +12,15 @@
 
 namespace vx3260 {
 
-/// A form's reading loop: it prompts for a key, any key but a lone modifier stops it, and so does a
-/// button that is there meanwhile; between two reads the interface stays alive. Everything runs on
-/// the one user-interface thread.
+/// A form's reading loop: it prompts for a key, any key but a lone modifier stops it, and so does
+/// the Stop button, visible only while a loop runs; between two reads the interface stays alive.
+/// Everything runs on the one user-interface thread.
 class ReadingLoop final : public QObject {
     Q_OBJECT
 
   public:
-    /// `prompt` shows the prompt while a loop runs, and `stop` is there; `keyTarget` has the focus
-    /// meanwhile.
+    /// `prompt` shows the prompt while a loop runs; `stop` is visible and `keyTarget` has the focus
+    /// then.
     ReadingLoop(QLabel* prompt, QAbstractButton* stop, QWidget* keyTarget, QObject* parent);
 
     bool Running() const { return running_; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/shell/MainMenuForm.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QTime>
 #include <QTimer>
@@ -24,6 +26,20 @@
 #include "ui_MainMenuForm.h"
 
 namespace vx3260 {
+namespace {
+
+/// The file forms share the folder, and have names of their own: a file that was read must not be
+/// proposed for writing.
+void KeepFolder(const DataFileChoice& used, DataFileChoice& other) {
+    const QFileInfo file(used.path);
+    if (file.isAbsolute()) {
+        const QString name = QFileInfo(other.path).fileName();
+        other.path = QDir::toNativeSeparators(
+            file.dir().filePath(name.isEmpty() ? QStringLiteral("Default.dat") : name));
+    }
+}
+
+}  // namespace
 
 MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget* parent)
     : Form(services, parent),
@@ -31,7 +47,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
       modeRegister_(services.port, services.state.PortAddress, RegisterMap::Mode) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     // Room for two lines, so that nothing moves when a notice comes.
     ui_->NoticeLabel->setMinimumHeight(2 * ui_->NoticeLabel->fontMetrics().lineSpacing());
     // Alt+P opens the printer-port menu; the button that shares the letter gives way.
@@ -52,7 +68,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {
-        fileChoice_.path = QString::fromStdString(file);
+        readChoice_.path = QString::fromStdString(file);
         QTimer::singleShot(0, this, [this] { Guarded([this] { BeginWithFile(); }); });
     }
 }
@@ -87,6 +103,8 @@ void MainMenuForm::ConnectHelpMenu() {
 /// Changes only the address of later accesses: no port is claimed and nothing is sent.
 void MainMenuForm::ChoosePort(const PrinterPort& port) {
     State().PortAddress = port.address;
+    Shared().port.Answers().Forget();
+    UpdateBoardLabel();
     ShowPort();
 }
 
@@ -126,7 +144,7 @@ bool MainMenuForm::EnsureContinuousConversion() {
 void MainMenuForm::ResetChip() {
     ResetForm form(Shared(), this);
     if (form.exec() == Accepted) {
-        ShowNotice(tr("%1 sent; the registers have their reset values").arg(form.Performed()));
+        ShowNotice(tr("%1 sent; the chip gives no answer to it").arg(form.Performed()));
     }
 }
 
@@ -135,19 +153,29 @@ void MainMenuForm::ShowNotice(const QString& text) {
 }
 
 void MainMenuForm::ReadFile() {
-    OpenForm<ReadFileForm>(&fileChoice_);
+    OpenForm<ReadFileForm>(&readChoice_);
+    KeepFolder(readChoice_, writeChoice_);
 }
 
 void MainMenuForm::WriteFile() {
-    OpenForm<WriteFileForm>(&fileChoice_);
+    OpenForm<WriteFileForm>(&writeChoice_);
+    KeepFolder(writeChoice_, readChoice_);
 }
 
 /// Loads the file at once where its look tells notation and converter. Otherwise the user chooses.
 void MainMenuForm::BeginWithFile() {
-    const bool certain = ChooseByLook(fileChoice_);
-    ReadFileForm form(Shared(), &fileChoice_, this);
+    bool certain = false;
+    try {
+        certain = ChooseByLook(readChoice_);
+    } catch (const std::runtime_error& error) {
+        ShowFailure(error, "Nothing was read.");
+    }
+    ReadFileForm form(Shared(), &readChoice_, this);
     const QString result = certain ? form.Run() : QString();
     if (result.isEmpty()) {
+        form.ShowHint(
+            tr("Nothing is read yet. Choose notation and ADC, which the file does not "
+               "show, and press \"Read from File\"."));
         form.exec();
     } else {
         ShowNotice(result);

@@ -42,7 +42,7 @@ class MainMenuForm final : public Form {
     void AnalyseAuxNoise();
     void Quit();
 
-    /// Sees to it that the chip converts continuously. False when the user would not have it.
+    /// Puts the chip into continuous conversion, after asking. False if the user declines.
     bool EnsureContinuousConversion();
     QAction* ItemOf(const PrinterPort& port);
     void ConnectPrinterPortMenu();
@@ -54,7 +54,8 @@ class MainMenuForm final : public Form {
     void ShowNotice(const QString& text);
 
     std::unique_ptr<Ui::MainMenuForm> ui_;
-    DataFileChoice fileChoice_;
+    DataFileChoice readChoice_;
+    DataFileChoice writeChoice_;
     Register modeRegister_;
 };
 

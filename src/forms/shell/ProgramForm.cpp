@@ -19,7 +19,7 @@ ProgramForm::ProgramForm(Services& services, QWidget* parent)
     : Form(services, parent), ui_(std::make_unique<Ui::ProgramForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->Command1, &QPushButton::clicked, &ProgramForm::OpenForm<ModeForm>);
     On(ui_->Command2, &QPushButton::clicked, &ProgramForm::OpenFilterform);
     On(ui_->Command3, &QPushButton::clicked, &ProgramForm::OpenForm<MainCalForm>);

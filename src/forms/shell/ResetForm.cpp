@@ -11,7 +11,7 @@ ResetForm::ResetForm(Services& services, QWidget* parent)
     : Form(services, parent), ui_(std::make_unique<Ui::ResetForm>()) {
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label1);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->Command1, &QPushButton::clicked, &ResetForm::ResetByLine);
     On(ui_->Command2, &QPushButton::clicked, &ResetForm::ResetByOnes);
     On(ui_->Command3, &QPushButton::clicked, &ResetForm::reject);
@@ -21,13 +21,13 @@ ResetForm::~ResetForm() = default;
 
 void ResetForm::ResetByLine() {
     HardwareReset(Shared().port, State().PortAddress);
-    performed_ = tr("hardware reset");
+    performed_ = tr("Hardware reset");
     accept();
 }
 
 void ResetForm::ResetByOnes() {
     SoftwareReset(Shared().port, State().PortAddress);
-    performed_ = tr("software reset");
+    performed_ = tr("Software reset");
     accept();
 }
 

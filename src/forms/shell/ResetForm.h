@@ -19,7 +19,7 @@ class ResetForm final : public Form {
     explicit ResetForm(Services& services, QWidget* parent = nullptr);
     ~ResetForm() override;
 
-    /// The reset that closed the form: "hardware reset".
+    /// The reset that closed the form: "Hardware reset".
     QString Performed() const { return performed_; }
 
   private:

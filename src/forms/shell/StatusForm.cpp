@@ -13,7 +13,7 @@ StatusForm::StatusForm(Services& services, QWidget* parent)
     ui_->setupUi(this);
     UseHeadingFont(ui_->Label9);
     UseValueFont(ui_->StatusLabel);
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->Command1, &QPushButton::clicked, &StatusForm::reject);
 
     const std::int32_t value =

@@ -26,7 +26,7 @@ aboutform::aboutform(Services& services, QWidget* parent)
     ui_->lblTitle->setText(title);
     UseHeadingFont(ui_->lblTitle);
     ui_->picIcon->setPixmap(ApplicationIcon().pixmap(QSize(iconSize, iconSize)));
-    ShowBoardLabel(ui_->BadgeLabel);
+    ShowBoardLabel(ui_->BoardLabel);
     On(ui_->cmdOK, &QPushButton::clicked, &aboutform::accept);
     On(ui_->cmdSysInfo, &QPushButton::clicked, &aboutform::ShowSystemInformation);
 }

@@ -69,6 +69,7 @@ TEST_F(DataFileFormsTest, KeepTheirWidthWithALongPath) {
 
 TEST_F(DataFileFormsTest, RememberTheLastChoiceAndAskAboutTheOtherNotation) {
     DataFileChoice choice;
+    bench->Fill(Converter::Main, {1});
     Open<ReadFileForm>(&choice);
     const std::string path = folder.Make("a.dat", " 8388608\n 8388609\n");
     bench->messages.answers = {MessageAnswer::No};
