@@ -17,8 +17,8 @@ struct EvalRequest {
     std::string text;
 };
 
-/// Parses the words after the program's name, in UTF-8. A word that is no option names a file that
-/// is there, or holds "/SS" anywhere. A wrong one gives the exit code of a wrong command line, and
+/// Parses the words after the program's name, in UTF-8. A word that is not an option must name an
+/// existing file or hold "/SS" anywhere. A wrong one gives the exit code of a wrong command line and
 /// its text; --help and --version give 0 and theirs.
 EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments);
 

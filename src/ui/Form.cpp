@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "app/BoardState.h"
+#include "numbers/NumberText.h"
 #include "ui/EntryError.h"
 #include "ui/HelpForm.h"
 #include "ui/KeyPresses.h"
@@ -60,8 +61,8 @@ void Form::changeEvent(QEvent* event) {
 
 void Form::ShowFailure(const std::exception& error, const std::string& detail) {
     std::string text = error.what();
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
-        text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    if (!text.empty()) {
+        text.front() = UpperCase(text.front());
     }
     ShowMessage({.text = text, .icon = MessageIcon::Exclamation, .detail = detail});
 }
@@ -102,8 +103,8 @@ void Form::paintEvent(QPaintEvent* event) {
     }
 }
 
-/// The window's frame is known only some time after the window is on the screen, and a window
-/// manager may place the window once more; without one there is no frame.
+/// The window's frame is known only some time after the window is on the screen, and the window
+/// manager may place the window once more. Without a window manager, windows have no frame.
 void Form::FollowFrame() {
     constexpr int maxFrameChecks = 20;
     constexpr int millisecondsBetweenChecks = 10;
