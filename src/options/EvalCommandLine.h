@@ -18,8 +18,8 @@ struct EvalRequest {
 };
 
 /// Parses the words after the program's name, in UTF-8. A word that is not an option must name an
-/// existing file or hold "/SS" anywhere. A wrong one gives the exit code of a wrong command line and
-/// its text; --help and --version give 0 and theirs.
+/// existing file or hold "/SS" anywhere. A wrong one gives the exit code of a wrong command line
+/// and its text; --help and --version give 0 and theirs.
 EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments);
 
 }  // namespace vx3260
