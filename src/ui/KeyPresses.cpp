@@ -94,8 +94,10 @@ void MoveFocusByArrows(const std::vector<QAbstractButton*>& options) {
             }
             return step != 0;
         });
-        new EventFilter(option, [options](const QEvent& event) {
-            if (event.type() == QEvent::FocusOut) {
+        // While the form is destroyed, the focus leaves options when others are gone already.
+        const QWidget* const widget = option;
+        new EventFilter(option, [options, widget](const QEvent& event) {
+            if (event.type() == QEvent::FocusOut && widget->isVisible()) {
                 EnterAtSelected(options);
             }
             return false;
