@@ -18,6 +18,11 @@ struct RegisterAccess {
     std::int16_t wordLength;  ///< bits
 };
 
+/// The address of the register that a communications byte is for, 0 to 15.
+constexpr std::int16_t AddressIn(std::int16_t communicationsByte) {
+    return static_cast<std::int16_t>(communicationsByte & 0x0F);
+}
+
 inline constexpr RegisterAccess Status{0, 0x40, 8};
 inline constexpr RegisterAccess Mode{0x01, 0x41, 8};
 inline constexpr RegisterAccess MainControl{0x02, 0x42, 8};
@@ -49,6 +54,13 @@ inline constexpr std::int16_t InternalZeroScale = 4;
 inline constexpr std::int16_t InternalFullScale = 5;
 inline constexpr std::int16_t SystemZeroScale = 6;
 inline constexpr std::int16_t SystemFullScale = 7;
+constexpr bool IsCalibration(std::int32_t mode) {
+    return (mode & ModeMask) >= InternalZeroScale;
+}
+/// Whether the chip leaves the mode by itself: after one result, or when it has calibrated.
+constexpr bool EndsByItself(std::int32_t mode) {
+    return (mode & ModeMask) == SingleConversion || IsCalibration(mode);
+}
 
 /// Main and aux ADC control registers.
 inline constexpr std::int16_t EnableMask = 0x80;
