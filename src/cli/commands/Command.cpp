@@ -25,6 +25,10 @@ std::vector<std::string> ConverterNames() {
     return names;
 }
 
+/// Readings in a second: wide around what converters do, so that no figure overflows.
+constexpr double minRate = 1e-6;
+constexpr double maxRate = 1e9;
+
 /// The parser alone would take 010 for 8 and 0x10 for 16.
 std::string RefuseOtherThanDecimal(const std::string& text) {
     return DecimalNumber(text) && !HasLeadingZero(text) ? ""
@@ -49,6 +53,18 @@ std::string RefuseOtherThanVoltage(const std::string& text) {
         // Refused below, like a number that is not positive.
     }
     return "'" + text + "' is not a positive number of volts";
+}
+
+std::string RefuseOtherThanRate(const std::string& text) {
+    try {
+        if (const double rate = TextToDouble(text); rate >= minRate && rate <= maxRate) {
+            return "";
+        }
+    } catch (const RuntimeError&) {
+        // Refused below, like a number beyond the limits.
+    }
+    return "'" + text + "' is not a number from " + ShortestText(minRate) + " to " +
+           ShortestText(maxRate);
 }
 
 std::string FormatName(ReportFormat format) {
@@ -125,6 +141,15 @@ CLI::Option* AddReference(CLI::App& parser, float& volts) {
         ->type_name("VOLTS")
         ->default_str(ShortestText(volts))
         ->check(CLI::Validator(RefuseOtherThanVoltage, ""));
+}
+
+CLI::Option* AddRate(CLI::App& parser, std::optional<double>& rate) {
+    return parser
+        .add_option_function<std::string>(
+            "--rate", [&rate](const std::string& text) { rate = TextToDouble(text); },
+            "Readings in a second that FILE was read with")
+        ->type_name("HZ")
+        ->check(CLI::Validator(RefuseOtherThanRate, ""));
 }
 
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description) {

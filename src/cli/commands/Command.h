@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 
 #include "cli/board/BoardSession.h"
@@ -63,6 +64,9 @@ CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format,
 
 /// Adds --reference, the reference voltage; its default is the value that `volts` has.
 CLI::Option* AddReference(CLI::App& parser, float& volts);
+
+/// Adds --rate, how many readings there were in a second.
+CLI::Option* AddRate(CLI::App& parser, std::optional<double>& rate);
 
 /// Adds --hex, which makes the notation of data files hexadecimal.
 CLI::Option* AddHex(CLI::App& parser, Notation& notation, const std::string& description);

@@ -5,8 +5,7 @@
 #include <string>
 
 #include "analysis/NoiseAnalysis.h"
-#include "app/StartUp.h"
-#include "cli/commands/BlockFile.h"
+#include "cli/commands/AnalysedFile.h"
 #include "cli/commands/Command.h"
 
 namespace vx3260 {
@@ -19,18 +18,13 @@ class NoiseCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
-    CLI::Option* AddFileWithConditions();
-    void AddScale(CLI::Option* file);
-    CLI::Option* AddRange();
     NoiseAnalysis AnalyseFile(std::ostream& err) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
     std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
 
     Converter converter_ = Converter::Main;
-    BlockFile file_;
-    std::int32_t fileControl_ = 0;  ///< what the control register held when FILE was read
+    AnalysedFile file_{converter_};
     std::int64_t count_ = DefaultCount;
-    float referenceVoltage_ = DefaultReferenceVoltage;
     ReportFormat format_ = ReportFormat::Text;
 };
 

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "analysis/ConversionConditions.h"
+#include "app/StartUp.h"
+#include "cli/commands/BlockFile.h"
+
+namespace vx3260 {
+
+/// A block from a data file, and what is known of how it was read.
+struct FileBlock {
+    std::vector<std::int32_t> codes;
+    ConversionConditions conditions;
+    std::optional<double> rate;  ///< readings in a second
+};
+
+/// The data file that a command analyses, with the options that describe how it was read: the range
+/// of the main ADC or the full scale of the aux ADC, polarity, reference voltage, notation. The
+/// parser refers to the object, which stays where it is.
+class AnalysedFile final {
+  public:
+    /// The converter's word is parsed before the options, which are checked against it.
+    explicit AnalysedFile(const Converter& converter) : converter_(converter) {}
+    ~AnalysedFile() = default;
+    AnalysedFile(const AnalysedFile&) = delete;
+    AnalysedFile(AnalysedFile&&) = delete;
+    AnalysedFile& operator=(const AnalysedFile&) = delete;
+    AnalysedFile& operator=(AnalysedFile&&) = delete;
+
+    /// Adds FILE, which is returned, and its options except those below.
+    CLI::Option* AddTo(CLI::App& parser, const std::string& description);
+
+    /// Adds --reference, which a command may need without FILE too.
+    void AddReferenceTo(CLI::App& parser);
+
+    /// Adds --rate.
+    void AddRateTo(CLI::App& parser);
+
+    bool IsGiven() const { return !file_.path.empty(); }
+    const BlockFile& File() const { return file_; }
+    float ReferenceVoltage() const { return referenceVoltage_; }
+
+    /// The block, which is not empty, with its conditions. `checkCount` is called with the number
+    /// of codes before these are checked. Throws as LoadBlock and CheckSuspicions do; prints
+    /// warnings to `err`.
+    FileBlock Load(std::ostream& err,
+                   const std::function<void(std::size_t count)>& checkCount = {}) const;
+
+  private:
+    void AddScale(CLI::App& parser, CLI::Option* file);
+    CLI::Option* AddRange(CLI::App& parser);
+
+    const Converter& converter_;
+    BlockFile file_;
+    std::int32_t control_ = 0;  ///< what the control register held when FILE was read
+    float referenceVoltage_ = DefaultReferenceVoltage;
+    std::optional<double> rate_;
+};
+
+}  // namespace vx3260
