@@ -76,6 +76,9 @@ inline constexpr std::int16_t FullReferenceMask = 0x01;
 inline constexpr std::int16_t AuxChannelMask = 0x70;
 inline constexpr std::int16_t TemperatureSensor = 0x30;
 
+/// Main ADC control register: the result has 16 bits, and the lower 8 of the 24 read are 0.
+inline constexpr std::int16_t WordLength16Mask = 0x40;
+
 /// Main ADC control register, bits 2 to 0: the input range, in volts for each code.
 inline constexpr std::int16_t RangeMask = 0x07;
 inline constexpr std::array<float, 8> InputRanges{0.02F, 0.04F, 0.08F, 0.16F,
