@@ -76,7 +76,7 @@ int Run(int& argc, char** argv) {
     QtMessageBoxes messages(std::cerr);
     ApplicationState state;
     const OpenedPort opened = OpenPort(request.port, state.PortAddress);
-    Services services{*opened.port, messages, system, state, opened.boardLabel};
+    Services services{*opened.port, messages, system, state, opened.boardLabel, opened.faults};
     StartUp(services);
     MainMenuForm(services, request.file).exec();
     return 0;

@@ -5,15 +5,10 @@
 #include <functional>
 
 #include "acquisition/ConverterReader.h"
+#include "link/BlockConditions.h"
 #include "link/CodeBlock.h"
 
 namespace vx3260 {
-
-enum class ReadingEnd {
-    Complete,
-    TimedOut,  ///< data-ready did not become active
-    Stopped,   ///< stopRequested returned true after a read
-};
 
 /// What the caller does between the reads; each may be left empty.
 struct ReadingHooks {

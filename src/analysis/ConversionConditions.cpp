@@ -10,6 +10,7 @@ namespace {
 
 constexpr double fullScaleOfReference = 1.024;
 constexpr int largestRangeCode = 7;
+constexpr int shortWordLength = 16;
 
 /// `fullScale` is the input of the largest code, in volts.
 double LsbVolts(double fullScale, Polarity polarity, int bits) {
@@ -32,6 +33,8 @@ ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polar
         .polarity = polarity,
         .lsbVolts = LsbVolts(referenceVoltage * fullScaleOfReference / gain, polarity, bits),
         .zeroCode = ZeroCode(polarity, bits),
+        .codeBits = bits,
+        .codeStep = 1,
     };
 }
 
@@ -47,6 +50,8 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
         .polarity = polarity,
         .lsbVolts = LsbVolts(volts, polarity, bits),
         .zeroCode = ZeroCode(polarity, bits),
+        .codeBits = bits,
+        .codeStep = 1,
     };
 }
 
@@ -55,7 +60,13 @@ ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
     const Polarity polarity =
         (control & RegisterMap::UnipolarMask) != 0 ? Polarity::Unipolar : Polarity::Bipolar;
     if (converter == Converter::Main) {
-        return MainConditions(referenceVoltage, control & RegisterMap::RangeMask, polarity);
+        const int range = control & RegisterMap::RangeMask;
+        ConversionConditions conditions = MainConditions(referenceVoltage, range, polarity);
+        if ((control & RegisterMap::WordLength16Mask) != 0) {
+            conditions.codeBits = shortWordLength;
+            conditions.codeStep = 1 << (MainTraits.data.wordLength - shortWordLength);
+        }
+        return conditions;
     }
     const bool full = (control & RegisterMap::FullReferenceMask) != 0;
     return AuxConditions(referenceVoltage,

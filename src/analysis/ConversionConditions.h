@@ -15,11 +15,18 @@ struct ConversionConditions {
     float referenceVoltage;  ///< volts
     float inputRange;        ///< volts: the main ADC's nominal range, the aux ADC's full scale
     Polarity polarity;
-    double lsbVolts;  ///< size of one code
+    double lsbVolts;  ///< size of one code of the data register
     double zeroCode;  ///< code of zero volts: mid-scale when bipolar, else 0
+    int codeBits;     ///< width of a result: 24 or 16
+    int codeStep;     ///< distance of results, in codes: 256 at 16 of 24 bits, else 1
 
-    /// Width of a code: 24 or 16.
-    int Bits() const { return TraitsOf(converter).data.wordLength; }
+    /// The largest result.
+    std::int32_t LargestResult() const {
+        return static_cast<std::int32_t>((std::int64_t{codeStep} << codeBits) - codeStep);
+    }
+
+    /// One LSB, the distance of results, in volts.
+    double StepVolts() const { return codeStep * lsbVolts; }
 
     /// The input voltage that a code stands for. It may be the mean of several codes.
     double VoltsOf(double code) const { return (code - zeroCode) * lsbVolts; }
@@ -28,7 +35,7 @@ struct ConversionConditions {
     double CodeOf(double volts) const { return volts / lsbVolts + zeroCode; }
 };
 
-/// Conditions of the main ADC. One code is
+/// Conditions of the main ADC at its word length of 24 bits. One code is
 /// reference x 1.024 / 2^(7 - rangeCode) x (1 unipolar, 2 bipolar) / 2^24 volts, this system's own
 /// definition. `rangeCode` is 0 to 7.
 ConversionConditions MainConditions(float referenceVoltage, int rangeCode, Polarity polarity);

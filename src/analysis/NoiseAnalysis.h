@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -21,7 +22,8 @@ constexpr bool CountFitsAnalysis(std::int64_t count) {
 }
 
 struct NoiseAnalysis {
-    ConversionConditions conditions;
+    ConversionConditions conditions;  ///< those of the chip at present, for the texts of NoiseRows
+    ConversionConditions own;         ///< those of the block where they are known, for all others
     std::size_t count;
     BlockStatistics statistics;
     std::int32_t span;         ///< largest minus smallest code
@@ -30,9 +32,11 @@ struct NoiseAnalysis {
     Resolution resolution;
 };
 
-/// Analyses a block. Throws as ComputeStatistics does, and OverflowError when the code span or the
-/// rounded average does not fit 32 bits; the span of codes that end in a time-out does not.
-NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& conditions);
+/// Analyses a block. `own` are the conditions that it was read under; where they are unknown, those
+/// at present are taken. Throws as ComputeStatistics does, and OverflowError when the code span or
+/// the rounded average does not fit 32 bits; the span of codes that end in a time-out does not.
+NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& present,
+                           const std::optional<ConversionConditions>& own = std::nullopt);
 
 /// A block and its analysis, as the plots draw it.
 struct AnalysedBlock {

@@ -79,7 +79,7 @@ std::string BitsText(const ResolutionBits& resolution) {
 
 ResolutionText CodesText(const NoiseAnalysis& analysis, double codes) {
     return {SignificantText(codes, digitsShown) + " LSB",
-            VoltsText(codes * analysis.conditions.lsbVolts, digitsShown)};
+            VoltsText(codes * analysis.own.lsbVolts, digitsShown)};
 }
 
 }  // namespace

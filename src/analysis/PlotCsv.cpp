@@ -32,7 +32,7 @@ std::string CodesCsv(const AnalysedBlock& block) {
     std::string csv = "reading,code,volts\n";
     for (std::size_t i = 0; i < block.codes.size(); ++i) {
         csv += std::to_string(i + 1) + ',' + std::to_string(ToInt32(block.codes[i])) + ',' +
-               ShortestText(block.analysis.conditions.VoltsOf(block.codes[i])) + '\n';
+               ShortestText(block.analysis.own.VoltsOf(block.codes[i])) + '\n';
     }
     return csv;
 }

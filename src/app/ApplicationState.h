@@ -3,10 +3,12 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/PrinterPorts.h"
+#include "link/BlockConditions.h"
 #include "link/CodeBlock.h"
 #include "link/Converter.h"
 
@@ -50,6 +52,9 @@ struct ApplicationState {
     std::int16_t MainCodeCount = 0;
     std::vector<double> AuxCodes;
     std::int16_t AuxCodeCount = 0;
+    /// How these blocks were read; empty where that is unknown.
+    std::optional<BlockConditions> MainConditions;
+    std::optional<BlockConditions> AuxConditions;
 
     // Statistics of the block that was analysed last.
     std::int32_t MaxCode = 0;
@@ -61,6 +66,9 @@ struct ApplicationState {
     CodeBlock BlockOf(Converter converter) {
         return converter == Converter::Main ? CodeBlock{MainCodes, MainCodeCount}
                                             : CodeBlock{AuxCodes, AuxCodeCount};
+    }
+    std::optional<BlockConditions>& ConditionsOf(Converter converter) {
+        return converter == Converter::Main ? MainConditions : AuxConditions;
     }
 };
 

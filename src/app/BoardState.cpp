@@ -15,6 +15,10 @@ std::string PlaceOf(const Services& services) {
 
 }  // namespace
 
+BoardName BoardNameOf(const Services& services) {
+    return {services.boardLabel, PlaceOf(services), services.faults};
+}
+
 BoardState BoardStateOf(const Services& services) {
     const bool missing = services.port.Answers().Last() == ChipAnswers::Answer::Missing;
     if (!services.boardLabel.empty()) {

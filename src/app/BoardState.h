@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/Services.h"
+#include "link/BlockConditions.h"
 
 namespace vx3260 {
 
@@ -15,5 +16,8 @@ struct BoardState {
 };
 
 BoardState BoardStateOf(const Services& services);
+
+/// Which board that is.
+BoardName BoardNameOf(const Services& services);
 
 }  // namespace vx3260

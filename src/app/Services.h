@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/ApplicationState.h"
 #include "app/MessageBoxes.h"
@@ -17,6 +18,7 @@ struct Services {
     OperatingSystem& system;
     ApplicationState& state;
     std::string boardLabel{};  ///< shown where readings come from; empty for a real board
+    std::vector<std::string> faults{};  ///< names of those that the simulated board has
 };
 
 }  // namespace vx3260

@@ -8,8 +8,6 @@
 namespace vx3260 {
 namespace {
 
-constexpr std::int16_t addressMask = 0x0F;
-
 std::int32_t AllOnes(std::int16_t bits) {
     return static_cast<std::int32_t>((std::uint32_t{1} << static_cast<unsigned>(bits)) - 1);
 }
@@ -17,7 +15,7 @@ std::int32_t AllOnes(std::int16_t bits) {
 }  // namespace
 
 void ChipAnswers::Wrote(std::int16_t writeByte, std::int16_t bits, std::int32_t value) {
-    const auto address = static_cast<std::int16_t>(writeByte & addressMask);
+    const auto address = RegisterMap::AddressIn(writeByte);
     lastWrite_ = Write{address, value & AllOnes(bits)};
 }
 
@@ -28,7 +26,7 @@ void ChipAnswers::Read(std::int16_t readByte, std::int16_t bits, std::int32_t va
         return;
     }
     const bool lost =
-        written && written->address == (readByte & addressMask) && written->value != value;
+        written && written->address == RegisterMap::AddressIn(readByte) && written->value != value;
     // Bits 7 and 5 of the mode register are always 0.
     const bool impossible = readByte == RegisterMap::Mode.readByte && value != 0;
     if (lost || impossible) {

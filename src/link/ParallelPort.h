@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
 #include "link/ChipAnswers.h"
+#include "link/RegisterRecord.h"
 
 namespace vx3260 {
 
@@ -38,6 +40,22 @@ class ParallelPort {
     ChipAnswers& Answers() { return answers_; }
     const ChipAnswers& Answers() const { return answers_; }
 
+    /// What the chip's registers held when they were last read or written, kept by Register.
+    RegisterRecord& Registers() { return registers_; }
+    const RegisterRecord& Registers() const { return registers_; }
+
+    /// Forgets answers and registers, when the accesses go to another board.
+    void ForgetBoard() {
+        answers_.Forget();
+        registers_.Forget();
+    }
+
+    /// The time by the board's clock, from any fixed moment on: real time, but for a simulated
+    /// board, whose clock is its own.
+    virtual std::chrono::nanoseconds Now() const {
+        return std::chrono::steady_clock::now().time_since_epoch();
+    }
+
     /// Why the last operation that failed did so, and what the user can do about it; a few lines.
     /// Empty if none failed or the reason is unknown.
     virtual std::string FailureDetail() const { return {}; }
@@ -57,6 +75,7 @@ class ParallelPort {
 
   private:
     ChipAnswers answers_;
+    RegisterRecord registers_;
 };
 
 }  // namespace vx3260

@@ -9,7 +9,13 @@ namespace vx3260 {
 double Register::ReadReg() {
     SerialWrite(parallelPort_, ReadAddress, portAddress_, 8);
     const double value = SerialRead(parallelPort_, WordLength, portAddress_);
-    parallelPort_.Answers().Read(ReadAddress, WordLength, ToInt32(value));
+    const std::int32_t contents = ToInt32(value);
+    parallelPort_.Answers().Read(ReadAddress, WordLength, contents);
+    if (parallelPort_.Answers().Last() == ChipAnswers::Answer::Missing) {
+        parallelPort_.Registers().Forget(Access());
+    } else {
+        parallelPort_.Registers().Read(Access(), contents);
+    }
     return value;
 }
 
@@ -22,6 +28,7 @@ void Register::WriteReg() {
     const std::int32_t value = ToInt32(RegValue);
     SerialWrite(parallelPort_, value, portAddress_, WordLength);
     parallelPort_.Answers().Wrote(WriteAddress, WordLength, value);
+    parallelPort_.Registers().Wrote(Access(), value);
 }
 
 void Register::WriteValue(double value) {

@@ -41,6 +41,8 @@ class Register {
     void WriteValue(double value);
 
   private:
+    RegisterMap::RegisterAccess Access() const { return {WriteAddress, ReadAddress, WordLength}; }
+
     ParallelPort& parallelPort_;
     const std::int16_t& portAddress_;
 };

@@ -76,7 +76,7 @@ inline constexpr FieldValue RangeValues[] = {{0, "20mV"},  {1, "40mV"},  {2, "80
 
 inline constexpr Field Enable{"enable", "Converter enable", EnableMask, OffOn};
 inline constexpr Field Polarity{"polarity", "Polarity", UnipolarMask, PolarityValues};
-inline constexpr Field WordLength{"word-length", "Word length", 0x40, WordLengthValues};
+inline constexpr Field WordLength{"word-length", "Word length", WordLength16Mask, WordLengthValues};
 inline constexpr Field MainChannel{"channel", "Input channel", 0x30, MainChannelValues};
 inline constexpr Field InputRange{"range", "Input range", RangeMask, RangeValues};
 inline constexpr Field MainControlFields[] = {Enable, WordLength, MainChannel, Polarity,

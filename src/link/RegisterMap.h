@@ -18,6 +18,11 @@ struct RegisterAccess {
     std::int16_t wordLength;  ///< bits
 };
 
+/// The address of the register that a communications byte is for, 0 to 15.
+constexpr std::int16_t AddressIn(std::int16_t communicationsByte) {
+    return static_cast<std::int16_t>(communicationsByte & 0x0F);
+}
+
 inline constexpr RegisterAccess Status{0, 0x40, 8};
 inline constexpr RegisterAccess Mode{0x01, 0x41, 8};
 inline constexpr RegisterAccess MainControl{0x02, 0x42, 8};
@@ -49,6 +54,13 @@ inline constexpr std::int16_t InternalZeroScale = 4;
 inline constexpr std::int16_t InternalFullScale = 5;
 inline constexpr std::int16_t SystemZeroScale = 6;
 inline constexpr std::int16_t SystemFullScale = 7;
+constexpr bool IsCalibration(std::int32_t mode) {
+    return (mode & ModeMask) >= InternalZeroScale;
+}
+/// Whether the chip leaves the mode by itself: after one result, or when it has calibrated.
+constexpr bool EndsByItself(std::int32_t mode) {
+    return (mode & ModeMask) == SingleConversion || IsCalibration(mode);
+}
 
 /// Main and aux ADC control registers.
 inline constexpr std::int16_t EnableMask = 0x80;
@@ -63,6 +75,9 @@ inline constexpr std::int16_t FullReferenceMask = 0x01;
 /// Aux ADC control register, bits 6 to 4: the input channel.
 inline constexpr std::int16_t AuxChannelMask = 0x70;
 inline constexpr std::int16_t TemperatureSensor = 0x30;
+
+/// Main ADC control register: the result has 16 bits, and the lower 8 of the 24 read are 0.
+inline constexpr std::int16_t WordLength16Mask = 0x40;
 
 /// Main ADC control register, bits 2 to 0: the input range, in volts for each code.
 inline constexpr std::int16_t RangeMask = 0x07;

@@ -17,6 +17,7 @@ constexpr std::int16_t clockHighOneResetLow = BoardLines::ClockHighOne & ~BoardL
 void HardwareReset(ParallelPort& parallelPort, std::int16_t port) {
     PortOut(parallelPort, port, resetLow);
     PortOut(parallelPort, port, BoardLines::Idle);
+    parallelPort.Registers().Forget();
 }
 
 void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
@@ -25,6 +26,7 @@ void SoftwareReset(ParallelPort& parallelPort, std::int16_t port) {
         PortOut(parallelPort, port, clockHighOneResetLow);
     }
     PortOut(parallelPort, port, BoardLines::Idle);
+    parallelPort.Registers().Forget();
     for (const RegisterMap::RegisterAccess& test : {RegisterMap::Test1, RegisterMap::Test2}) {
         Register(parallelPort, port, test).WriteValue(0);
     }

@@ -85,6 +85,7 @@ bool AddNumbered(std::string_view name, Faults& faults) {
         return false;
     }
     faults.*fault->number = *number;
+    faults.names.emplace_back(name);
     return true;
 }
 
@@ -101,6 +102,7 @@ bool AddFault(std::string_view name, Faults& faults) {
     if (stuck == std::end(stuckLines)) {
         return AddNumbered(name, faults);
     }
+    faults.names.emplace_back(name);
     faults.*stuck->mask = static_cast<std::int16_t>(faults.*stuck->mask | stuck->line);
     return true;
 }

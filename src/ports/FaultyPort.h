@@ -5,7 +5,9 @@
 #include <limits>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "ports/WrappedPort.h"
 
@@ -21,6 +23,8 @@ struct Faults {
     std::int16_t statusLow = 0;
     std::int64_t goneAfter = Never;  ///< port accesses after which the board is gone
     std::int64_t flipEvery = Never;  ///< of how many bits clocked out of the chip one is inverted
+
+    std::vector<std::string> names{};  ///< of the faults, as AddFault was given them
 
     bool operator==(const Faults&) const = default;
 };

@@ -60,40 +60,24 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
 
 #endif
 
-TraceClock TimeSinceNow() {
-    return [start = std::chrono::steady_clock::now()] {
-        return std::chrono::steady_clock::now() - start;
-    };
-}
-
-/// A port without the wrappers for faults and trace.
-struct BarePort {
-    OpenedPort opened;
-    TraceClock clock;
-};
-
-BarePort OpenBare(const PortChoice& choice) {
+OpenedPort OpenBare(const PortChoice& choice) {
     if (!choice.simulated) {
-        return {{OpenRealPort(choice), {}}, TimeSinceNow()};
+        return {OpenRealPort(choice), {}, {}};
     }
-    auto simulated = std::make_unique<SimulatedPort>();
-    const SimulatedBoard& board = simulated->Board();
-    return {{std::move(simulated), "Simulated board"},
-            [&board] { return std::chrono::nanoseconds(board.Now()); }};
+    return {std::make_unique<SimulatedPort>(), "Simulated board", choice.faults.names};
 }
 
 }  // namespace
 
 OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress) {
-    auto [opened, clock] = OpenBare(choice);
+    OpenedPort opened = OpenBare(choice);
     if (choice.faults != Faults{}) {
         opened.port = std::make_unique<FaultyPort>(std::move(opened.port), choice.faults);
     }
     if (!choice.traceFile.empty()) {
-        opened.port = std::make_unique<TracePort>(std::move(opened.port), std::move(clock),
-                                                  choice.traceFile, portAddress);
+        opened.port = std::make_unique<TracePort>(std::move(opened.port), choice.traceFile, portAddress);
     }
-    return std::move(opened);
+    return opened;
 }
 
 std::vector<PortListing> ListPorts(const PortChoice& choice) {

@@ -49,12 +49,12 @@ struct PortChoice {
 struct OpenedPort {
     std::unique_ptr<ParallelPort> port;
     std::string boardLabel;  ///< "Simulated board", or empty for a real port
+    std::vector<std::string> faults;  ///< names of those that the simulated board has
 };
 
 /// Opens the chosen port. Opening never fails: an unavailable port is detected when it is claimed.
 /// `portAddress`, which outlives the port, is the base address in use, which a trace follows.
-/// Throws FileAccessError when the trace cannot be written; its time is the simulated board's, or
-/// for a real port the time since this call.
+/// Throws FileAccessError when the trace cannot be written; its time is the board's.
 OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress);
 
 /// A port of this machine as `ports` lists it.

@@ -13,6 +13,7 @@ class SimulatedPort final : public ParallelPort {
     std::int32_t GetParallelPortCount() override { return 1; }
     std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override;
     std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override;
+    std::chrono::nanoseconds Now() const override { return std::chrono::nanoseconds(board_.Now()); }
     void OutByte(std::int16_t address, std::int16_t value) override;
     std::int16_t InByte(std::int16_t address) override;
 

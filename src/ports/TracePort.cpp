@@ -39,16 +39,16 @@ std::string LevelOf(const std::optional<std::int16_t>& lines, std::int16_t line)
 
 }  // namespace
 
-TracePort::TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path,
+TracePort::TracePort(std::unique_ptr<ParallelPort> port, const std::string& path,
                      const std::int16_t& portAddress)
     : WrappedPort(std::move(port)),
-      clock_(std::move(clock)),
+      start_(Now()),
       portAddress_(portAddress),
       vcd_(std::in_place, path, "vx3260", Variables()),
       outputs_(BoardLines::Idle & tracedOutputs) {}
 
 TracePort::~TracePort() {
-    Trace([this](VcdWriter& vcd) { vcd.ExtendTo(clock_()); });
+    Trace([this](VcdWriter& vcd) { vcd.ExtendTo(SinceStart()); });
 }
 
 void TracePort::OutByte(std::int16_t address, std::int16_t value) {
@@ -78,7 +78,7 @@ void TracePort::TraceStep() {
     decoder_.Step(outputs_, (inputs_.value_or(0) & BoardLines::Dout) != 0);
     Trace([this](VcdWriter& vcd) {
         vcd.Write(
-            clock_(),
+            SinceStart(),
             std::array{LevelOf(outputs_, BoardLines::Clock), LevelOf(outputs_, BoardLines::Din),
                        LevelOf(outputs_, BoardLines::Reset), LevelOf(inputs_, BoardLines::Dout),
                        LevelOf(inputs_, BoardLines::NotReady), decoder_.Text()});

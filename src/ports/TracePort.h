@@ -14,23 +14,19 @@
 
 namespace vx3260 {
 
-/// The time since a port was opened.
-using TraceClock = std::function<std::chrono::nanoseconds()>;
-
 /// Any port, with a trace of its wires as a Value Change Dump: SCLK, DIN, RESET, DOUT, RDY and the
 /// access that they carry, in words. Each access at the base address in use that changes a line is
 /// a step with a time of its own; DOUT and RDY change when the program reads them and are unknown
-/// until then. Before the program's first write the outputs are shown at rest.
+/// until then. Its time is that of the board's clock since the trace began. Before the program's first write the outputs are shown at rest.
 ///
 /// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
 /// goes on.
 class TracePort final : public WrappedPort {
   public:
-    /// Throws FileAccessError when the file cannot be written. `clock` is read after an access and
-    /// may refer to `port`. `portAddress` is the base address in use, read afresh at every access,
-    /// 0 where there is none yet; it outlives the port's last access. The port itself is never
-    /// asked for it: start-up asks, in an order of its own.
-    TracePort(std::unique_ptr<ParallelPort> port, TraceClock clock, const std::string& path,
+    /// Throws FileAccessError when the file cannot be written. `portAddress` is the base address in
+    /// use, read afresh at every access, 0 where there is none yet; it outlives the port's last
+    /// access. The port itself is never asked for it: start-up asks, in an order of its own.
+    TracePort(std::unique_ptr<ParallelPort> port, const std::string& path,
               const std::int16_t& portAddress);
 
     /// Extends the trace to the present, so that it shows the duration of a last wait. A process
@@ -46,10 +42,11 @@ class TracePort final : public WrappedPort {
 
   private:
     bool IsRegister(std::int16_t address, std::int16_t offset) const;
+    std::chrono::nanoseconds SinceStart() const { return Now() - start_; }
     void TraceStep();
     void Trace(const std::function<void(VcdWriter&)>& write);
 
-    TraceClock clock_;
+    std::chrono::nanoseconds start_;
     const std::int16_t& portAddress_;
     std::optional<VcdWriter> vcd_;  ///< empty once the trace has ended
     AccessDecoder decoder_;

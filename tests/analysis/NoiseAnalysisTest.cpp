@@ -63,6 +63,18 @@ TEST(NoiseAnalysis, ScalesTheAuxConverterByItsReference) {
     }
 }
 
+TEST(NoiseAnalysis, NewFiguresUseTheConditionsOfTheBlock) {
+    const NoiseAnalysis analysis =
+        AnalyseNoise(std::vector<double>{0x100, 0x300}, ConditionsOf(Converter::Main, 2.5F, 0x07),
+                     ConditionsOf(Converter::Main, 2.5F, 0x48));
+    EXPECT_EQ(TextOf(analysis, "RangeLabel"), "± 2.56V") << "the chip at present";
+    EXPECT_EQ(RangeText(analysis.own), "20 mV");
+    EXPECT_EQ(analysis.own.codeBits, 16);
+    EXPECT_EQ(analysis.own.LargestResult(), 0xFFFF00);
+    EXPECT_DOUBLE_EQ(analysis.own.StepVolts(), 0.02 / 65536);
+    EXPECT_EQ(ConditionsOf(Converter::Aux, 2.5F, 0x40).LargestResult(), 0xFFFF);
+}
+
 TEST(NoiseAnalysis, EqualCodesGiveALowerBoundOfTheResolution) {
     const NoiseAnalysis quiet = Analyse({7, 7, 7});
     EXPECT_EQ(TextOf(quiet, ResolutionFigure::RmsNoise).volts, "0 V");

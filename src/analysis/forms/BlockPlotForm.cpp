@@ -16,10 +16,6 @@ namespace {
 
 constexpr int digitsShown = 6;
 
-QString FigureText(const NoiseAnalysis& analysis, NoiseFigure figure) {
-    return QString::fromStdString(TextOf(analysis, figure));
-}
-
 }  // namespace
 
 BlockPlotForm::BlockPlotForm(Services& services, const AnalysedBlock& block, QWidget* parent)
@@ -31,9 +27,8 @@ BlockPlotForm::BlockPlotForm(Services& services, const AnalysedBlock& block, QWi
 void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
     view_ = controls.view;
     saved_ = controls.saved;
-    subject_ =
-        tr("%1 ADC %2")
-            .arg(QString::fromUtf8(TraitsOf(block_.analysis.conditions.converter).name), subject);
+    subject_ = tr("%1 ADC %2")
+                   .arg(QString::fromUtf8(TraitsOf(block_.analysis.own.converter).name), subject);
     controls.heading->setText(subject_);
     UseHeadingFont(controls.heading);
     ShowBoardLabel(controls.boardLabel);
@@ -69,9 +64,9 @@ QStringList BlockPlotForm::PictureLines() const {
     const QString board = QString::fromStdString(Shared().boardLabel);
     QStringList conditions{
         QString::fromStdString(CountText(static_cast<std::int64_t>(analysis.count), "reading")),
-        tr("input range %1").arg(FigureText(analysis, NoiseFigure::InputRange)),
-        tr("LSB %1").arg(FigureText(analysis, NoiseFigure::LsbSize)),
-        tr("reference %1").arg(FigureText(analysis, NoiseFigure::ReferenceVoltage))};
+        tr("input range %1").arg(QString::fromStdString(RangeText(analysis.own))),
+        tr("LSB %1").arg(DistanceText(analysis.own.StepVolts())),
+        tr("reference %1").arg(DistanceText(analysis.own.referenceVoltage))};
     if (!board.isEmpty()) {
         conditions.append(board);
     }
@@ -103,7 +98,8 @@ void BlockPlotForm::Save(const std::function<QString()>& save) {
 
 QString CodeVoltsText(const ConversionConditions& conditions, double code) {
     constexpr double spareDigits = 0.5;
-    const double digits = conditions.Bits() * std::log10(2.0) + spareDigits;
+    const double digits =
+        TraitsOf(conditions.converter).data.wordLength * std::log10(2.0) + spareDigits;
     return QString::fromStdString(
         VoltsText(conditions.VoltsOf(code), static_cast<int>(std::ceil(digits))));
 }
@@ -116,9 +112,9 @@ MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis) {
     constexpr int meanDecimals = 3;
     const auto [mean, sigma] = analysis.exact;
     return {QString::fromStdString(FixedText(mean, meanDecimals)),
-            CodeVoltsText(analysis.conditions, mean),
+            CodeVoltsText(analysis.own, mean),
             QString::fromStdString(SignificantText(sigma, digitsShown)),
-            DistanceText(sigma * analysis.conditions.lsbVolts)};
+            DistanceText(sigma * analysis.own.lsbVolts)};
 }
 
 }  // namespace vx3260

@@ -135,7 +135,7 @@ void HistogramForm::ShowBinAt(double code) {
         NormalCount(centre, analysis.exact, analysis.count, histogram_.binWidth);
     ui_->BinAtLabel->setText(
         tr("%1, %2: %3, %4 expected")
-            .arg(codes, CodeVoltsText(analysis.conditions, centre),
+            .arg(codes, CodeVoltsText(analysis.own, centre),
                  QString::fromStdString(
                      CountText(static_cast<std::int64_t>(histogram_.counts[index]), "reading")),
                  analysis.exact.sigma > 0 ? QString::fromStdString(FixedText(expected, 1))
@@ -159,7 +159,7 @@ void HistogramForm::SetUpAxes() {
 
 void HistogramForm::ShowFigures() {
     const NoiseAnalysis& analysis = Block().analysis;
-    const ConversionConditions& conditions = analysis.conditions;
+    const ConversionConditions& conditions = analysis.own;
     const MeanAndSigma texts = MeanAndSigmaOf(analysis);
     const std::pair<QLabel*, QString> figures[] = {
         {ui_->CodesLabel, QString::number(analysis.count)},

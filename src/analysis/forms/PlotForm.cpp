@@ -73,7 +73,7 @@ void PlotForm::SetUpAxes() {
         WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, minReadingsShown);
     view->xAxis->setTicker(WholeNumberTicker(view->xAxis));
     view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
-    view->yAxis2->setTicker(VoltsTicker(view->yAxis2, Block().analysis.conditions));
+    view->yAxis2->setTicker(VoltsTicker(view->yAxis2, Block().analysis.own));
     view->yAxis2->setVisible(true);
     view->xAxis->setLabel(tr("Reading"));
     view->yAxis->setLabel(tr("Code"));
@@ -117,7 +117,7 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 void PlotForm::FollowView() {
     PlotView* const view = ui_->Plot;
     view->yAxis2->setLabel(
-        tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.conditions)));
+        tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.own)));
     const double pixelsApart = view->viewport().width() / view->xAxis->range().size();
     const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
@@ -152,7 +152,7 @@ QString PlotForm::CursorText(PlotCursors::Name name) const {
         .arg(name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B"))
         .arg(point + 1)
         .arg(QString::fromStdString(CodeText(ToInt32(code))),
-             CodeVoltsText(Block().analysis.conditions, code));
+             CodeVoltsText(Block().analysis.own, code));
 }
 
 QString PlotForm::DifferenceText() const {
@@ -160,7 +160,7 @@ QString PlotForm::DifferenceText() const {
     const int b = cursors_->PointOf(PlotCursors::B);
     const double codes = Block().codes.at(static_cast<std::size_t>(b)) -
                          Block().codes.at(static_cast<std::size_t>(a));
-    const double volts = codes * Block().analysis.conditions.lsbVolts;
+    const double volts = codes * Block().analysis.own.lsbVolts;
     return tr("B - A: %1, %2, %3")
         .arg(QString::fromStdString(CountText(b - a, "reading")),
              QString::fromStdString(CountText(static_cast<std::int64_t>(codes), "code")),

@@ -30,8 +30,8 @@ void BoardSession::Open() {
     }
     RefuseTraceAsStandardOutput(portChoice_.traceFile);
     opened_ = OpenPort(portChoice_, state_.PortAddress);
-    services_.emplace(
-        vx3260::Services{*opened_.port, messages_, system_, state_, opened_.boardLabel});
+    services_.emplace(vx3260::Services{*opened_.port, messages_, system_, state_,
+                                       opened_.boardLabel, opened_.faults});
     if (!opened_.boardLabel.empty()) {
         err_ << opened_.boardLabel << std::endl;
     }

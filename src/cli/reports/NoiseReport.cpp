@@ -56,7 +56,7 @@ QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
 }
 
 QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
-    const ConditionValues conditions = ConditionValuesOf(analysis.conditions);
+    const ConditionValues conditions = ConditionValuesOf(analysis.own);
     const Resolution& resolution = analysis.resolution;
     const double lsb = conditions.lsbVolts;
     return {

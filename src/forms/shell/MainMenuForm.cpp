@@ -103,7 +103,7 @@ void MainMenuForm::ConnectHelpMenu() {
 /// Changes only the address of later accesses: no port is claimed and nothing is sent.
 void MainMenuForm::ChoosePort(const PrinterPort& port) {
     State().PortAddress = port.address;
-    Shared().port.Answers().Forget();
+    Shared().port.ForgetBoard();
     UpdateBoardLabel();
     ShowPort();
 }
