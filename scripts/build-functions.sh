@@ -13,6 +13,7 @@ windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-
     fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
+judgePackages=(python3-scipy)
 plainPackages=(make)
 clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
 machinePackages=(qemu-system-x86 busybox-static)

@@ -23,9 +23,9 @@ std::vector<double> PeriodicHann(std::size_t length) {
     return window;
 }
 
-/// What is subtracted at reading i is value + slope x (i - middle).
+/// What is subtracted at reading i is mean + slope x (i - middle).
 struct TrendLine {
-    double value;
+    double mean;
     double slope;
     double middle;
 };
@@ -61,8 +61,9 @@ class SegmentSum {
     void Add(std::span<const double> codes) {
         const TrendLine line = TrendOf(codes, trend_);
         for (std::size_t i = 0; i < codes.size(); ++i) {
-            const double level = line.value + line.slope * (static_cast<double>(i) - line.middle);
-            segment_[i] = (codes[i] - level) * window_[i];
+            // The mean first: beside it the digits of the line would be lost.
+            const double code = codes[i] - line.mean;
+            segment_[i] = (code - line.slope * (static_cast<double>(i) - line.middle)) * window_[i];
         }
         transform_.fwd(transformed_.data(), segment_.data(),
                        static_cast<Eigen::Index>(segment_.size()));
