@@ -2,15 +2,18 @@
 # Sourced by the scripts: what has to be installed, and quiet building.
 # shellcheck shell=bash disable=SC2034
 
-buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev)
+headerPackages=(libboost-dev libeigen3-dev)
+buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev
+    "${headerPackages[@]}")
 runPackages=(qt6-wayland)
 testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli strace umockdev)
 windowsTools=(g++-mingw-w64-x86-64-posix wine wine64 googletest)
-windowsPackages=(g++ cmake ninja-build "${windowsTools[@]}")
+windowsPackages=(g++ cmake ninja-build "${headerPackages[@]}" "${windowsTools[@]}")
 windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-tools dpkg-dev
     fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
+judgePackages=(python3-scipy)
 plainPackages=(make)
 clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
 machinePackages=(qemu-system-x86 busybox-static)

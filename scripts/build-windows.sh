@@ -50,6 +50,9 @@ StagePrograms() {
     done
     cp LICENSE "$folder/LICENSE"
     cp -r "$libraries/licences" "$folder/licences"
+    mkdir "$folder/licences/boost" "$folder/licences/eigen"
+    cp /usr/share/doc/libboost-dev/copyright "$folder/licences/boost"
+    cp /usr/share/doc/libeigen3-dev/copyright "$folder/licences/eigen"
     sed 's/$/\r/' docs/windows-readme.txt >"$folder/README.txt"
     printf '@start "" "%%~dp0vx3260-eval.exe" --simulated\r\n' >"$folder/Simulated board.cmd"
 }
@@ -62,6 +65,8 @@ StageSources() {
     tar --exclude=./build --exclude=./.git -czf "$folder/$name.tar.gz" .
     cp "$libraries"/sources/* "$folder"
     tar -C "$libraries/include" -czf "$folder/cli11.tar.gz" CLI
+    tar -C /usr/include -czf "$folder/eigen.tar.gz" eigen3
+    tar -C /usr/include -czf "$folder/boost.tar.gz" boost
 }
 
 InstallMissing "${windowsProgramPackages[@]}"

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The layers are what add_layer() and add_form_layer() name in the folders' CMakeLists.txt. Fails
 # when a file under src/ includes one of a layer that its own layer does not link, directly or
-# through others, or a header of Qt, QCustomPlot or CLI11 in a layer that does not link that; when
-# layers link in a circle; and when the table of floors in docs/ARCHITECTURE.md says otherwise, of
+# through others, or a header of Qt, QCustomPlot, CLI11, Boost or Eigen in a layer that does not link that;
+# when layers link in a circle; and when the table of floors in docs/ARCHITECTURE.md says otherwise, of
 # the programs in src/CMakeLists.txt too.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -43,6 +43,8 @@ awk '
         if (from == "") { Fault(file ": its folder has no layer"); return }
         if (line ~ /#include <Q/ && qt[from] == "no") Fault(line ": " from " does not link Qt")
         CheckLibrary(line, from, "#include <CLI/", "CLI11::CLI11")
+        CheckLibrary(line, from, "#include <boost/", "Boost::headers")
+        CheckLibrary(line, from, "Eigen/", "Eigen3::Eigen")
         CheckLibrary(line, from, "#include <qcustomplot", "QCustomPlotQt6::QCustomPlotQt6")
         if (match(line, /"[^"]+\/[^"]+"/) == 0) return
         target = substr(line, RSTART + 1, RLENGTH - 2)

@@ -30,6 +30,15 @@ CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
 
 }  // namespace
 
+double KnownRate(const FileBlock& block) {
+    if (!block.rate) {
+        throw CommandError(ExitCode::WrongCommandLine,
+                           "FILE requires --rate: how many readings there were in a second is "
+                           "unknown");
+    }
+    return *block.rate;
+}
+
 CLI::Option* AnalysedFile::AddTo(CLI::App& parser, const std::string& description) {
     CLI::Option* const file = AddFile(parser, file_, description);
     AddRange(parser)->needs(file);

@@ -25,6 +25,9 @@ struct FileBlock {
     std::optional<double> rate{};              ///< readings in a second
 };
 
+/// The rate of the block. Throws CommandError, which names --rate, where it is unknown.
+double KnownRate(const FileBlock& block);
+
 /// The data file that a command analyses, with the options that describe how it was read: the range
 /// of the main ADC or the full scale of the aux ADC, polarity, reference voltage, notation. What is
 /// not given is taken from the conditions file beside it. The parser refers to the object, which

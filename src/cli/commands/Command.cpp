@@ -93,6 +93,15 @@ bool Command::Chosen() const {
     return parser_.parsed();
 }
 
+CLI::Option* AddWord(CLI::App& parser, const std::string& option,
+                     const std::vector<std::string>& words, const std::string& defaultWord,
+                     const std::function<void(const std::string&)>& use,
+                     const std::string& description) {
+    return parser.add_option_function<std::string>(option, use, description)
+        ->check(CLI::IsMember(words))
+        ->default_str(defaultWord);
+}
+
 void AddConverter(CLI::App& parser, Converter& converter) {
     parser
         .add_option_function<std::string>(
@@ -131,12 +140,10 @@ CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format,
         names.push_back(FormatName(other));
         choices.emplace(names.back(), other);
     }
-    return parser
-        .add_option_function<std::string>(
-            "--format", [&format, choices](const std::string& name) { format = choices.at(name); },
-            "How to print the results")
-        ->check(CLI::IsMember(names))
-        ->default_str(names.front());
+    return AddWord(
+        parser, "--format", names, names.front(),
+        [&format, choices](const std::string& name) { format = choices.at(name); },
+        "How to print the results");
 }
 
 CLI::Option* AddReference(CLI::App& parser, float& volts) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/board/BoardSession.h"
 #include "files/CodeText.h"
@@ -43,6 +45,12 @@ class Command {
     CLI::App& parser_;
 };
 
+/// Adds an option that takes one of the words, and calls `use` with it.
+CLI::Option* AddWord(CLI::App& parser, const std::string& option,
+                     const std::vector<std::string>& words, const std::string& defaultWord,
+                     const std::function<void(const std::string&)>& use,
+                     const std::string& description);
+
 /// Adds the word that names the converter.
 void AddConverter(CLI::App& parser, Converter& converter);
 
@@ -61,6 +69,31 @@ enum class ReportFormat { Text, Json, Csv };
 /// Adds --format with the choice between text and other formats.
 CLI::Option* AddFormat(CLI::App& parser, ReportFormat& format,
                        std::initializer_list<ReportFormat> others);
+
+/// A value of an option and its name in the command line.
+template <typename Value>
+struct NamedChoice {
+    const char* name;
+    Value value;
+};
+
+/// Adds an option that chooses by a name; its default is the value that `chosen` has, one of them.
+template <typename Value, std::size_t Count>
+CLI::Option* AddChoice(CLI::App& parser, const std::string& option, Value& chosen,
+                       const NamedChoice<Value> (&choices)[Count], const std::string& description) {
+    std::vector<std::string> names;
+    std::string present;
+    for (const NamedChoice<Value>& choice : choices) {
+        names.emplace_back(choice.name);
+        present = choice.value == chosen ? names.back() : present;
+    }
+    const auto choose = [&chosen, &choices](const std::string& name) {
+        for (const NamedChoice<Value>& choice : choices) {
+            chosen = choice.name == name ? choice.value : chosen;
+        }
+    };
+    return AddWord(parser, option, names, present, choose, description);
+}
 
 /// Adds --reference, the reference voltage; its default is the value that `volts` has.
 CLI::Option* AddReference(CLI::App& parser, float& volts);

@@ -15,6 +15,8 @@
 #include "cli/commands/RegistersCommand.h"
 #include "cli/commands/ResetCommand.h"
 #include "cli/commands/SetCommand.h"
+#include "cli/commands/SpectrumCommand.h"
+#include "cli/commands/StabilityCommand.h"
 #include "cli/commands/UnknownWord.h"
 
 namespace vx3260 {
@@ -64,6 +66,8 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<ReadCommand>(parser));
     Add(std::make_unique<NoiseCommand>(parser));
     Add(std::make_unique<HistogramCommand>(parser));
+    Add(std::make_unique<SpectrumCommand>(parser));
+    Add(std::make_unique<StabilityCommand>(parser));
 }
 
 Command& CommandSet::Chosen() const {

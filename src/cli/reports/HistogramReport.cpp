@@ -93,18 +93,14 @@ std::string Line(const FileHistogram& counted, const Columns& columns, std::size
 }
 
 std::string Heading(const FileHistogram& counted) {
-    const std::pair<std::string_view, std::string> rows[] = {
-        {"File", counted.file},
-        {"Codes Read", std::to_string(counted.count)},
-        {"Bin Width", CountText(counted.histogram.binWidth, "code")},
-        {"Mean", FixedText(counted.statistics.mean, 3) + ", marked >"},
-        {"Sigma", SignificantText(counted.statistics.sigma, 6)},
-    };
-    std::string heading = std::string(TraitsOf(counted.converter).name) + " ADC Histogram\n";
-    for (const auto& [caption, text] : rows) {
-        heading += "  " + Padded(caption, 12) + text + "\n";
-    }
-    return heading;
+    return std::string(TraitsOf(counted.converter).name) + " ADC Histogram\n" +
+           CaptionedLines({
+               {"File", counted.file},
+               {"Codes Read", std::to_string(counted.count)},
+               {"Bin Width", CountText(counted.histogram.binWidth, "code")},
+               {"Mean", FixedText(counted.statistics.mean, 3) + ", marked >"},
+               {"Sigma", SignificantText(counted.statistics.sigma, 6)},
+           });
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "analysis/ConversionConditions.h"
+#include "analysis/Spectrum.h"
+
+namespace vx3260 {
+
+/// The spectrum of a data file.
+struct FileSpectrum {
+    std::string file;
+    ConversionConditions conditions;
+    std::size_t count;  ///< codes of the file
+    Trend trend;
+    Spectrum spectrum;
+};
+
+/// What was averaged, the integrated noise, the mains, and a line for each octave of frequencies
+/// with its mean density and its noise.
+std::string SpectrumText(const FileSpectrum& analysed);
+
+/// The columns of SpectrumCsv.
+std::string SpectrumCsv(const FileSpectrum& analysed);
+
+/// All figures in full precision as one JSON object; null for what is not defined.
+std::string SpectrumJson(const FileSpectrum& analysed);
+
+}  // namespace vx3260

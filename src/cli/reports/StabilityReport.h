@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "analysis/ConversionConditions.h"
+#include "analysis/Stability.h"
+
+namespace vx3260 {
+
+/// The Allan deviation of a data file.
+struct FileStability {
+    std::string file;
+    ConversionConditions conditions;
+    std::size_t count;  ///< codes of the file
+    double rate;        ///< readings per second, Hz
+    std::vector<AllanPoint> points;
+};
+
+/// The time at which the deviation is smallest, and a line for each averaging time.
+std::string StabilityText(const FileStability& analysed);
+
+/// The columns of StabilityCsv.
+std::string StabilityCsv(const FileStability& analysed);
+
+/// All figures in full precision as one JSON object; null for what is not defined.
+std::string StabilityJson(const FileStability& analysed);
+
+}  // namespace vx3260
