@@ -102,13 +102,13 @@ void BlockReadingForm::FollowProgress() {
     }
 }
 
-/// That of the filter register, if its form was opened. The simulated board keeps no real time.
+/// That of the filter register, where it is known. The simulated board keeps no real time.
 std::optional<double> BlockReadingForm::Rate() {
-    const std::int16_t filterWord = State().FilterValue;
-    if (filterWord == 0 || !Shared().boardLabel.empty()) {
+    const std::optional<std::int32_t> word = Shared().port.Registers().ValueOf(RegisterMap::Filter);
+    if (!word.value_or(0) || !Shared().boardLabel.empty()) {
         return std::nullopt;
     }
-    return UpdateRateOf(filterWord);
+    return UpdateRateOf(*word);
 }
 
 void BlockReadingForm::ShowProgress(int done) {
