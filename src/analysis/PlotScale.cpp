@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -19,6 +20,26 @@ constexpr double minCodes = 10;
 
 double DecadeBelow(double value) {
     return std::pow(10, std::floor(std::log10(value) + rounding));
+}
+
+/// The factors times powers of ten within the range, of every so many decades. They are the numbers
+/// that their texts stand for.
+std::vector<double> DecadeTicksIn(const AxisRange& range, const std::vector<int>& factors,
+                                  int decades) {
+    const auto first = static_cast<int>(std::floor(std::log10(range.lower)));
+    const auto last = static_cast<int>(std::ceil(std::log10(range.upper)));
+    std::vector<double> ticks;
+    for (int exponent = first; exponent <= last; ++exponent) {
+        for (const int factor : factors) {
+            const double tick =
+                TextToDouble(std::to_string(factor) + "e" + std::to_string(exponent));
+            if (exponent % decades == 0 && tick >= range.lower * (1 - rounding) &&
+                tick <= range.upper * (1 + rounding)) {
+                ticks.push_back(tick);
+            }
+        }
+    }
+    return ticks;
 }
 
 }  // namespace
@@ -50,14 +71,39 @@ std::vector<double> TicksIn(const AxisRange& range, double step) {
     return ticks;
 }
 
+int DecimalsOf(double step) {
+    return std::max(0, static_cast<int>(std::ceil(-std::log10(step) - rounding)));
+}
+
+LogTicks LogTicksIn(const AxisRange& range, int maxTicks) {
+    const std::vector<double> all = DecadeTicksIn(range, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 1);
+    std::vector<double> ticks = DecadeTicksIn(range, {1, 2, 5}, 1);
+    const auto most = static_cast<std::size_t>(std::max(1, maxTicks));
+    if (range.upper / range.lower < 10) {
+        std::vector<double> even = TicksIn(range, TickStep(range.Span(), maxTicks));
+        if (even.size() > ticks.size() && even.size() <= most) {
+            return {std::move(even), {}};
+        }
+    }
+    for (int decades = 1; ticks.size() > most; ++decades) {
+        ticks = DecadeTicksIn(range, {1}, decades);
+    }
+    return {std::move(ticks), all};
+}
+
+AxisRange WithLogMargin(const AxisRange& range, double fraction, double minRatio) {
+    const AxisRange logs = WithMargin({std::log10(range.lower), std::log10(range.upper)}, fraction,
+                                      std::log10(minRatio));
+    return {std::pow(10, logs.lower), std::pow(10, logs.upper)};
+}
+
 std::string VoltsScale::TextOf(double volts) const {
     return FixedText(volts / unit, decimals);
 }
 
 VoltsScale VoltsScaleOf(const AxisRange& volts, double step) {
     const VoltsUnit unit = VoltsUnitOf(std::max(std::abs(volts.lower), std::abs(volts.upper)));
-    const double decimals = std::ceil(-std::log10(step / unit.volts) - rounding);
-    return {unit.volts, unit.name, std::max(0, static_cast<int>(decimals))};
+    return {unit.volts, unit.name, DecimalsOf(step / unit.volts)};
 }
 
 AxisRange WithMargin(const AxisRange& range, double fraction, double minSpan) {

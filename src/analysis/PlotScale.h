@@ -30,6 +30,23 @@ double SubTickStep(double step, double minStep = 0);
 /// The multiples of `step` within the range, its ends included.
 std::vector<double> TicksIn(const AxisRange& range, double step);
 
+/// The decimals that keep ticks of that distance apart.
+int DecimalsOf(double step);
+
+/// Round numbers along a logarithmic axis above 0.
+struct LogTicks {
+    std::vector<double> ticks;
+    std::vector<double> subTicks;  ///< marks between them
+};
+
+/// No more than `maxTicks` ticks: at 1, 2 and 5 times the powers of ten, at the powers of ten, or
+/// at some of those; along less than a decade at equal distances where these are more.
+LogTicks LogTicksIn(const AxisRange& range, int maxTicks);
+
+/// The range with `fraction` of its span added at either end, and at least the ratio `minRatio`
+/// between its ends; all by logarithms.
+AxisRange WithLogMargin(const AxisRange& range, double fraction, double minRatio);
+
 /// How the ticks of a voltage axis are written.
 struct VoltsScale {
     double unit;                ///< volts

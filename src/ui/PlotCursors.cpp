@@ -95,6 +95,9 @@ void PlotCursors::Choose(Name name) {
 }
 
 void PlotCursors::MoveTo(int point) {
+    if (!HavePoints()) {
+        return;
+    }
     Cursor& cursor = cursors_[chosen_];
     Place(cursor, std::clamp(point, 0, graph_->dataCount() - 1));
     view_->Reveal(graph_->dataMainKey(cursor.point));
@@ -102,14 +105,37 @@ void PlotCursors::MoveTo(int point) {
 }
 
 void PlotCursors::MoveToKey(double key) {
+    MoveTo(PointNear(key));
+}
+
+/// As it looks, on a logarithmic axis too.
+int PlotCursors::PointNear(double key) const {
+    const auto pixel = [this](double k) { return view_->xAxis->coordToPixel(k); };
     const int next = graph_->findBegin(key, false);
     const int last = graph_->dataCount() - 1;
-    const bool before = next > 0 && (next > last || key - graph_->dataMainKey(next - 1) <
-                                                        graph_->dataMainKey(next) - key);
-    MoveTo(before ? next - 1 : next);
+    const bool before =
+        next > 0 && (next > last || pixel(key) - pixel(graph_->dataMainKey(next - 1)) <
+                                        pixel(graph_->dataMainKey(next)) - pixel(key));
+    return before ? next - 1 : next;
+}
+
+void PlotCursors::Set(int pointOfA, int pointOfB) {
+    Place(cursors_[A], pointOfA);
+    Place(cursors_[B], pointOfB);
+}
+
+void PlotCursors::FollowGraph() {
+    Set(PointNear(KeyOf(A)), PointNear(KeyOf(B)));
 }
 
 void PlotCursors::Place(Cursor& cursor, int point) {
+    for (QCPAbstractItem* item :
+         std::initializer_list<QCPAbstractItem*>{cursor.line, cursor.marker, cursor.flag}) {
+        item->setVisible(HavePoints());
+    }
+    if (!HavePoints()) {
+        return;
+    }
     const double key = graph_->dataMainKey(point);
     cursor.point = point;
     cursor.marker->setGraphKey(key);

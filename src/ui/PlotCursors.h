@@ -17,11 +17,19 @@ class PlotCursors final : public QObject {
   public:
     enum Name { A, B };
 
-    /// On a graph of the view that has its points and at least one; both outlive the cursors.
+    /// On a graph of the view that has its points; both outlive the cursors, which stand at a
+    /// quarter and at three quarters of the points. They are hidden while there are none.
     PlotCursors(PlotView* view, QCPGraph* graph);
 
-    /// The number of the point that a cursor is on, from 0.
+    /// The number of the point that a cursor is on, from 0. The graph has points.
     int PointOf(Name name) const { return cursors_[name].point; }
+    /// Where that point is on the horizontal axis.
+    double KeyOf(Name name) const { return cursors_[name].marker->graphKey(); }
+    bool HavePoints() const { return graph_->dataCount() > 0; }
+    /// Puts both on points.
+    void Set(int pointOfA, int pointOfB);
+    /// The graph has other points: puts each on the one nearest to where it was.
+    void FollowGraph();
     Name Chosen() const { return chosen_; }
 
     /// Draws the cursors in this theme from now on.
@@ -47,6 +55,7 @@ class PlotCursors final : public QObject {
     void Choose(Name name);
     void MoveTo(int point);
     void MoveToKey(double key);
+    int PointNear(double key) const;
     void Place(Cursor& cursor, int point);
     void Update();
 

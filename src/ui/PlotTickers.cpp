@@ -109,6 +109,74 @@ class Volts final : public AxisTicker {
     ConversionConditions conditions_;
 };
 
+class Seconds final : public AxisTicker {
+  public:
+    Seconds(const QCPAxis* axis, double interval) : AxisTicker(axis), interval_(interval) {}
+
+    void generate(const QCPRange& range, const QLocale& /*locale*/, QChar /*format*/,
+                  int /*precision*/, QVector<double>& ticks, QVector<double>* subTicks,
+                  QVector<QString>* labels) override {
+        const AxisRange seconds{(range.lower - 1) * interval_, (range.upper - 1) * interval_};
+        const double step = TickStep(seconds.Span(), Steps());
+        const std::vector<double> times = TicksIn(seconds, step);
+        ticks = Readings(times);
+        if (subTicks != nullptr) {
+            *subTicks = Readings(TicksIn(seconds, SubTickStep(step)));
+        }
+        if (labels != nullptr) {
+            labels->clear();
+            for (const double time : times) {
+                labels->append(QString::fromStdString(FixedText(time, DecimalsOf(step))));
+            }
+        }
+    }
+
+  private:
+    QVector<double> Readings(const std::vector<double>& times) const {
+        QVector<double> readings;
+        for (const double time : times) {
+            readings.append(time / interval_ + 1);
+        }
+        return readings;
+    }
+
+    double interval_;
+};
+
+class Logarithmic final : public AxisTicker {
+  public:
+    Logarithmic(const QCPAxis* axis, double unit, std::string (*textOf)(double))
+        : AxisTicker(axis), unit_(unit), textOf_(textOf) {}
+
+    void generate(const QCPRange& range, const QLocale& /*locale*/, QChar /*format*/,
+                  int /*precision*/, QVector<double>& ticks, QVector<double>* subTicks,
+                  QVector<QString>* labels) override {
+        const LogTicks found = LogTicksIn({range.lower / unit_, range.upper / unit_}, Steps());
+        ticks = Scaled(found.ticks);
+        if (subTicks != nullptr) {
+            *subTicks = Scaled(found.subTicks);
+        }
+        if (labels != nullptr) {
+            labels->clear();
+            for (const double tick : found.ticks) {
+                labels->append(QString::fromStdString(textOf_(tick)));
+            }
+        }
+    }
+
+  private:
+    QVector<double> Scaled(const std::vector<double>& multiples) const {
+        QVector<double> coordinates;
+        for (const double multiple : multiples) {
+            coordinates.append(multiple * unit_);
+        }
+        return coordinates;
+    }
+
+    double unit_;
+    std::string (*textOf_)(double);
+};
+
 }  // namespace
 
 QSharedPointer<QCPAxisTicker> WholeNumberTicker(const QCPAxis* axis) {
@@ -118,6 +186,15 @@ QSharedPointer<QCPAxisTicker> WholeNumberTicker(const QCPAxis* axis) {
 QSharedPointer<QCPAxisTicker> VoltsTicker(const QCPAxis* axis,
                                           const ConversionConditions& conditions) {
     return QSharedPointer<Volts>::create(axis, conditions);
+}
+
+QSharedPointer<QCPAxisTicker> SecondsTicker(const QCPAxis* axis, double interval) {
+    return QSharedPointer<Seconds>::create(axis, interval);
+}
+
+QSharedPointer<QCPAxisTicker> LogTicker(const QCPAxis* axis, double unit,
+                                        std::string (*textOf)(double)) {
+    return QSharedPointer<Logarithmic>::create(axis, unit, textOf);
 }
 
 QString VoltsUnitOf(const QCPAxis* axis, const ConversionConditions& conditions) {

@@ -78,9 +78,32 @@ QCPRange Inside(const QCPRange& range, const QCPRange& all, double minSpan) {
     return {lower, lower + size};
 }
 
+/// A place of an axis on a scale along which pixels are even: the logarithm on a logarithmic one.
+double EvenPlace(const QCPAxis* axis, double place) {
+    return axis->scaleType() == QCPAxis::stLogarithmic ? std::log10(place) : place;
+}
+
+QCPRange EvenRange(const QCPAxis* axis, const QCPRange& range) {
+    return {EvenPlace(axis, range.lower), EvenPlace(axis, range.upper)};
+}
+
+void SetEvenRange(QCPAxis* axis, const QCPRange& range) {
+    const bool logarithmic = axis->scaleType() == QCPAxis::stLogarithmic;
+    axis->setRange(logarithmic ? QCPRange(std::pow(10, range.lower), std::pow(10, range.upper))
+                               : range);
+}
+
+/// Moves the visible range by a part of it, then multiplies it about its middle.
+void MoveAndScale(QCPAxis* axis, double part, double factor) {
+    const QCPRange range = EvenRange(axis, axis->range());
+    const double middle = range.center() + part * range.size();
+    const double half = factor * range.size() / 2;
+    SetEvenRange(axis, {middle - half, middle + half});
+}
+
 void Limit(QCPAxis* axis, const QCPRange& all, double minSpan) {
     const QSignalBlocker quiet(axis);
-    axis->setRange(Inside(axis->range(), all, minSpan));
+    SetEvenRange(axis, Inside(EvenRange(axis, axis->range()), EvenRange(axis, all), minSpan));
 }
 
 void SampleAdaptively(const QCustomPlot& plot, bool adaptively) {
@@ -135,6 +158,9 @@ void PlotView::SetTheme(std::function<void(const PlotTheme&)> useTheme) {
 
 void PlotView::SetExtent(const PlotExtent& extent) {
     extent_ = extent;
+    for (QCPAxis* axis : {xAxis, yAxis, yAxis2}) {
+        axis->setScaleType(extent.logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear);
+    }
     ShowAll();
 }
 
@@ -145,15 +171,15 @@ void PlotView::ShowAll() {
 }
 
 void PlotView::Reveal(double key) {
-    const QCPRange seen = xAxis->range();
+    const QCPRange seen = EvenRange(xAxis, xAxis->range());
+    const double place = EvenPlace(xAxis, key);
     const double margin = revealMargin * seen.size();
-    if (key < seen.lower + margin) {
-        xAxis->moveRange(key - margin - seen.lower);
-    } else if (key > seen.upper - margin) {
-        xAxis->moveRange(key + margin - seen.upper);
-    } else {
+    if (place >= seen.lower + margin && place <= seen.upper - margin) {
         return;
     }
+    const bool below = place < seen.lower + margin;
+    const double distance = below ? place - margin - seen.lower : place + margin - seen.upper;
+    SetEvenRange(xAxis, {seen.lower + distance, seen.upper + distance});
     replot(rpQueuedReplot);
 }
 
@@ -165,10 +191,11 @@ void PlotView::KeepInside() {
     }
     Limit(yAxis, extent_.values, extent_.minValues);
     yAxis2->setRange(yAxis->range());
+    xAxis2->setRange(xAxis->range());
 }
 
 void PlotView::UseFonts() {
-    for (QCPAxis* axis : {xAxis, yAxis, yAxis2}) {
+    for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
         axis->setTickLabelFont(font());
         axis->setLabelFont(font());
     }
@@ -211,10 +238,8 @@ bool PlotView::HandleKey(const QKeyEvent& event) {
     if (step == std::end(keySteps)) {
         return false;
     }
-    xAxis->moveRange(step->panX * xAxis->range().size());
-    yAxis->moveRange(step->panY * yAxis->range().size());
-    xAxis->scaleRange(step->zoomX);
-    yAxis->scaleRange(step->zoomY);
+    MoveAndScale(xAxis, step->panX, step->zoomX);
+    MoveAndScale(yAxis, step->panY, step->zoomY);
     return true;
 }
 

@@ -31,12 +31,14 @@ struct PlotExtent {
     double minKeys;                ///< the smallest span shown
     double minValues;              ///< likewise
     bool valuesFromStart = false;  ///< the vertical axis always begins at its lower end
+    bool logarithmic = false;      ///< both axes; the smallest spans are in decades
 };
 
 /// A plot in the program's manner: the palette's colours, light or dark; moved by dragging, by the
 /// arrow keys and Page Up and Down; zoomed by the wheel, over an axis that axis alone, by a
 /// rectangle dragged with Shift or the right button, by + and -, one axis by Shift with an arrow
-/// key; Home shows everything again. The right axis has the range of the left one, at any time.
+/// key; Home shows everything again. The right axis has the range of the left one, the upper
+/// axis that of the lower one, at any time.
 class PlotView final : public QCustomPlot {
     Q_OBJECT
 

@@ -29,14 +29,11 @@ BlockPlotForm::BlockPlotForm(Services& services, const AnalysedBlock& block, QWi
 }
 
 void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
-    view_ = controls.view;
+    heading_ = controls.heading;
     saved_ = controls.saved;
-    subject_ = tr("%1 ADC %2")
-                   .arg(QString::fromUtf8(TraitsOf(block_.analysis.own.converter).name), subject);
-    controls.heading->setText(subject_);
+    UseView(controls.view, subject);
     UseHeadingFont(controls.heading);
     ShowBoardLabel(controls.boardLabel);
-    view_->setAccessibleName(subject_);
     Describe({});
     On(controls.savePicture, &QPushButton::clicked, &BlockPlotForm::SavePicture);
     On(controls.saveCsv, &QPushButton::clicked, &BlockPlotForm::SaveCsv);
@@ -44,6 +41,14 @@ void BlockPlotForm::SetUp(const Controls& controls, const QString& subject) {
     On(controls.showAll, &QPushButton::clicked, &BlockPlotForm::ShowAll);
     On(controls.back, &QPushButton::clicked, &BlockPlotForm::reject);
     view_->setFocus();
+}
+
+void BlockPlotForm::UseView(PlotView* view, const QString& subject) {
+    view_ = view;
+    subject_ = tr("%1 ADC %2")
+                   .arg(QString::fromUtf8(TraitsOf(block_.analysis.own.converter).name), subject);
+    heading_->setText(subject_);
+    view_->setAccessibleName(subject_);
 }
 
 void BlockPlotForm::SavePicture() {

@@ -38,6 +38,9 @@ class BlockPlotForm : public Form {
     /// name in the heading.
     void SetUp(const Controls& controls, const QString& subject);
 
+    /// From now on the buttons are for this view, and what is plotted is another subject.
+    void UseView(PlotView* view, const QString& subject);
+
     /// What the plot shows, for a screen reader: `further` lines after mean, sigma and span.
     void Describe(const QStringList& further);
 
@@ -60,6 +63,7 @@ class BlockPlotForm : public Form {
 
     const AnalysedBlock& block_;
     QString subject_;
+    QLabel* heading_ = nullptr;
     PlotView* view_ = nullptr;
     QLabel* saved_ = nullptr;
 };

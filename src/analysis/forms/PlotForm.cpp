@@ -1,29 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/forms/PlotForm.h"
 
-#include "analysis/PlotCsv.h"
-#include "analysis/PlotScale.h"
+#include "analysis/Rate.h"
+#include "analysis/forms/CodesView.h"
+#include "analysis/forms/SpectrumView.h"
+#include "analysis/forms/StabilityView.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
+#include "numbers/RuntimeError.h"
 #include "ui/Fonts.h"
-#include "ui/PlotTickers.h"
+#include "ui/KeyPresses.h"
 #include "ui_PlotForm.h"
 
 namespace vx3260 {
 namespace {
 
-constexpr QLatin1String levelLayer("levels");
+constexpr std::size_t minSegmentOffered = 8;
 
-constexpr double keyMargin = 0.02;
-constexpr double minReadingsShown = 4;
-constexpr double minCodesShown = 4;
-
-/// Readings farther apart than this, in pixels, are marked by dots.
-constexpr double dotDistance = 6;
-constexpr double dotSize = 4;
-
-/// Readings closer than this, in pixels, form an area.
-constexpr double areaDistance = 2;
+/// Nothing where the text is not a rate.
+std::optional<double> RateOf(const QString& text) {
+    try {
+        const double rate = TextToDouble(text.toStdString());
+        return IsRate(rate) ? std::optional(rate) : std::nullopt;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
 
 }  // namespace
 
@@ -37,142 +39,97 @@ PlotForm::PlotForm(Services& services, const AnalysedBlock& block, QWidget* pare
     for (QLabel* label : {ui_->CursorALabel, ui_->CursorBLabel, ui_->DifferenceLabel}) {
         UseFixedFont(label);
     }
-    Draw();
-    SetUpAxes();
-    ShowCursors();
-    On(ui_->Plot, &PlotView::beforeReplot, &PlotForm::FollowView);
-    On(cursors_, &PlotCursors::Changed, &PlotForm::ShowCursors);
+    spectrum_ = new SpectrumView(ui_->SpectrumPlot, block);
+    stability_ = new StabilityView(ui_->StabilityPlot, block);
+    views_ = {new CodesView(ui_->Plot, block), spectrum_, stability_};
+    for (BlockView* view : views_) {
+        view->setParent(this);
+        ui_->ViewBox->addItem(view->Subject());
+        On(view, &BlockView::Changed, &PlotForm::ShowTexts);
+    }
+    OfferChoices();
+    ChooseRate();
+    ChooseView();
 }
 
 PlotForm::~PlotForm() = default;
 
-void PlotForm::Draw() {
-    PlotView* const view = ui_->Plot;
-    codes_ = view->addGraph();
-    codes_->setName(tr("Code"));
-    for (std::size_t i = 0; i < Block().codes.size(); ++i) {
-        codes_->addData(static_cast<double>(i + 1), Block().codes[i]);
+void PlotForm::OfferChoices() {
+    const std::size_t readings = Block().codes.size();
+    const std::size_t fitting = DefaultSegmentLength(readings);
+    for (std::size_t length = minSegmentOffered; length <= readings; length *= 2) {
+        ui_->SegmentBox->addItem(tr("%1 readings").arg(length), QVariant::fromValue(length));
     }
-    view->addLayer(levelLayer);
-    edges_ = AddLevels();
-    levels_ = AddLevels();
-    levels_.front()->setName(tr("Mean"));
-    levels_.front()->addToLegend();
-    if (levels_.size() > 1) {
-        levels_.back()->setName(tr("Mean ± 1 sigma"));
-        levels_.back()->addToLegend();
+    ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
+    if (Block().interval) {
+        ui_->RateEdit->setText(QString::fromStdString(ShortestText(1 / *Block().interval)));
+        ui_->RateEdit->setCursorPosition(0);
     }
-    cursors_ = new PlotCursors(view, codes_);
-    view->SetTheme([this](const PlotTheme& theme) { UseTheme(theme); });
+    SelectTextOnFocus(ui_->RateEdit);
+    On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);
+    On(ui_->RateEdit, &QLineEdit::textChanged, &PlotForm::ChooseRate);
+    On(ui_->SegmentBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseSegments);
+    On(ui_->TrendBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseSegments);
+    On(ui_->FactorsBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseFactors);
 }
 
-void PlotForm::SetUpAxes() {
-    PlotView* const view = ui_->Plot;
-    const AxisRange codes = CodeAxisOf(Block().analysis);
-    const AxisRange readings =
-        WithMargin({1, static_cast<double>(Block().codes.size())}, keyMargin, minReadingsShown);
-    view->xAxis->setTicker(WholeNumberTicker(view->xAxis));
-    view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
-    view->yAxis2->setTicker(VoltsTicker(view->yAxis2, Block().analysis.own));
-    view->yAxis2->setVisible(true);
-    view->xAxis->setLabel(tr("Reading"));
-    view->yAxis->setLabel(tr("Code"));
-    view->SetExtent({{readings.lower, readings.upper},
-                     {codes.lower, codes.upper},
-                     minReadingsShown,
-                     minCodesShown});
+BlockView& PlotForm::View() const {
+    return *views_.at(static_cast<std::size_t>(ui_->ViewBox->currentIndex()));
 }
 
-void PlotForm::UseTheme(const PlotTheme& theme) {
-    constexpr double lineWidth = 2;
-    constexpr double edgeWidth = 4;
-    codes_->setPen(QPen(theme.data, theme.dataWidth));
-    for (QCPGraph* edge : edges_) {
-        edge->setPen(QPen(theme.background, edgeWidth));
+void PlotForm::ChooseView() {
+    const bool spectrum = &View() == spectrum_;
+    const bool stability = &View() == stability_;
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->SegmentLabel, ui_->SegmentBox,
+                                                            ui_->TrendLabel, ui_->TrendBox}) {
+        control->setVisible(spectrum);
     }
-    for (QCPGraph* level : levels_) {
-        const bool isMean = level == levels_.front();
-        level->setPen(QPen(theme.reference, lineWidth, isMean ? Qt::SolidLine : Qt::DashLine));
-    }
-    cursors_->UseTheme(theme);
+    ui_->FactorsLabel->setVisible(stability);
+    ui_->FactorsBox->setVisible(stability);
+    ui_->Views->setCurrentWidget(View().View());
+    UseView(View().View(), View().Subject());
+    ShowTexts();
 }
 
-std::vector<QCPGraph*> PlotForm::AddLevels() {
-    const auto [mean, sigma] = Block().analysis.exact;
-    const std::vector<double> codes =
-        sigma > 0 ? std::vector{mean, mean - sigma, mean + sigma} : std::vector{mean};
-    std::vector<QCPGraph*> levels;
-    for (const double code : codes) {
-        QCPGraph* const level = ui_->Plot->addGraph();
-        level->removeFromLegend();
-        level->setLayer(levelLayer);
-        level->setAntialiased(false);
-        level->addData(1, code);
-        level->addData(static_cast<double>(Block().codes.size()), code);
-        levels.push_back(level);
+void PlotForm::ChooseRate() {
+    const std::optional<double> rate = RateOf(ui_->RateEdit->text());
+    for (BlockView* view : views_) {
+        view->UseRate(rate);
     }
-    return levels;
 }
 
-void PlotForm::FollowView() {
-    PlotView* const view = ui_->Plot;
-    view->yAxis2->setLabel(
-        tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.own)));
-    const double pixelsApart = view->viewport().width() / view->xAxis->range().size();
-    const bool dots = pixelsApart > dotDistance;
-    codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
-                                 : QCPScatterStyle(QCPScatterStyle::ssNone));
-    // On an area of similar brightness the lines of mean and sigma are visible only with an edge.
-    for (QCPGraph* edge : edges_) {
-        edge->setVisible(pixelsApart < areaDistance);
-    }
-    // Below codes that can be distinguished; equal codes lie on the line of their mean.
-    const bool codesOnTop = dots || Block().analysis.exact.sigma == 0;
-    view->moveLayer(view->layer(levelLayer), codes_->layer(),
-                    codesOnTop ? PlotView::limBelow : PlotView::limAbove);
+void PlotForm::ChooseSegments() {
+    spectrum_->UseSegments(ui_->SegmentBox->currentData().value<std::size_t>(),
+                           ui_->TrendBox->currentIndex() == 0 ? Trend::Mean : Trend::Linear);
 }
 
-void PlotForm::ShowCursors() {
+void PlotForm::ChooseFactors() {
+    stability_->UseFactors(static_cast<AveragingFactors>(ui_->FactorsBox->currentIndex()));
+}
+
+void PlotForm::ShowTexts() {
     const std::pair<QLabel*, PlotCursors::Name> labels[] = {{ui_->CursorALabel, PlotCursors::A},
                                                             {ui_->CursorBLabel, PlotCursors::B}};
     for (const auto& [label, name] : labels) {
         QFont font = label->font();
-        font.setBold(name == cursors_->Chosen());
+        font.setBold(name == View().ChosenCursor());
         label->setFont(font);
-        label->setText(CursorText(name));
+        label->setText(View().CursorText(name));
     }
-    ui_->DifferenceLabel->setText(DifferenceText());
+    ui_->DifferenceLabel->setText(View().DifferenceText());
+    ui_->SummaryLabel->setText(View().Summary());
     Describe(FurtherLines());
 }
 
-QString PlotForm::CursorText(PlotCursors::Name name) const {
-    const int point = cursors_->PointOf(name);
-    const double code = Block().codes.at(static_cast<std::size_t>(point));
-    return tr("%1: reading %2, %3, %4")
-        .arg(name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B"))
-        .arg(point + 1)
-        .arg(QString::fromStdString(CodeText(ToInt32(code))),
-             CodeVoltsText(Block().analysis.own, code));
-}
-
-QString PlotForm::DifferenceText() const {
-    const int a = cursors_->PointOf(PlotCursors::A);
-    const int b = cursors_->PointOf(PlotCursors::B);
-    const double codes = Block().codes.at(static_cast<std::size_t>(b)) -
-                         Block().codes.at(static_cast<std::size_t>(a));
-    const double volts = codes * Block().analysis.own.lsbVolts;
-    return tr("B - A: %1, %2, %3")
-        .arg(QString::fromStdString(CountText(b - a, "reading")),
-             QString::fromStdString(CountText(static_cast<std::int64_t>(codes), "code")),
-             DistanceText(volts));
-}
-
 std::string PlotForm::Csv() const {
-    return CodesCsv(Block());
+    return View().Csv();
 }
 
 QStringList PlotForm::FurtherLines() const {
-    return {CursorText(PlotCursors::A), CursorText(PlotCursors::B), DifferenceText()};
+    QStringList lines{View().Summary(), View().CursorText(PlotCursors::A),
+                      View().CursorText(PlotCursors::B), View().DifferenceText()};
+    lines.removeAll(QString());
+    return lines;
 }
 
 }  // namespace vx3260

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <memory>
-#include <vector>
 
 #include "analysis/forms/BlockPlotForm.h"
-#include "ui/PlotCursors.h"
+#include "analysis/forms/BlockView.h"
 
 namespace Ui {
 class PlotForm;
@@ -13,8 +13,11 @@ class PlotForm;
 
 namespace vx3260 {
 
-/// The codes of a block as a strip chart over the reading number, from 1 on, with volts on the
-/// right, mean and sigma, and two cursors.
+class SpectrumView;
+class StabilityView;
+
+/// Three views of a block, one at a time: its codes, their spectrum, their stability; the rate of
+/// the readings and what the views are computed with can be chosen.
 class PlotForm final : public BlockPlotForm {
     Q_OBJECT
 
@@ -28,21 +31,18 @@ class PlotForm final : public BlockPlotForm {
     QStringList FurtherLines() const override;
 
   private:
-    void Draw();
-    void SetUpAxes();
-    void UseTheme(const PlotTheme& theme);
-    /// Horizontal lines from the first reading to the last: the mean, then sigma on its sides.
-    std::vector<QCPGraph*> AddLevels();
-    void FollowView();
-    void ShowCursors();
-    QString CursorText(PlotCursors::Name name) const;
-    QString DifferenceText() const;
+    void OfferChoices();
+    void ChooseView();
+    void ChooseRate();
+    void ChooseSegments();
+    void ChooseFactors();
+    void ShowTexts();
+    BlockView& View() const;
 
     std::unique_ptr<Ui::PlotForm> ui_;
-    QCPGraph* codes_ = nullptr;
-    std::vector<QCPGraph*> levels_;  ///< mean and sigma
-    std::vector<QCPGraph*> edges_;   ///< under them
-    PlotCursors* cursors_ = nullptr;
+    SpectrumView* spectrum_;
+    StabilityView* stability_;
+    std::array<BlockView*, 3> views_;  ///< in the order of the choice
 };
 
 }  // namespace vx3260

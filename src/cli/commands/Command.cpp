@@ -7,6 +7,7 @@
 #include <map>
 #include <vector>
 
+#include "analysis/Rate.h"
 #include "cli/reports/ConverterName.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
@@ -24,10 +25,6 @@ std::vector<std::string> ConverterNames() {
                    CommandLineName);
     return names;
 }
-
-/// Readings in a second: wide around what converters do, so that no figure overflows.
-constexpr double minRate = 1e-6;
-constexpr double maxRate = 1e9;
 
 /// The parser alone would take 010 for 8 and 0x10 for 16.
 std::string RefuseOtherThanDecimal(const std::string& text) {
@@ -63,14 +60,14 @@ std::string RefuseOtherThanVoltage(const std::string& text) {
 
 std::string RefuseOtherThanRate(const std::string& text) {
     try {
-        if (const double rate = TextToDouble(text); rate >= minRate && rate <= maxRate) {
+        if (IsRate(TextToDouble(text))) {
             return "";
         }
     } catch (const RuntimeError&) {
         // Refused below, like a number beyond the limits.
     }
-    return "'" + text + "' is not a number from " + ShortestText(minRate) + " to " +
-           ShortestText(maxRate);
+    return "'" + text + "' is not a number from " + ShortestText(MinRate) + " to " +
+           ShortestText(MaxRate);
 }
 
 std::string FormatName(ReportFormat format) {

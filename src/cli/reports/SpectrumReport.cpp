@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "analysis/PlotCsv.h"
+#include "analysis/UnitTexts.h"
 #include "cli/reports/Columns.h"
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/JsonText.h"
-#include "cli/reports/NoiseUnits.h"
+#include "cli/reports/ReportedConditions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -54,7 +55,7 @@ std::string Heading(const FileSpectrum& analysed, const CodeScale& scale) {
     } else {
         const double noise = TotalNoise(spectrum);
         rows.emplace_back("RMS Noise", LsbText(noise * scale.lsb) + ", " +
-                                           NoiseVoltsText(noise * scale.volts) + ", from " +
+                                           RmsText(noise * scale.volts) + ", from " +
                                            HertzText(spectrum.frequencies[1]) + " to " +
                                            HertzText(spectrum.frequencies.back()));
         for (const MainsLine& line : MainsLinesAt(spectrum.rate)) {
@@ -78,9 +79,12 @@ std::vector<std::string> OctaveRow(const Spectrum& spectrum, const CodeScale& sc
     const double noise = NoiseBetween(spectrum, first, last);
     const double width = static_cast<double>(last - first + 1) * spectrum.Resolution();
     const double density = noise / std::sqrt(width);
-    return {HertzText(spectrum.frequencies[first]),       HertzText(spectrum.frequencies[last]),
-            VoltsPerRootHertzText(density * scale.volts), FigureText(density * scale.lsb),
-            NoiseVoltsText(noise * scale.volts),          LsbText(noise * scale.lsb)};
+    return {HertzText(spectrum.frequencies[first]),
+            HertzText(spectrum.frequencies[last]),
+            VoltsPerRootHertzText(density * scale.volts),
+            RoundedText(density * scale.lsb),
+            RmsText(noise * scale.volts),
+            LsbText(noise * scale.lsb)};
 }
 
 std::string Octaves(const Spectrum& spectrum, const CodeScale& scale) {

@@ -5,9 +5,10 @@
 #include <algorithm>
 
 #include "analysis/PlotCsv.h"
+#include "analysis/UnitTexts.h"
 #include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
-#include "cli/reports/NoiseUnits.h"
+#include "cli/reports/ReportedConditions.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -15,10 +16,6 @@ namespace {
 
 double SecondsOf(const FileStability& analysed, const AllanPoint& point) {
     return static_cast<double>(point.factor) / analysed.rate;
-}
-
-std::string SecondsText(double seconds) {
-    return FigureText(seconds) + " s";
 }
 
 const AllanPoint& MinimumOf(const FileStability& analysed) {
@@ -32,9 +29,8 @@ std::string MinimumText(const FileStability& analysed, const CodeScale& scale) {
         return NotDefined;
     }
     const AllanPoint& point = MinimumOf(analysed);
-    return NoiseVoltsText(point.deviation * scale.volts) + ", " +
-           LsbText(point.deviation * scale.lsb) + ", over " +
-           SecondsText(SecondsOf(analysed, point));
+    return RmsText(point.deviation * scale.volts) + ", " + LsbText(point.deviation * scale.lsb) +
+           ", over " + SecondsText(SecondsOf(analysed, point));
 }
 
 std::string Heading(const FileStability& analysed, const CodeScale& scale) {
@@ -54,10 +50,9 @@ std::string Table(const FileStability& analysed, const CodeScale& scale) {
     for (const AllanPoint& point : analysed.points) {
         const double white = WhiteNoiseDeviation(analysed.points, point.factor);
         rows.push_back({std::to_string(point.factor), SecondsText(SecondsOf(analysed, point)),
-                        NoiseVoltsText(point.deviation * scale.volts),
-                        NoiseVoltsText(point.low * scale.volts),
-                        NoiseVoltsText(point.high * scale.volts),
-                        LsbText(point.deviation * scale.lsb), NoiseVoltsText(white * scale.volts)});
+                        RmsText(point.deviation * scale.volts), RmsText(point.low * scale.volts),
+                        RmsText(point.high * scale.volts), LsbText(point.deviation * scale.lsb),
+                        RmsText(white * scale.volts)});
     }
     return TableText(rows);
 }
