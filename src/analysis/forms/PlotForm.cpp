@@ -116,8 +116,7 @@ std::vector<QCPGraph*> PlotForm::AddLevels() {
 
 void PlotForm::FollowView() {
     PlotView* const view = ui_->Plot;
-    view->yAxis2->setLabel(
-        tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.own)));
+    view->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(view->yAxis2, Block().analysis.own)));
     const double pixelsApart = view->viewport().width() / view->xAxis->range().size();
     const bool dots = pixelsApart > dotDistance;
     codes_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
@@ -163,7 +162,7 @@ QString PlotForm::DifferenceText() const {
     const double volts = codes * Block().analysis.own.lsbVolts;
     return tr("B - A: %1, %2, %3")
         .arg(QString::fromStdString(CountText(b - a, "reading")),
-             QString::fromStdString(CountText(static_cast<std::int64_t>(codes), "code")),
+             QString::fromStdString(FixedText(codes / Block().analysis.own.codeStep, 0) + " LSB"),
              DistanceText(volts));
 }
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "analysis/SuspiciousCodes.h"
+#include "analysis/BlockWarnings.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
@@ -120,17 +120,18 @@ ExitCode NoiseCommand::Run(const CommandContext& context) {
     if (file_.path.empty()) {
         return RunOnBoard(context);
     }
-    return RunOnFile(context, file_, [this, &context] {
-        context.streams.out << Report(AnalyseFile(context.streams.err), "");
-    });
+    return RunOnFile(context, file_, [this, &context] { ReportFile(context.streams); });
 }
 
-NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
-    const ParsedCodes block = LoadBlock(file_, err);
+void NoiseCommand::ReportFile(const CliStreams& streams) const {
+    const ParsedCodes block = LoadBlock(file_, streams.err);
     CheckCount(static_cast<std::int64_t>(block.codes.size()));
-    CheckSuspicions(file_, block, converter_, err);
+    const ConversionConditions conditions =
+        ConditionsOf(converter_, referenceVoltage_, fileControl_);
+    const std::vector<BlockWarning> warnings =
+        CheckWarnings(file_, block, converter_, streams.err, {.codeStep = conditions.codeStep});
     try {
-        return Analyse(block.codes, ConditionsOf(converter_, referenceVoltage_, fileControl_));
+        streams.out << Report(Analyse(block.codes, conditions), warnings, "");
     } catch (const RuntimeError& error) {
         throw BadDataError(file_.Name() + ": the codes cannot be analysed: " + error.what());
     }
@@ -149,13 +150,18 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());
     }
-    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
-    context.streams.out << Report(Analyse(reading.codes, conditions), services.boardLabel);
+    const std::vector<BlockWarning> warnings =
+        WarningsAbout(ToDoubles(reading.codes), converter_, {.codeStep = conditions.codeStep});
+    PrintWarnings(TextsOf(warnings), context.streams.err);
+    context.streams.out << Report(Analyse(reading.codes, conditions), warnings,
+                                  services.boardLabel);
     return ExitCodeOf(reading.end, stop.Requested());
 }
 
-std::string NoiseCommand::Report(const NoiseAnalysis& analysis, std::string_view board) const {
-    return format_ == ReportFormat::Json ? NoiseJson(analysis, converter_, board)
+std::string NoiseCommand::Report(const NoiseAnalysis& analysis,
+                                 std::span<const BlockWarning> warnings,
+                                 std::string_view board) const {
+    return format_ == ReportFormat::Json ? NoiseJson(analysis, warnings, board)
                                          : NoiseText(analysis);
 }
 

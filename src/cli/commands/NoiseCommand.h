@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
 #include "app/StartUp.h"
 #include "cli/commands/BlockFile.h"
@@ -22,9 +25,10 @@ class NoiseCommand final : public Command {
     CLI::Option* AddFileWithConditions();
     void AddScale(CLI::Option* file);
     CLI::Option* AddRange();
-    NoiseAnalysis AnalyseFile(std::ostream& err) const;
+    void ReportFile(const CliStreams& streams) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
-    std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
+    std::string Report(const NoiseAnalysis& analysis, std::span<const BlockWarning> warnings,
+                       std::string_view board) const;
 
     Converter converter_ = Converter::Main;
     BlockFile file_;

@@ -3,9 +3,10 @@
 
 #include <CLI/CLI.hpp>
 
-#include "analysis/SuspiciousCodes.h"
+#include "analysis/BlockWarnings.h"
 #include "cli/board/StopSignal.h"
 #include "cli/reports/BlockReport.h"
+#include "link/CodeBlock.h"
 #include "numbers/FilePath.h"
 #include "numbers/NumberText.h"
 #include "options/Validators.h"
@@ -119,7 +120,8 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     const BlockReading reading =
         ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
                   [&stop] { return stop.Requested(); });
-    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
+    PrintWarnings(TextsOf(WarningsAbout(ToDoubles(reading.codes), converter_)),
+                  context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(reading.end, stop.Requested());

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
-#include "link/Converter.h"
 
 namespace vx3260 {
 
@@ -13,7 +14,9 @@ namespace vx3260 {
 std::string NoiseText(const NoiseAnalysis& analysis);
 
 /// The same texts by label name, and the figures in full precision in volts and codes, as one JSON
-/// object. `board` is the label of the board they come from; null when empty.
-std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board);
+/// object; a figure that is not defined is null. `board` is the label of the board they come from;
+/// null when empty.
+std::string NoiseJson(const NoiseAnalysis& analysis, std::span<const BlockWarning> warnings,
+                      std::string_view board);
 
 }  // namespace vx3260
