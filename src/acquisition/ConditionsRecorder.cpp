@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "analysis/BlockWarnings.h"
 #include "app/ApplicationInfo.h"
 #include "app/BoardState.h"
 
@@ -38,6 +39,9 @@ BlockConditions ConditionsRecorder::End(ReadingEnd outcome, float referenceVolta
         conditions_.meanInterval =
             (seconds.back() - seconds.front()) / static_cast<double>(seconds.size() - 1);
     }
+    const std::optional<double> rate = conditions_.NominalRate();
+    conditions_.missedConversions =
+        MissedConversions(seconds, rate ? std::optional(1 / *rate) : std::nullopt);
     return std::move(conditions_);
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
@@ -34,7 +33,8 @@ CodeRange RangeOf(std::span<const double> codes) {
 
 }  // namespace
 
-std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_t maxBins) {
+std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_t maxBins,
+                                       int step) {
     // Codes on both sides of 0 are in two bins at any width.
     constexpr std::int64_t minBins = 2;
     const CodeRange range = RangeOf(codes);
@@ -43,7 +43,7 @@ std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_
         throw SubscriptError();
     }
     std::vector<std::int64_t> widths;
-    for (std::int64_t decade = 1;; decade *= 10) {
+    for (std::int64_t decade = step;; decade *= 10) {
         for (const std::int64_t width : {decade, 2 * decade, 5 * decade}) {
             const std::int64_t bins = BinsBetween(range.min, range.max, width);
             if (bins <= binLimit) {
@@ -56,9 +56,9 @@ std::vector<std::int64_t> BinWidthsFor(std::span<const double> codes, std::size_
     }
 }
 
-Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth) {
+Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth, int step) {
     const CodeRange range = RangeOf(codes);
-    Histogram histogram{FloorDivide(range.min, binWidth) * binWidth, binWidth, {}};
+    Histogram histogram{FloorDivide(range.min, binWidth) * binWidth, binWidth, {}, step};
     histogram.counts.resize(static_cast<std::size_t>(BinsBetween(range.min, range.max, binWidth)));
     for (const double code : codes) {
         const std::int64_t offset = ToInt32(code) - histogram.firstCode;
@@ -67,20 +67,20 @@ Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth) {
     return histogram;
 }
 
-Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins) {
-    return CountCodes(codes, BinWidthsFor(codes, maxBins).front());
+Histogram ComputeHistogram(std::span<const double> codes, std::size_t maxBins, int step) {
+    return CountCodes(codes, BinWidthsFor(codes, maxBins, step).front(), step);
 }
 
-double NormalCount(double code, const ExactStatistics& statistics, std::size_t readings,
-                   std::int64_t binWidth) {
-    if (statistics.sigma == 0) {
+double NormalCount(double code, const NormalFit& fit, std::size_t readings, std::int64_t binWidth) {
+    if (fit.sigma == 0) {
         return 0;
     }
     const double halfWidth = static_cast<double>(binWidth) / 2;
-    const auto below = [&statistics](double limit) {
-        return std::erf((limit - statistics.mean) / statistics.sigma / std::numbers::sqrt2) / 2;
-    };
-    return static_cast<double>(readings) * (below(code + halfWidth) - below(code - halfWidth));
+    // The distribution is symmetric: of its two tails the lower one is exact.
+    const double distance = std::abs(code - fit.mean);
+    const NormalFit centred{0, fit.sigma};
+    return static_cast<double>(readings) * (NormalShareBelow(halfWidth - distance, centred) -
+                                            NormalShareBelow(-halfWidth - distance, centred));
 }
 
 }  // namespace vx3260

@@ -7,8 +7,10 @@
 #include <span>
 #include <vector>
 
+#include "analysis/BlockShape.h"
 #include "analysis/ConversionConditions.h"
 #include "analysis/NoiseStatistics.h"
+#include "analysis/NormalFit.h"
 #include "analysis/Resolution.h"
 
 namespace vx3260 {
@@ -29,12 +31,16 @@ struct NoiseAnalysis {
     std::int32_t span;         ///< largest minus smallest code
     std::int32_t averageCode;  ///< statistics.averageCode rounded, halves to even
     ExactStatistics exact;
+    NormalFit normal;
+    BlockShape shape;
     Resolution resolution;
 };
 
 /// Analyses a block. `own` are the conditions that it was read under; where they are unknown, those
-/// at present are taken. Throws as ComputeStatistics does, and OverflowError when the code span or
-/// the rounded average does not fit 32 bits; the span of codes that end in a time-out does not.
+/// at present are taken. Codes between the steps of the 16-bit word length show that the main ADC
+/// had 24 bits, whatever the conditions are. Throws as ComputeStatistics does, and OverflowError
+/// when the code span or the rounded average does not fit 32 bits; the span of codes that end in a
+/// time-out does not.
 NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionConditions& present,
                            const std::optional<ConversionConditions>& own = std::nullopt);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/NoiseTexts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <span>
@@ -69,17 +70,102 @@ std::string AuxRangeText(const ConversionConditions& conditions) {
     return conditions.inputRange < conditions.referenceVoltage ? "REFIN2 / 2" : "REFIN2";
 }
 
-constexpr int digitsShown = 6;
-constexpr int bitsDecimals = 2;
+constexpr const char* notDefined = "not defined";
 
-std::string BitsText(const ResolutionBits& resolution) {
-    const int decimals = resolution.isLowerBound ? 0 : bitsDecimals;
-    return (resolution.isLowerBound ? "≥ " : "") + FixedText(resolution.bits, decimals) + " bits";
+/// "8388612.4 ± 5.9", with two digits of the uncertainty.
+std::string PlusMinus(double value, std::optional<double> uncertainty) {
+    if (!uncertainty) {
+        return FixedText(value, 0);
+    }
+    const int decimals = DecimalsFor(*uncertainty);
+    return FixedText(value, decimals) + " ± " + FixedText(*uncertainty, decimals);
 }
 
-ResolutionText CodesText(const NoiseAnalysis& analysis, double codes) {
-    return {SignificantText(codes, digitsShown) + " LSB",
-            VoltsText(codes * analysis.own.lsbVolts, digitsShown)};
+/// The standard error of a mean. Noise well below a step does not average the rounding out.
+std::optional<double> MeanUncertainty(std::size_t readings, double sigma, int step) {
+    if (readings < 2) {
+        return std::nullopt;
+    }
+    const double error = sigma / std::sqrt(static_cast<double>(readings));
+    const double rounding = RoundingSigma * step;
+    return sigma < rounding ? std::max(error, rounding) : error;
+}
+
+ResolutionText MeanFromZeroText(const NoiseAnalysis& analysis) {
+    const ConversionConditions& own = analysis.own;
+    const double codes = analysis.exact.mean - own.zeroCode;
+    const auto error = MeanUncertainty(analysis.count, analysis.exact.sigma, own.codeStep);
+    const double step = own.codeStep;
+    const VoltsUnit unit = VoltsUnitOf(std::max(std::abs(codes), error.value_or(0)) * own.lsbVolts);
+    const auto in = [&](double scale, std::string_view name) {
+        const std::optional<double> scaled = error ? std::optional(*error * scale) : std::nullopt;
+        return PlusMinus(codes * scale, scaled) + " " + std::string(name);
+    };
+    return {in(1 / step, "LSB"), in(own.lsbVolts / unit.volts, unit.name)};
+}
+
+/// "419.3 LSB (406.1 to 433.3)": a figure with its interval, in a unit.
+std::string WithLimits(double figure, const std::optional<Interval>& limits,
+                       std::string_view unit) {
+    if (!limits) {
+        return ShortestText(figure) + " " + std::string(unit);
+    }
+    const int decimals = DecimalsFor(limits->Uncertainty());
+    return FixedText(figure, decimals) + " " + std::string(unit) + " (" +
+           FixedText(limits->low, decimals) + " to " + FixedText(limits->high, decimals) + ")";
+}
+
+std::optional<Interval> Scaled(const std::optional<Interval>& limits, double factor) {
+    return limits ? std::optional(Interval{limits->low * factor, limits->high * factor})
+                  : std::nullopt;
+}
+
+/// A noise of `factor` times sigma.
+ResolutionText NoiseText(const NoiseAnalysis& analysis, double factor) {
+    const Resolution& resolution = analysis.resolution;
+    if (!resolution.rmsNoise) {
+        return {notDefined, notDefined};
+    }
+    const double codes = *resolution.rmsNoise * factor;
+    const auto in = [&](double scale, std::string_view unit) {
+        return WithLimits(codes * scale, Scaled(resolution.rmsNoiseLimits, factor * scale), unit);
+    };
+    const VoltsUnit unit = VoltsUnitOf(codes * analysis.own.lsbVolts);
+    return {in(1.0 / analysis.own.codeStep, "LSB"),
+            in(analysis.own.lsbVolts / unit.volts, unit.name)};
+}
+
+/// A lower bound is rounded down.
+std::string BitsText(const std::optional<ResolutionBits>& resolution) {
+    if (!resolution) {
+        return notDefined;
+    }
+    constexpr double hundredths = 100;
+    if (resolution->isLowerBound) {
+        return "≥ " + ShortestText(std::floor(resolution->bits * hundredths) / hundredths) +
+               " bits";
+    }
+    return resolution->limits ? WithLimits(resolution->bits, resolution->limits, "bits")
+                              : FixedText(resolution->bits, 2) + " bits";
+}
+
+std::string NormalityText(const BlockShape& shape) {
+    if (!shape.normalityP) {
+        return notDefined;
+    }
+    constexpr double minShown = 1e-4;
+    const double p = *shape.normalityP;
+    const std::string text =
+        p < minShown ? "p < 0.0001" : "p = " + FixedText(p, std::min(DecimalsFor(p), 4));
+    return text +
+           (shape.test == NormalityTest::ChiSquare ? " (chi-square)" : " (D'Agostino-Pearson)");
+}
+
+/// `variance` is that of Gaussian noise, times the number of readings.
+std::string ShapeText(std::optional<double> figure, double variance, std::size_t readings) {
+    return figure ? FixedText(*figure,
+                              DecimalsFor(std::sqrt(variance / static_cast<double>(readings))))
+                  : notDefined;
 }
 
 }  // namespace
@@ -137,18 +223,52 @@ ResolutionText TextOf(const NoiseAnalysis& analysis, ResolutionFigure figure) {
     switch (figure) {
         case ResolutionFigure::Readings:
             return {std::to_string(resolution.readings)};
+        case ResolutionFigure::MeanCode:
+            return {PlusMinus(
+                analysis.exact.mean,
+                MeanUncertainty(analysis.count, analysis.exact.sigma, analysis.own.codeStep))};
+        case ResolutionFigure::MeanFromZero:
+            return MeanFromZeroText(analysis);
         case ResolutionFigure::RmsNoise:
-            return CodesText(analysis, resolution.rmsNoise);
-        case ResolutionFigure::StandardError:
-            return CodesText(analysis, resolution.standardError);
+            return NoiseText(analysis, 1);
         case ResolutionFigure::PeakToPeak:
-            return CodesText(analysis, resolution.peakToPeak);
+            return NoiseText(analysis, PeakToPeakSigmas);
         case ResolutionFigure::Effective:
             return {BitsText(resolution.effective)};
+        case ResolutionFigure::NoiseFreeFromSigma:
+            return {BitsText(resolution.noiseFreeFromSigma)};
         case ResolutionFigure::NoiseFree:
-            return {BitsText(resolution.noiseFree)};
+            return {BitsText(resolution.noiseFree) +
+                    (resolution.noiseFree ? ", N = " + std::to_string(resolution.readings) : "")};
     }
     return {};
+}
+
+NormalFigures ComputeNormalFigures(std::span<const double> codes, int step) {
+    const ExactStatistics exact = ComputeExactStatistics(codes);
+    const NormalFit normal = FitNormal(codes, exact, step);
+    return {.readings = codes.size(),
+            .step = step,
+            .exact = exact,
+            .normal = normal,
+            .shape = ComputeShape(codes, exact, normal, step)};
+}
+
+NormalTexts TextsOf(const NormalFigures& figures) {
+    constexpr double skewnessVariance = 6;
+    constexpr double kurtosisVariance = 24;
+    const auto n = static_cast<double>(figures.readings);
+    const double sigma = figures.normal.sigma / figures.step;
+    return {
+        .mean = PlusMinus(figures.exact.mean,
+                          MeanUncertainty(figures.readings, figures.exact.sigma, figures.step)),
+        .sigma =
+            (sigma > 0 ? FixedText(sigma, DecimalsFor(sigma / std::sqrt(2 * n))) : "0") + " LSB",
+        .skewness = ShapeText(figures.shape.moments.skewness, skewnessVariance, figures.readings),
+        .excessKurtosis =
+            ShapeText(figures.shape.moments.excessKurtosis, kurtosisVariance, figures.readings),
+        .normality = NormalityText(figures.shape),
+    };
 }
 
 }  // namespace vx3260

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -67,7 +68,16 @@ std::string RangeText(const ConversionConditions& conditions);
 /// Caption of the frame of the figures below.
 inline constexpr std::string_view ResolutionFrame = "Resolution";
 
-enum class ResolutionFigure { Readings, RmsNoise, StandardError, PeakToPeak, Effective, NoiseFree };
+enum class ResolutionFigure {
+    Readings,
+    MeanCode,
+    MeanFromZero,
+    RmsNoise,
+    PeakToPeak,
+    Effective,
+    NoiseFreeFromSigma,
+    NoiseFree
+};
 
 /// One row of that frame. `voltsLabel` is the name of the label that shows the figure in volts,
 /// empty where there is none.
@@ -80,14 +90,17 @@ struct ResolutionRow {
 
 inline constexpr std::array ResolutionRows{
     ResolutionRow{ResolutionFigure::Readings, "Readings N", "ReadingsLabel"},
+    ResolutionRow{ResolutionFigure::MeanCode, "Mean Code", "MeanCodeLabel"},
+    ResolutionRow{ResolutionFigure::MeanFromZero, "Mean from Zero", "ExactMeanLabelLSB",
+                  "ExactMeanLabel"},
     ResolutionRow{ResolutionFigure::RmsNoise, "RMS Noise (divisor N - 1)", "ExactRMSLabelLSB",
                   "ExactRMSLabel"},
-    ResolutionRow{ResolutionFigure::StandardError, "Std. Error of the Mean", "StdErrorLabelLSB",
-                  "StdErrorLabel"},
     ResolutionRow{ResolutionFigure::PeakToPeak, "Est. Pk to Pk (6.6 sigma)", "EstPkPkLabelLSB",
                   "EstPkPkLabel"},
     ResolutionRow{ResolutionFigure::Effective, "Effective Resolution", "EffectiveLabel"},
-    ResolutionRow{ResolutionFigure::NoiseFree, "Noise-Free Resolution", "NoiseFreeLabel"},
+    ResolutionRow{ResolutionFigure::NoiseFreeFromSigma, "Noise-Free, 6.6 sigma",
+                  "NoiseFreeSigmaLabel"},
+    ResolutionRow{ResolutionFigure::NoiseFree, "Noise-Free, observed span", "NoiseFreeLabel"},
 };
 
 struct ResolutionText {
@@ -95,7 +108,33 @@ struct ResolutionText {
     std::string volts{};  ///< empty where the row has none
 };
 
-/// What the row's labels show.
+/// What the row's labels show. Figures have two digits of their standard uncertainty; a mean is
+/// shown with its standard error, what depends on sigma with its 95 % confidence interval. Rounding
+/// limits the mean too: its error is at least RoundingSigma steps where sigma is below that.
 ResolutionText TextOf(const NoiseAnalysis& analysis, ResolutionFigure figure);
+
+/// The normal distribution behind a block, and how normal the block is.
+struct NormalFigures {
+    std::size_t readings;
+    int step;  ///< codes
+    ExactStatistics exact;
+    NormalFit normal;
+    BlockShape shape;
+};
+
+/// Of a block in steps of that many codes. Throws as ComputeExactStatistics does.
+NormalFigures ComputeNormalFigures(std::span<const double> codes, int step);
+
+/// Those figures as the histogram shows them: the mean of the codes, and the normal distribution's
+/// sigma in LSB.
+struct NormalTexts {
+    std::string mean;
+    std::string sigma;
+    std::string skewness;
+    std::string excessKurtosis;
+    std::string normality;  ///< p and the name of the test
+};
+
+NormalTexts TextsOf(const NormalFigures& figures);
 
 }  // namespace vx3260

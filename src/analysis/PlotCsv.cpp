@@ -9,11 +9,11 @@
 namespace vx3260 {
 namespace {
 
-std::string ExpectedText(const Histogram& histogram, std::size_t bin,
-                         const ExactStatistics& statistics, std::size_t readings) {
-    return statistics.sigma == 0 ? ""
-                                 : ShortestText(NormalCount(histogram.CentreOf(bin), statistics,
-                                                            readings, histogram.binWidth));
+std::string ExpectedText(const Histogram& histogram, std::size_t bin, const NormalFit& fit,
+                         std::size_t readings) {
+    return fit.sigma == 0 ? ""
+                          : ShortestText(NormalCount(histogram.CentreOf(bin), fit, readings,
+                                                     histogram.binWidth));
 }
 
 /// A line of numbers.
@@ -27,14 +27,13 @@ std::string Line(std::initializer_list<double> numbers) {
 
 }  // namespace
 
-std::string HistogramCsv(const Histogram& histogram, const ExactStatistics& statistics,
-                         std::size_t readings) {
+std::string HistogramCsv(const Histogram& histogram, const NormalFit& fit, std::size_t readings) {
     std::string csv = "first_code,last_code,count,expected_count\n";
     for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
         csv += std::to_string(histogram.FirstCodeOf(bin)) + ',' +
-               std::to_string(histogram.FirstCodeOf(bin + 1) - 1) + ',' +
+               std::to_string(histogram.LastCodeOf(bin)) + ',' +
                std::to_string(histogram.counts[bin]) + ',' +
-               ExpectedText(histogram, bin, statistics, readings) + '\n';
+               ExpectedText(histogram, bin, fit, readings) + '\n';
     }
     return csv;
 }

@@ -18,8 +18,7 @@ namespace vx3260 {
 
 /// first_code, last_code, count and expected_count: NormalCount in the middle of the bin. It is
 /// left empty where sigma is 0 and nothing is expected.
-std::string HistogramCsv(const Histogram& histogram, const ExactStatistics& statistics,
-                         std::size_t readings);
+std::string HistogramCsv(const Histogram& histogram, const NormalFit& fit, std::size_t readings);
 
 /// reading, from 1 on, code and volts.
 std::string CodesCsv(const AnalysedBlock& block);

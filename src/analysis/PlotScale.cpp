@@ -15,8 +15,8 @@ constexpr double rounding = 1e-9;
 
 constexpr double margin = 0.05;
 
-/// The smallest span of an axis, in codes: that of a block of equal codes is 0.
-constexpr double minCodes = 10;
+/// The smallest span of an axis, in steps: that of a block of equal codes is 0.
+constexpr double minSteps = 10;
 
 double DecadeBelow(double value) {
     return std::pow(10, std::floor(std::log10(value) + rounding));
@@ -116,24 +116,24 @@ AxisRange CodeAxisOf(const NoiseAnalysis& analysis) {
     const auto [mean, sigma] = analysis.exact;
     return WithMargin({std::min<double>(analysis.statistics.minCode, mean - sigma),
                        std::max<double>(analysis.statistics.maxCode, mean + sigma)},
-                      margin, minCodes);
+                      margin, minSteps * analysis.own.codeStep);
 }
 
-AxisRange BinAxisOf(const Histogram& histogram, const ExactStatistics& statistics) {
-    constexpr double halfBin = 0.5;
-    const double reach = PeakToPeakSigmas / 2 * statistics.sigma;
+AxisRange BinAxisOf(const Histogram& histogram, const NormalFit& fit) {
+    const double halfStep = histogram.step / 2.0;
+    const double reach = PeakToPeakSigmas / 2 * fit.sigma;
     const auto first = static_cast<double>(histogram.firstCode);
     const auto end = static_cast<double>(histogram.FirstCodeOf(histogram.counts.size()));
-    return WithMargin({std::min(first - halfBin, statistics.mean - reach),
-                       std::max(end - halfBin, statistics.mean + reach)},
-                      margin, minCodes);
+    return WithMargin(
+        {std::min(first - halfStep, fit.mean - reach), std::max(end - halfStep, fit.mean + reach)},
+        margin, minSteps * histogram.step);
 }
 
 AxisRange CountAxisOf(const Histogram& histogram, const NoiseAnalysis& analysis) {
     const double fullest =
         static_cast<double>(*std::max_element(histogram.counts.begin(), histogram.counts.end()));
     const double top =
-        NormalCount(analysis.exact.mean, analysis.exact, analysis.count, histogram.binWidth);
+        NormalCount(analysis.normal.mean, analysis.normal, analysis.count, histogram.binWidth);
     return {0, std::max(fullest, top) * (1 + margin)};
 }
 

@@ -69,7 +69,7 @@ AxisRange WithMargin(const AxisRange& range, double fraction, double minSpan);
 AxisRange CodeAxisOf(const NoiseAnalysis& analysis);
 
 /// What a histogram shows: all bins and the normal curve as far as PeakToPeakSigmas goes.
-AxisRange BinAxisOf(const Histogram& histogram, const ExactStatistics& statistics);
+AxisRange BinAxisOf(const Histogram& histogram, const NormalFit& fit);
 
 /// From 0 to above the fullest bin and the top of the normal curve.
 AxisRange CountAxisOf(const Histogram& histogram, const NoiseAnalysis& analysis);

@@ -60,7 +60,7 @@ QJsonObject CodesObject(std::span<const std::int32_t> codes) {
 
 template <typename Number>
 QJsonValue OrNull(const std::optional<Number>& number) {
-    return number ? QJsonValue(*number) : QJsonValue();
+    return number ? QJsonValue(static_cast<double>(*number)) : QJsonValue();
 }
 
 QString TimeText(UtcTime time) {
@@ -135,6 +135,19 @@ std::optional<double> PositiveIn(const QJsonObject& object, const char* name) {
         Refuse(QStringLiteral("\"%1\" is not a number above 0").arg(name));
     }
     return number;
+}
+
+/// A count; null or missing is unknown.
+std::optional<std::int64_t> CountIn(const QJsonObject& object, const char* name) {
+    const QJsonValue value = object[QLatin1String(name)];
+    if (value.isNull() || value.isUndefined()) {
+        return std::nullopt;
+    }
+    const qint64 count = value.toInteger(-1);
+    if (count < 0) {
+        Refuse(QStringLiteral("\"%1\" is not a count").arg(name));
+    }
+    return count;
 }
 
 UtcTime TimeIn(const QJsonObject& object, const char* name) {
@@ -220,6 +233,7 @@ QJsonObject ConditionsObject(const BlockConditions& conditions) {
          OrNull(reference ? std::optional(AsEntered(*reference)) : std::nullopt)},
         {"nominalRateHz", OrNull(conditions.NominalRate())},
         {"meanIntervalSeconds", OrNull(conditions.meanInterval)},
+        {"missedConversions", OrNull(conditions.missedConversions)},
         {"registers", RegistersObject(conditions.registers)},
     };
 }
@@ -248,6 +262,7 @@ BlockConditions ParseConditions(const std::string& text, std::span<const std::in
     conditions.end = TimeIn(object, "end");
     conditions.outcome = ChoiceIn(object, "outcome", outcomes);
     conditions.meanInterval = PositiveIn(object, "meanIntervalSeconds");
+    conditions.missedConversions = CountIn(object, "missedConversions");
     conditions.registers = RegistersIn(ObjectIn(object, "registers"));
     if (reference) {
         conditions.referenceVoltage = static_cast<float>(*reference);

@@ -48,7 +48,8 @@ struct BlockConditions {
     /// unknown.
     std::vector<double> seconds{};
     std::optional<double> meanInterval{};  ///< measured, seconds from one code to the next
-    std::string program{};                 ///< name and version of the program that read the block
+    std::optional<std::int64_t> missedConversions{};  ///< not read, by the gaps between the times
+    std::string program{};  ///< name and version of the program that read the block
 
     std::optional<std::int32_t> Control() const {
         return registers.ValueOf(TraitsOf(converter).control);

@@ -217,6 +217,12 @@ std::string SignificantText(double value, int digits) {
     return FixedText(value, std::max(0, digits - digitsBeforePoint));
 }
 
+int DecimalsFor(double uncertainty) {
+    // From 0.0995 on, two digits are 0.10, not 0.100.
+    constexpr double roundedUp = 9.95;
+    return std::max(0, 1 - static_cast<int>(std::floor(std::log10(uncertainty * 10 / roundedUp))));
+}
+
 VoltsUnit VoltsUnitOf(double volts) {
     constexpr VoltsUnit units[] = {{1, "V"}, {1e-3, "mV"}, {1e-6, "uV"}, {1e-9, "nV"}};
     const double magnitude = std::abs(volts);

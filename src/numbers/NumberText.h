@@ -63,6 +63,10 @@ std::string FixedText(double value, int decimals);
 /// not dropped: 0.00123456 with 3 is "0.00123", 123456 with 3 is "123456".
 std::string SignificantText(double value, int digits);
 
+/// How many decimals show two significant digits of an uncertainty above 0, and with it of the
+/// figure it belongs to: 1 for 5.9, 0 for 59 and all above.
+int DecimalsFor(double uncertainty);
+
 struct VoltsUnit {
     double volts;
     std::string_view name;

@@ -75,13 +75,6 @@ TEST(NoiseAnalysis, NewFiguresUseTheConditionsOfTheBlock) {
     EXPECT_EQ(ConditionsOf(Converter::Aux, 2.5F, 0x40).LargestResult(), 0xFFFF);
 }
 
-TEST(NoiseAnalysis, EqualCodesGiveALowerBoundOfTheResolution) {
-    const NoiseAnalysis quiet = Analyse({7, 7, 7});
-    EXPECT_EQ(TextOf(quiet, ResolutionFigure::RmsNoise).volts, "0 V");
-    EXPECT_EQ(TextOf(quiet, ResolutionFigure::Effective).figure, "≥ 24 bits");
-    EXPECT_EQ(TextOf(quiet, ResolutionFigure::NoiseFree).figure, "≥ 24 bits");
-}
-
 TEST(NoiseAnalysis, ShowsASmallBlock) {
     // Exact in single precision: mean 1004, deviations 4, 0 and 4, variance 32 / 2.
     const NoiseAnalysis analysis = Analyse({1000, 1004, 1008});

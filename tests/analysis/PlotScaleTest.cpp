@@ -56,20 +56,21 @@ TEST(PlotScale, AxesIncludeAllCodesAndTheCurve) {
     };
     const std::vector<double> spread{100, 120, 140, 120};
     const NoiseAnalysis wide = AnalysisOf(spread);
-    const double reach = 3.3 * wide.exact.sigma;
+    const double reach = 3.3 * wide.normal.sigma;
     expectRange(CodeAxisOf(wide), 98, 142);
-    expectRange(BinAxisOf(ComputeHistogram(spread, 100), wide.exact), 120 - 1.1 * reach,
+    expectRange(BinAxisOf(ComputeHistogram(spread, 100), wide.normal), 120 - 1.1 * reach,
                 120 + 1.1 * reach);
     expectRange(CountAxisOf(ComputeHistogram(spread, 100), wide), 0, 2.1);
-    // Two bins of 100 codes with two codes each, and of a normal curve 61 % around the mean.
+    // Two bins of 100 codes with two codes each, and of a normal curve 61 % around the mean: its
+    // sigma is that of the codes, 100 / sqrt(3), without the 1/12 of rounding.
     const std::vector<double> halves{0, 0, 100, 100};
     expectRange(CountAxisOf(ComputeHistogram(halves, 2), AnalysisOf(halves)), 0,
-                1.05 * 4 * std::erf(std::sqrt(0.375)));
+                1.05 * 4 * std::erf(50 / std::sqrt(2 * (1e4 / 3 - 1.0 / 12))));
 
     const std::vector<double> equal{7, 7, 7};
     const NoiseAnalysis still = AnalysisOf(equal);
     expectRange(CodeAxisOf(still), 2, 12);
-    expectRange(BinAxisOf(ComputeHistogram(equal, 100), still.exact), 2, 12);
+    expectRange(BinAxisOf(ComputeHistogram(equal, 100), still.normal), 2, 12);
     expectRange(CountAxisOf(ComputeHistogram(equal, 100), still), 0, 3.15);
 
     // Two codes are within one sigma of their mean.

@@ -76,7 +76,7 @@ QStringList BlockPlotForm::PictureLines() const {
         tr("LSB %1").arg(DistanceText(analysis.own.StepVolts())),
         tr("reference %1").arg(DistanceText(analysis.own.referenceVoltage))};
     const MeanAndSigma texts = MeanAndSigmaOf(analysis);
-    const QString figures = tr("mean %1 (%2), sigma %3 codes (%4)")
+    const QString figures = tr("mean code %1 (%2), sigma %3, %4")
                                 .arg(texts.mean, texts.meanVolts, texts.sigma, texts.sigmaVolts);
     const QString saved =
         tr("%1, saved %2")
@@ -99,9 +99,9 @@ std::string BlockPlotForm::CsvWithHead() const {
 void BlockPlotForm::Describe(const QStringList& further) {
     const NoiseAnalysis& analysis = block_.analysis;
     const MeanAndSigma texts = MeanAndSigmaOf(analysis);
-    const QString figures = tr("mean %1 (%2), sigma %3 codes (%4), span %5")
+    const QString figures = tr("mean code %1 (%2), sigma %3, %4, span %5 LSB")
                                 .arg(texts.mean, texts.meanVolts, texts.sigma, texts.sigmaVolts,
-                                     QString::fromStdString(CountText(analysis.span, "code")));
+                                     QString::number(analysis.span / analysis.own.codeStep));
     view_->setAccessibleDescription((QStringList{figures} + further).join(QLatin1Char('\n')));
 }
 
@@ -129,12 +129,14 @@ QString DistanceText(double volts) {
 }
 
 MeanAndSigma MeanAndSigmaOf(const NoiseAnalysis& analysis) {
-    constexpr int meanDecimals = 3;
-    const auto [mean, sigma] = analysis.exact;
-    return {QString::fromStdString(FixedText(mean, meanDecimals)),
-            CodeVoltsText(analysis.own, mean),
-            QString::fromStdString(SignificantText(sigma, digitsShown)),
-            DistanceText(sigma * analysis.own.lsbVolts)};
+    const auto figure = [&analysis](ResolutionFigure name) {
+        return QString::fromStdString(TextOf(analysis, name).figure);
+    };
+    const auto volts = [&analysis](ResolutionFigure name) {
+        return QString::fromStdString(TextOf(analysis, name).volts);
+    };
+    return {figure(ResolutionFigure::MeanCode), volts(ResolutionFigure::MeanFromZero),
+            figure(ResolutionFigure::RmsNoise), volts(ResolutionFigure::RmsNoise)};
 }
 
 }  // namespace vx3260

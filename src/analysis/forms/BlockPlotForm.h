@@ -68,7 +68,7 @@ class BlockPlotForm : public Form {
     QLabel* saved_ = nullptr;
 };
 
-/// Mean and sigma, in codes and in volts.
+/// Mean and sigma, in codes and LSB and in volts, as the frame "Resolution" shows them.
 struct MeanAndSigma {
     QString mean;
     QString meanVolts;

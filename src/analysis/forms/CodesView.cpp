@@ -156,7 +156,7 @@ QString CodesView::Difference() const {
     const double codes = CodeAt(PlotCursors::B) - CodeAt(PlotCursors::A);
     return tr("B - A: %1%2, %3, %4")
         .arg(QString::fromStdString(CountText(readings, "reading")), TimeOf(readings),
-             QString::fromStdString(CountText(static_cast<std::int64_t>(codes), "code")),
+             QString::fromStdString(FixedText(codes / Block().analysis.own.codeStep, 0) + " LSB"),
              DistanceText(codes * Block().analysis.own.lsbVolts));
 }
 

@@ -23,12 +23,20 @@ constexpr std::size_t maxBinsToChoose = 5000;
 constexpr double minCodeSpan = 4;
 constexpr double minCountSpan = 2;
 
+NormalFigures FiguresOf(const NoiseAnalysis& analysis) {
+    return {.readings = analysis.count,
+            .step = analysis.own.codeStep,
+            .exact = analysis.exact,
+            .normal = analysis.normal,
+            .shape = analysis.shape};
+}
+
 }  // namespace
 
 HistogramForm::HistogramForm(Services& services, const AnalysedBlock& block, QWidget* parent)
     : BlockPlotForm(services, block, parent),
       ui_(std::make_unique<Ui::HistogramForm>()),
-      histogram_(ComputeHistogram(block.codes, MaxHistogramBins)) {
+      histogram_(ComputeHistogram(block.codes, MaxHistogramBins, block.analysis.own.codeStep)) {
     ui_->setupUi(this);
     OpenAside(1);
     SetUp({ui_->HeadingLabel, ui_->BoardLabel, ui_->Plot, ui_->Command1, ui_->Command2,
@@ -47,8 +55,9 @@ HistogramForm::~HistogramForm() = default;
 
 /// Begins with the width that suits the drawing.
 void HistogramForm::OfferBinWidths() {
-    for (const std::int64_t width : BinWidthsFor(Block().codes, maxBinsToChoose)) {
-        ui_->BinWidthBox->addItem(QString::fromStdString(CountText(width, "code")),
+    const int step = histogram_.step;
+    for (const std::int64_t width : BinWidthsFor(Block().codes, maxBinsToChoose, step)) {
+        ui_->BinWidthBox->addItem(QString::fromStdString(CountText(width / step, "code")),
                                   QVariant::fromValue(width));
     }
     ui_->BinWidthBox->setCurrentIndex(
@@ -56,7 +65,8 @@ void HistogramForm::OfferBinWidths() {
 }
 
 void HistogramForm::ChooseBinWidth() {
-    histogram_ = CountCodes(Block().codes, ui_->BinWidthBox->currentData().value<std::int64_t>());
+    histogram_ = CountCodes(Block().codes, ui_->BinWidthBox->currentData().value<std::int64_t>(),
+                            histogram_.step);
     FillBars();
     FillCurve();
     SetUpAxes();
@@ -69,7 +79,7 @@ void HistogramForm::Draw() {
     bars_->setWidthType(QCPBars::wtPlotCoords);
     curve_ = view->addGraph();
     curve_->setName(tr("Normal curve of mean and sigma"));
-    if (Block().analysis.exact.sigma == 0) {
+    if (Block().analysis.normal.sigma == 0) {
         curve_->removeFromLegend();
     }
     mean_ = view->addGraph();
@@ -90,22 +100,24 @@ void HistogramForm::FillBars() {
         bars_->addData(histogram_.CentreOf(bin), static_cast<double>(histogram_.counts[bin]));
     }
     bars_->setWidth(static_cast<double>(histogram_.binWidth));
-    bars_->setName(OneCodeABin() ? tr("Readings per code")
-                                 : tr("Readings per bin of %1 codes").arg(histogram_.binWidth));
+    bars_->setName(
+        OneCodeABin()
+            ? tr("Readings per code")
+            : tr("Readings per bin of %1 codes").arg(histogram_.binWidth / histogram_.step));
 }
 
 void HistogramForm::FillCurve() {
     const NoiseAnalysis& analysis = Block().analysis;
-    const auto [mean, sigma] = analysis.exact;
+    const auto [mean, sigma] = analysis.normal;
     curve_->data()->clear();
     for (int i = 0; sigma > 0 && i <= curvePoints; ++i) {
         const double code = mean + sigma * curveSigmas * (2.0 * i / curvePoints - 1);
         curve_->addData(code,
-                        NormalCount(code, analysis.exact, analysis.count, histogram_.binWidth));
+                        NormalCount(code, analysis.normal, analysis.count, histogram_.binWidth));
     }
     mean_->data()->clear();
-    mean_->addData(mean, 0);
-    mean_->addData(mean, CountAxisOf(histogram_, analysis).upper);
+    mean_->addData(analysis.exact.mean, 0);
+    mean_->addData(analysis.exact.mean, CountAxisOf(histogram_, analysis).upper);
 }
 
 void HistogramForm::ShowNoBin() {
@@ -115,7 +127,7 @@ void HistogramForm::ShowNoBin() {
 /// The count beside what the normal curve has there.
 void HistogramForm::ShowBinAt(double code) {
     const auto bin = static_cast<std::int64_t>(
-        std::floor((std::floor(code + 0.5) - static_cast<double>(histogram_.firstCode)) /
+        std::floor((code + histogram_.step / 2.0 - static_cast<double>(histogram_.firstCode)) /
                    static_cast<double>(histogram_.binWidth)));
     if (bin < 0 || bin >= static_cast<std::int64_t>(histogram_.counts.size())) {
         ShowNoBin();
@@ -132,19 +144,19 @@ void HistogramForm::ShowBinAt(double code) {
                                               .arg(text(histogram_.FirstCodeOf(index)),
                                                    text(histogram_.LastCodeOf(index)));
     const double expected =
-        NormalCount(centre, analysis.exact, analysis.count, histogram_.binWidth);
+        NormalCount(centre, analysis.normal, analysis.count, histogram_.binWidth);
     ui_->BinAtLabel->setText(
         tr("%1, %2: %3, %4 expected")
             .arg(codes, CodeVoltsText(analysis.own, centre),
                  QString::fromStdString(
                      CountText(static_cast<std::int64_t>(histogram_.counts[index]), "reading")),
-                 analysis.exact.sigma > 0 ? QString::fromStdString(FixedText(expected, 1))
-                                          : tr("none")));
+                 analysis.normal.sigma > 0 ? QString::fromStdString(FixedText(expected, 1))
+                                           : tr("none")));
 }
 
 void HistogramForm::SetUpAxes() {
     PlotView* const view = ui_->Plot;
-    const AxisRange codes = BinAxisOf(histogram_, Block().analysis.exact);
+    const AxisRange codes = BinAxisOf(histogram_, Block().analysis.normal);
     const AxisRange counts = CountAxisOf(histogram_, Block().analysis);
     view->xAxis->setTicker(WholeNumberTicker(view->xAxis));
     view->yAxis->setTicker(WholeNumberTicker(view->yAxis));
@@ -160,27 +172,39 @@ void HistogramForm::SetUpAxes() {
 void HistogramForm::ShowFigures() {
     const NoiseAnalysis& analysis = Block().analysis;
     const ConversionConditions& conditions = analysis.own;
-    const MeanAndSigma texts = MeanAndSigmaOf(analysis);
+    const NormalTexts texts = TextsOf(FiguresOf(analysis));
     const std::pair<QLabel*, QString> figures[] = {
         {ui_->CodesLabel, QString::number(analysis.count)},
         {ui_->RangeLabel, QString::fromStdString(RangeText(conditions))},
-        {ui_->LSBLabel, DistanceText(conditions.lsbVolts)},
-        {ui_->MeanLabelLSB, texts.mean},
-        {ui_->MeanLabel, texts.meanVolts},
-        {ui_->SigmaLabelLSB, texts.sigma},
-        {ui_->SigmaLabel, texts.sigmaVolts},
+        {ui_->LSBLabel, DistanceText(conditions.StepVolts())},
+        {ui_->MeanLabelLSB, QString::fromStdString(texts.mean)},
+        {ui_->MeanLabel, CodeVoltsText(conditions, analysis.exact.mean)},
+        {ui_->SigmaLabelLSB, QString::fromStdString(texts.sigma)},
+        {ui_->SigmaLabel, DistanceText(analysis.normal.sigma * conditions.lsbVolts)},
         {ui_->MaxLabel, QString::fromStdString(CodeText(analysis.statistics.maxCode))},
         {ui_->MinLabel, QString::fromStdString(CodeText(analysis.statistics.minCode))},
-        {ui_->SpanLabel, QString::fromStdString(CountText(analysis.span, "code"))},
+        {ui_->SpanLabel, QString::number(analysis.span / conditions.codeStep) + tr(" LSB")},
     };
     for (const auto& [label, text] : figures) {
         UseFixedFont(label);
         label->setText(text);
     }
+    ui_->ShapeLabel->setText(ShapeText());
+}
+
+QString HistogramForm::ShapeText() const {
+    const NormalTexts texts = TextsOf(FiguresOf(Block().analysis));
+    return tr("Skewness %1, excess kurtosis %2, normality %3")
+        .arg(QString::fromStdString(texts.skewness), QString::fromStdString(texts.excessKurtosis),
+             QString::fromStdString(texts.normality));
+}
+
+QStringList HistogramForm::FurtherLines() const {
+    return {ShapeText()};
 }
 
 std::string HistogramForm::Csv() const {
-    return HistogramCsv(histogram_, Block().analysis.exact, Block().codes.size());
+    return HistogramCsv(histogram_, Block().analysis.normal, Block().codes.size());
 }
 
 }  // namespace vx3260

@@ -24,9 +24,10 @@ class HistogramForm final : public BlockPlotForm {
 
   protected:
     std::string Csv() const override;
+    QStringList FurtherLines() const override;
 
   private:
-    bool OneCodeABin() const { return histogram_.binWidth == 1; }
+    bool OneCodeABin() const { return histogram_.binWidth == histogram_.step; }
     void OfferBinWidths();
     void ChooseBinWidth();
     void Draw();
@@ -34,6 +35,7 @@ class HistogramForm final : public BlockPlotForm {
     void FillCurve();
     void SetUpAxes();
     void ShowFigures();
+    QString ShapeText() const;
     void ShowBinAt(double code);
     void ShowNoBin();
 

@@ -24,7 +24,9 @@ AnalysedBlock Analyse(const CodeBlock& block, const std::optional<BlockCondition
                       const ConversionConditions& present) {
     const std::span<const double> codes = block.Codes();
     const std::optional<ConversionConditions> own = reading ? ConditionsOf(*reading) : std::nullopt;
-    return {{codes.begin(), codes.end()}, AnalyseNoise(codes, present, own), reading,
+    return {{codes.begin(), codes.end()},
+            AnalyseNoise(codes, present, own),
+            reading,
             reading ? reading->Interval() : std::nullopt};
 }
 
@@ -127,12 +129,14 @@ void NoiseForm::ShowResolution() {
             ShowFigure(*this, row.voltsLabel, text.volts);
         }
     }
-    ui_->Frame4->setToolTip(
-        tr("In double precision, with N the number of readings, n the width of a code in bits and\n"
-           "sigma the standard deviation of the codes with the divisor N - 1.\n"
-           "Standard error of the mean: sigma / sqrt(N)\n"
-           "Effective resolution: log2(2^n / sigma)\n"
-           "Noise-free resolution: log2(2^n / (largest - smallest code))"));
+    ui_->Frame4->setToolTip(tr(
+        "In double precision, with N the number of readings, n the width of a result in bits and\n"
+        "sigma the standard deviation of the codes in LSB, with the divisor N - 1.\n"
+        "Mean ± its standard error, sigma / sqrt(N)\n"
+        "In parentheses the 95 % confidence interval that follows from that of sigma\n"
+        "Effective resolution: log2(2^n / sigma), at least n below a sigma of 0.29 LSB\n"
+        "Noise-free resolution: log2(2^n / (6.6 sigma)), and log2(2^n / (largest - smallest "
+        "code))"));
 }
 
 }  // namespace vx3260

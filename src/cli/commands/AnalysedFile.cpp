@@ -126,14 +126,19 @@ FileBlock AnalysedFile::Load(std::ostream& err,
             RequireScale();
         }
     }
-    CheckSuspicions(file_, block, converter_, err);
+    const ConversionConditions conversion = ConditionsOf(
+        converter_, ReferenceBeside(beside.conditions), ControlBeside(beside.conditions));
+    std::vector<BlockWarning> warnings = CheckWarnings(
+        file_, block, converter_, err,
+        {.codeStep = conversion.codeStep,
+         .missed = beside.conditions ? beside.conditions->missedConversions.value_or(0) : 0});
     std::optional<double> rate = rate_;
     if (!rate && beside.conditions && beside.conditions->Interval()) {
         rate = 1 / *beside.conditions->Interval();
     }
     return {.codes = std::move(block.codes),
-            .conditions = ConditionsOf(converter_, ReferenceBeside(beside.conditions),
-                                       ControlBeside(beside.conditions)),
+            .conditions = conversion,
+            .warnings = std::move(warnings),
             .reading = std::move(beside.conditions),
             .rate = rate};
 }

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 #include "app/StartUp.h"
 #include "cli/commands/BlockFile.h"
@@ -21,6 +22,7 @@ namespace vx3260 {
 struct FileBlock {
     std::vector<std::int32_t> codes;
     ConversionConditions conditions;
+    std::vector<BlockWarning> warnings;        ///< already printed
     std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
     std::optional<double> rate{};              ///< readings in a second
 };
@@ -56,7 +58,7 @@ class AnalysedFile final {
     float ReferenceVoltage() const { return referenceVoltage_; }
 
     /// The block, which is not empty, with its conditions. `checkCount` is called with the number
-    /// of codes before these are checked. Throws as LoadBlock and CheckSuspicions do, and
+    /// of codes before these are checked. Throws as LoadBlock and CheckWarnings do, and
     /// CommandError where neither options nor a conditions file say how the codes become volts;
     /// prints warnings to `err`.
     FileBlock Load(std::ostream& err,

@@ -4,13 +4,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <optional>
-#include <vector>
 
-#include "analysis/SuspiciousCodes.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/Command.h"
 #include "files/CodeFile.h"
+#include "link/CodeBlock.h"
 #include "link/Serial.h"
 #include "options/Validators.h"
 
@@ -58,18 +57,24 @@ ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err) {
     return block;
 }
 
-void CheckSuspicions(const BlockFile& file, const ParsedCodes& block, Converter converter,
-                     std::ostream& err) {
-    std::vector<std::string> suspicions = SuspicionsAbout(block.codes, converter);
+std::vector<BlockWarning> CheckWarnings(const BlockFile& file, const ParsedCodes& block,
+                                        Converter converter, std::ostream& err,
+                                        const WarningContext& context) {
+    std::vector<BlockWarning> warnings = WarningsAbout(ToDoubles(block.codes), converter, context);
+    PrintWarnings(TextsOf(warnings), err);
+    bool refused = std::any_of(warnings.begin(), warnings.end(), [&block](const auto& warning) {
+        return Refuses(warning, block.codes.size());
+    });
     if (block.look && *block.look != file.notation) {
-        suspicions.push_back(OtherNotationText(*block.look));
+        PrintWarnings({OtherNotationText(*block.look)}, err);
+        refused = true;
     }
-    PrintWarnings(suspicions, err);
-    if (!suspicions.empty() && !file.force) {
+    if (refused && !file.force) {
         throw BadDataError(file.Name() +
                            ": the codes are suspicious and were not analysed; --force analyses "
                            "them all the same");
     }
+    return warnings;
 }
 
 }  // namespace vx3260

@@ -4,7 +4,9 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "analysis/BlockWarnings.h"
 #include "cli/board/BoardSession.h"
 #include "files/CodeText.h"
 #include "link/Converter.h"
@@ -46,9 +48,11 @@ ExitCode RunOnFile(const CommandContext& context, const BlockFile& file,
 /// of a time-out. A warning about the file is printed to `err`.
 ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err);
 
-/// Prints a warning to `err` for each of the SuspicionsAbout the codes, and where they look like
-/// those of the other notation. Throws BadDataError if there is any, unless that is forced.
-void CheckSuspicions(const BlockFile& file, const ParsedCodes& block, Converter converter,
-                     std::ostream& err);
+/// Prints a warning to `err` for each of the WarningsAbout the codes, which it returns, and where
+/// they look like those of the other notation. Throws BadDataError if that or one of the warnings
+/// refuses the block, unless that is forced.
+std::vector<BlockWarning> CheckWarnings(const BlockFile& file, const ParsedCodes& block,
+                                        Converter converter, std::ostream& err,
+                                        const WarningContext& context = {});
 
 }  // namespace vx3260

@@ -42,19 +42,19 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
 
 std::string HistogramCommand::Report(const CliStreams& streams) const {
     const ParsedCodes block = LoadBlock(file_, streams.err);
-    CheckSuspicions(file_, block, converter_, streams.err);
+    CheckWarnings(file_, block, converter_, streams.err);
     const std::vector<double> codes = ToDoubles(block.codes);
     const bool csv = format_ == ReportFormat::Csv;
+    constexpr int step = 1;
     const std::size_t fitting = csv ? MaxHistogramBins : maxBars;
     const FileHistogram counted{
         .file = file_.Name(),
         .converter = converter_,
-        .count = codes.size(),
-        .statistics = ComputeExactStatistics(codes),
-        .histogram =
-            ComputeHistogram(codes, maxBins_ == 0 ? fitting : static_cast<std::size_t>(maxBins_)),
+        .figures = ComputeNormalFigures(codes, step),
+        .histogram = ComputeHistogram(
+            codes, maxBins_ == 0 ? fitting : static_cast<std::size_t>(maxBins_), step),
     };
-    return csv ? HistogramCsv(counted.histogram, counted.statistics, counted.count)
+    return csv ? HistogramCsv(counted.histogram, counted.figures.normal, codes.size())
                : HistogramText(counted, streams.outWidth);
 }
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "analysis/SuspiciousCodes.h"
+#include "analysis/BlockWarnings.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
@@ -45,15 +45,15 @@ ExitCode NoiseCommand::Run(const CommandContext& context) {
     if (!file_.IsGiven()) {
         return RunOnBoard(context);
     }
-    return RunOnFile(context, file_.File(),
-                     [this, &context] { context.streams.out << FileReport(context.streams.err); });
+    return RunOnFile(context, file_.File(), [this, &context] { ReportFile(context.streams); });
 }
 
-std::string NoiseCommand::FileReport(std::ostream& err) const {
-    const FileBlock block =
-        file_.Load(err, [](std::size_t count) { CheckCount(static_cast<std::int64_t>(count)); });
+void NoiseCommand::ReportFile(const CliStreams& streams) const {
+    const FileBlock block = file_.Load(
+        streams.err, [](std::size_t count) { CheckCount(static_cast<std::int64_t>(count)); });
     try {
-        return Report({Analyse(block.codes, block.conditions), block.reading, ""});
+        streams.out << Report(
+            {Analyse(block.codes, block.conditions), block.warnings, block.reading, ""});
     } catch (const RuntimeError& error) {
         throw BadDataError(file_.File().Name() + ": the codes cannot be analysed: " + error.what());
     }
@@ -73,9 +73,11 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
         context.streams.err << "Too few codes to analyse" << std::endl;
         return exitCode;
     }
-    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
+    const std::vector<BlockWarning> warnings =
+        WarningsAbout(ToDoubles(reading.codes), reading.conditions, reading.overRange);
+    PrintWarnings(TextsOf(warnings), context.streams.err);
     context.streams.out << Report({Analyse(reading.codes, ConditionsOf(reading.conditions).value()),
-                                   reading.conditions, services.boardLabel});
+                                   warnings, reading.conditions, services.boardLabel});
     return exitCode;
 }
 

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
 #include "cli/commands/AnalysedFile.h"
 #include "cli/commands/Command.h"
@@ -19,7 +22,7 @@ class NoiseCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
-    std::string FileReport(std::ostream& err) const;
+    void ReportFile(const CliStreams& streams) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
     std::string Report(const NoiseReportContents& contents) const;
 

@@ -3,10 +3,11 @@
 
 #include <CLI/CLI.hpp>
 
-#include "analysis/SuspiciousCodes.h"
+#include "analysis/BlockWarnings.h"
 #include "cli/board/StopSignal.h"
 #include "cli/reports/BlockReport.h"
 #include "files/ConditionsFile.h"
+#include "link/CodeBlock.h"
 #include "numbers/FilePath.h"
 #include "numbers/NumberText.h"
 #include "options/Validators.h"
@@ -130,7 +131,9 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
                   {converter_, static_cast<std::int16_t>(count_), referenceVoltage_},
                   [&stop] { return stop.Requested(); });
     const ReadingEnd end = reading.conditions.outcome;
-    PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
+    PrintWarnings(
+        TextsOf(WarningsAbout(ToDoubles(reading.codes), reading.conditions, reading.overRange)),
+        context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(end, stop.Requested());

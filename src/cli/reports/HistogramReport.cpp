@@ -79,7 +79,7 @@ Columns ColumnsFor(const FileHistogram& counted, std::size_t width) {
 
 std::size_t MeanBin(const FileHistogram& counted) {
     const Histogram& histogram = counted.histogram;
-    const auto mean = static_cast<std::int64_t>(std::llround(counted.statistics.mean));
+    const auto mean = static_cast<std::int64_t>(std::llround(counted.figures.exact.mean));
     return static_cast<std::size_t>((mean - histogram.firstCode) / histogram.binWidth);
 }
 
@@ -93,13 +93,18 @@ std::string Line(const FileHistogram& counted, const Columns& columns, std::size
 }
 
 std::string Heading(const FileHistogram& counted) {
+    const NormalTexts texts = TextsOf(counted.figures);
     return std::string(TraitsOf(counted.converter).name) + " ADC Histogram\n" +
            CaptionedLines({
                {"File", counted.file},
-               {"Codes Read", std::to_string(counted.count)},
-               {"Bin Width", CountText(counted.histogram.binWidth, "code")},
-               {"Mean", FixedText(counted.statistics.mean, 3) + ", marked >"},
-               {"Sigma", SignificantText(counted.statistics.sigma, 6)},
+               {"Codes Read", std::to_string(counted.figures.readings)},
+               {"Bin Width",
+                CountText(counted.histogram.binWidth / counted.histogram.step, "code")},
+               {"Mean Code", texts.mean + ", marked >"},
+               {"Sigma", texts.sigma},
+               {"Skewness", texts.skewness},
+               {"Exc. Kurtosis", texts.excessKurtosis},
+               {"Normality", texts.normality},
            });
 }
 

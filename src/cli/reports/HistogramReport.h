@@ -6,7 +6,7 @@
 #include <string>
 
 #include "analysis/Histogram.h"
-#include "analysis/NoiseStatistics.h"
+#include "analysis/NoiseTexts.h"
 #include "link/Converter.h"
 
 namespace vx3260 {
@@ -15,8 +15,7 @@ namespace vx3260 {
 struct FileHistogram {
     std::string file;
     Converter converter;
-    std::size_t count;
-    ExactStatistics statistics;
+    NormalFigures figures;
     Histogram histogram;
 };
 

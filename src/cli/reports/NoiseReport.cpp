@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/reports/NoiseReport.h"
 
+#include <QJsonArray>
 #include <algorithm>
+#include <optional>
 
 #include "analysis/NoiseTexts.h"
 #include "analysis/ReadingTexts.h"
@@ -32,7 +34,7 @@ std::string ResolutionLines(const NoiseAnalysis& analysis) {
     std::size_t figureWidth = 0;
     for (const ResolutionRow& row : ResolutionRows) {
         const ResolutionText text = TextOf(analysis, row.figure);
-        figureWidth = std::max(figureWidth, text.volts.empty() ? 0 : text.figure.size() + 2);
+        figureWidth = std::max(figureWidth, text.volts.empty() ? 0 : CharactersOf(text.figure) + 2);
     }
     std::string lines = std::string(ResolutionFrame) + "\n";
     for (const ResolutionRow& row : ResolutionRows) {
@@ -69,33 +71,96 @@ QJsonObject LabelTexts(const NoiseAnalysis& analysis) {
     return texts;
 }
 
+QJsonValue ValueOf(std::optional<double> figure) {
+    return figure ? QJsonValue(*figure) : QJsonValue(QJsonValue::Null);
+}
+
+std::optional<double> Times(std::optional<double> figure, double factor) {
+    return figure ? std::optional(*figure * factor) : std::nullopt;
+}
+
+void Insert(QJsonObject& values, const QString& name, const std::optional<ResolutionBits>& figure) {
+    const bool measured = figure && figure->limits;
+    values[name + "Bits"] = ValueOf(figure ? std::optional(figure->bits) : std::nullopt);
+    values[name + "IsLowerBound"] = figure ? QJsonValue(figure->isLowerBound) : QJsonValue();
+    if (name != "noiseFreeResolution") {
+        values[name + "BitsLow"] =
+            ValueOf(measured ? std::optional(figure->limits->low) : std::nullopt);
+        values[name + "BitsHigh"] =
+            ValueOf(measured ? std::optional(figure->limits->high) : std::nullopt);
+    }
+}
+
+QJsonValue NameOf(NormalityTest test) {
+    switch (test) {
+        case NormalityTest::DAgostinoPearson:
+            return "dagostino-pearson";
+        case NormalityTest::ChiSquare:
+            return "chi-square";
+        default:
+            return {};
+    }
+}
+
+void InsertShape(QJsonObject& values, const NoiseAnalysis& analysis) {
+    const BlockShape& shape = analysis.shape;
+    values["normalMeanCodes"] = analysis.normal.mean;
+    values["normalSigmaCodes"] = analysis.normal.sigma;
+    values["skewness"] = ValueOf(shape.moments.skewness);
+    values["excessKurtosis"] = ValueOf(shape.moments.excessKurtosis);
+    values["lag1Autocorrelation"] = ValueOf(shape.moments.lag1Autocorrelation);
+    values["normalityP"] = ValueOf(shape.normalityP);
+    values["normalityTest"] = NameOf(shape.test);
+}
+
 QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
     const ConditionValues conditions = ConditionValuesOf(analysis.own);
     const Resolution& resolution = analysis.resolution;
+    const std::optional<Interval>& limits = resolution.rmsNoiseLimits;
     const double lsb = conditions.lsbVolts;
-    return {
+    QJsonObject values{
         {"count", static_cast<qint64>(analysis.count)},
         {"referenceVoltage", conditions.referenceVoltage},
         {"inputRange", conditions.inputRange},
         {"polarity", QString::fromUtf8(conditions.polarity)},
         {"lsbVolts", lsb},
+        {"codeBits", analysis.own.codeBits},
+        {"codeStep", analysis.own.codeStep},
         {"maxCode", analysis.statistics.maxCode},
         {"minCode", analysis.statistics.minCode},
         {"spanCodes", analysis.span},
         {"meanCodes", analysis.exact.mean},
-        {"sigmaCodes", analysis.exact.sigma},
-        {"sigmaVolts", analysis.exact.sigma * lsb},
-        {"standardErrorCodes", resolution.standardError},
-        {"standardErrorVolts", resolution.standardError * lsb},
-        {"estimatedPeakToPeakCodes", resolution.peakToPeak},
-        {"estimatedPeakToPeakVolts", resolution.peakToPeak * lsb},
-        {"effectiveResolutionBits", resolution.effective.bits},
-        {"effectiveResolutionIsLowerBound", resolution.effective.isLowerBound},
-        {"noiseFreeResolutionBits", resolution.noiseFree.bits},
-        {"noiseFreeResolutionIsLowerBound", resolution.noiseFree.isLowerBound},
+        {"signedMeanCodes", analysis.exact.mean - conditions.zeroCode},
+        {"meanVolts", conditions.VoltsOf(analysis.exact.mean)},
+        {"sigmaCodes", ValueOf(resolution.rmsNoise)},
+        {"sigmaCodesLow", ValueOf(limits ? std::optional(limits->low) : std::nullopt)},
+        {"sigmaCodesHigh", ValueOf(limits ? std::optional(limits->high) : std::nullopt)},
+        {"sigmaVolts", ValueOf(Times(resolution.rmsNoise, lsb))},
+        {"standardErrorCodes", ValueOf(resolution.standardError)},
+        {"standardErrorVolts", ValueOf(Times(resolution.standardError, lsb))},
+        {"estimatedPeakToPeakCodes", ValueOf(resolution.peakToPeak)},
+        {"estimatedPeakToPeakVolts", ValueOf(Times(resolution.peakToPeak, lsb))},
         {"peakToPeakVolts", analysis.span * lsb},
         {"averageVolts", conditions.VoltsOf(analysis.exact.mean)},
     };
+    Insert(values, "effectiveResolution", resolution.effective);
+    Insert(values, "noiseFreeResolutionFromSigma", resolution.noiseFreeFromSigma);
+    Insert(values, "noiseFreeResolution", resolution.noiseFree);
+    InsertShape(values, analysis);
+    return values;
+}
+
+QJsonArray ListOf(std::span<const BlockWarning> warnings) {
+    QJsonArray list;
+    for (const BlockWarning& warning : warnings) {
+        QJsonObject object{{"kind", QString::fromUtf8(NameOf(warning.kind))},
+                           {"text", QString::fromStdString(warning.text)}};
+        if (warning.count) {
+            object["count"] = static_cast<qint64>(*warning.count);
+        }
+        list.append(object);
+    }
+    return list;
 }
 
 }  // namespace
@@ -117,12 +182,12 @@ std::string NoiseText(const NoiseReportContents& contents) {
 
 std::string NoiseJson(const NoiseReportContents& contents) {
     const NoiseAnalysis& analysis = contents.analysis;
-    const Converter converter = analysis.own.converter;
     return JsonText({
         {"board", BoardValue(contents.board)},
-        {"converter", QString::fromUtf8(CommandLineName(converter))},
+        {"converter", QString::fromUtf8(CommandLineName(analysis.own.converter))},
         {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
+        {"warnings", ListOf(contents.warnings)},
         {"conditions",
          contents.reading ? QJsonValue(ConditionsObject(*contents.reading)) : QJsonValue()},
     });

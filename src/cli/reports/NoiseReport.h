@@ -2,9 +2,12 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
 #include "link/BlockConditions.h"
 
@@ -13,6 +16,7 @@ namespace vx3260 {
 /// A block's figures, and how it was read.
 struct NoiseReportContents {
     NoiseAnalysis analysis;
+    std::vector<BlockWarning> warnings{};
     std::optional<BlockConditions> reading{};  ///< empty where unknown
     std::string_view board{};                  ///< label of the board that was read now
 };

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ReadingTexts.h"
-#include "analysis/SuspiciousCodes.h"
 #include "files/CodeFile.h"
 #include "files/ConditionsFile.h"
 #include "numbers/NumberText.h"
@@ -26,15 +26,21 @@ ReadFileForm::ReadFileForm(Services& services, DataFileChoice* choice, QWidget* 
 
 QString ReadFileForm::Process(const std::string& path) {
     const auto [codes, look, warning] = LoadCodes(path, ChosenNotation());
-    std::vector<std::string> warnings = SuspicionsAbout(codes, ChosenConverter());
+    std::vector<double> values = ToDoubles(codes);
+    const std::vector<BlockWarning> found = WarningsAbout(values, ChosenConverter());
+    bool suspicious = std::any_of(found.begin(), found.end(), [&values](const auto& one) {
+        return Refuses(one, values.size());
+    });
+    std::vector<std::string> warnings = TextsOf(found);
     if (look && *look != ChosenNotation()) {
         warnings.insert(warnings.begin(), OtherNotationText(*look));
+        suspicious = true;
     }
-    if (!warnings.empty() && ChosenBlock().count > 0 && !ConfirmReplacement(warnings)) {
+    if (suspicious && ChosenBlock().count > 0 && !ConfirmReplacement(warnings)) {
         return tr("Nothing was read.");
     }
     const CodeBlock block = ChosenBlock();
-    block.codes = ToDoubles(codes);
+    block.codes = std::move(values);
     block.count = static_cast<std::int16_t>(codes.size());
     LoadedConditions beside = LoadConditions(path, ChosenConverter(), codes);
     ChosenConditions() = std::move(beside.conditions);

@@ -103,9 +103,9 @@ TEST_F(PlotFormsTest, HistogramDrawsBinsAndCurve) {
                               [](double sum, const QCPBarsData& bar) { return sum + bar.value; }),
               2000);
     bool found = false;
-    const ExactStatistics& exact = block.analysis.exact;
-    EXPECT_NEAR(view.graph(0)->getValueRange(found).upper, NormalCount(exact.mean, exact, 2000, 20),
-                1e-6);
+    const NormalFit& normal = block.analysis.normal;
+    EXPECT_NEAR(view.graph(0)->getValueRange(found).upper,
+                NormalCount(normal.mean, normal, 2000, 20), 1e-6);
     auto& widths = Find<QComboBox>(*form, "BinWidthBox");
     EXPECT_EQ(widths.currentText(), QStringLiteral("20 codes"));
     widths.setCurrentIndex(widths.findText(QStringLiteral("100 codes")));
@@ -289,7 +289,7 @@ TEST_F(PlotFormsTest, CursorsShowReadingsAndTheirDifference) {
     Expect(
         "CursorALabel: A: reading 12, 8388610 (800002), 4.7683716 nV | "
         "CursorBLabel: B: reading 67, 8388600 (7FFFF8), -19.073486 nV | "
-        "DifferenceLabel: B - A: 55 readings, -10 codes, -23.8419 nV");
+        "DifferenceLabel: B - A: 55 readings, -10 LSB, -23.8419 nV");
     EXPECT_TRUE(Find<QLabel>(*form, "CursorBLabel").font().bold());
     EXPECT_FALSE(Find<QLabel>(*form, "CursorALabel").font().bold());
 
@@ -299,7 +299,7 @@ TEST_F(PlotFormsTest, CursorsShowReadingsAndTheirDifference) {
     QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
     Expect("CursorALabel: A: reading 3, 8388608 (800000), 0 V");
     QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
-    Expect("DifferenceLabel: B - A: 66 readings, -8 codes, -19.0735 nV");
+    Expect("DifferenceLabel: B - A: 66 readings, -8 LSB, -19.0735 nV");
 
     // The visible range follows a cursor that leaves it, and keeps its size.
     view.xAxis->setRange(40, 60);
@@ -315,7 +315,7 @@ TEST_F(PlotFormsTest, SavesCommaSeparatedValues) {
     const std::string bins = folder.Bytes("bins.csv");
     const std::size_t values = bins.find("first_code");
     EXPECT_TRUE(bins.starts_with("# Main ADC Histogram\n# 2 readings, input range "));
-    EXPECT_NE(bins.find("\n# Conditions of the reading unknown\n# VX3260"), std::string::npos);
+    EXPECT_NE(bins.find("\n# Conditions of the reading unknown\n# "), std::string::npos);
     EXPECT_EQ(bins.substr(values), "first_code,last_code,count,expected_count\n7,7,2,\n");
     OpenPlot<PlotForm>(AuxBlock());
     SaveAs("Command2", folder.Path("codes.txt"));
