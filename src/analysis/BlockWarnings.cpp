@@ -6,6 +6,7 @@
 #include <boost/math/distributions/normal.hpp>
 #include <boost/math/distributions/students_t.hpp>
 #include <cmath>
+#include <numeric>
 
 #include "analysis/BlockShape.h"
 #include "analysis/NoiseStatistics.h"
@@ -108,20 +109,37 @@ double Quantile(std::vector<double>& values, double part) {
     return *at;
 }
 
-double OutlierLimit(std::vector<double>& deviations, double step) {
+constexpr double sigmasOfMedian = 1.4826;
+
+/// In robust sigmas.
+double OutlierSigmas(std::size_t readings) {
     constexpr double sigmas = 8;
-    constexpr double sigmasOfMedian = 1.4826;
-    constexpr double sigmaOf90Percent = 1.645;
-    constexpr double stepsToBeSeen = 2;
     constexpr double many = 40;
     constexpr double growth = 15;
+    const double missing = std::max(0.0, many - static_cast<double>(readings));
+    return sigmas * (1 + missing / growth);
+}
+
+double OutlierLimit(std::vector<double>& deviations, double step) {
+    constexpr double sigmaOf90Percent = 1.645;
+    constexpr double stepsToBeSeen = 2;
     const double median = Quantile(deviations, 0.5);
     double sigma = std::max(sigmasOfMedian * median, RoundingSigma * step);
     if (median < stepsToBeSeen * step) {
         sigma = std::max(sigma, Quantile(deviations, 0.9) / sigmaOf90Percent);
     }
-    const double missing = std::max(0.0, many - static_cast<double>(deviations.size()));
-    return sigmas * (1 + missing / growth) * sigma;
+    return OutlierSigmas(deviations.size()) * sigma;
+}
+
+/// Without sorting: whether the farthest deviation is within the limit, since half of all are above
+/// the corresponding part of it.
+bool AllWithinLimit(const std::vector<double>& deviations, double step) {
+    const double farthest = *std::max_element(deviations.begin(), deviations.end());
+    const double sigma = farthest / OutlierSigmas(deviations.size());
+    const auto below = std::count_if(deviations.begin(), deviations.end(), [sigma](double value) {
+        return value * sigmasOfMedian < sigma;
+    });
+    return sigma <= RoundingSigma * step || below < std::ssize(deviations) / 2;
 }
 
 void AddOutliers(const Block& block, Warnings& warnings) {
@@ -129,6 +147,9 @@ void AddOutliers(const Block& block, Warnings& warnings) {
     const double median = Quantile(values, 0.5);
     for (double& value : values) {
         value = std::abs(value - median);
+    }
+    if (AllWithinLimit(values, block.step)) {
+        return;
     }
     const double limit = OutlierLimit(values, block.step);
     std::vector<double> kept;
@@ -164,9 +185,13 @@ void AddMissed(const Block& block, Warnings& warnings) {
     if (seconds.size() < minTimes) {
         return;
     }
-    std::vector<double> intervals;
-    for (std::size_t i = 1; i < seconds.size(); ++i) {
-        intervals.push_back(seconds[i] - seconds[i - 1]);
+    std::vector<double> intervals(seconds.size());
+    std::adjacent_difference(seconds.begin(), seconds.end(), intervals.begin());
+    intervals.erase(intervals.begin());
+    const double longest = *std::max_element(intervals.begin(), intervals.end());
+    const auto isShort = [longest](double interval) { return interval * maxIntervals < longest; };
+    if (std::none_of(intervals.begin(), intervals.end(), isShort)) {
+        return;
     }
     std::vector<double> sorted = intervals;
     const double median = Quantile(sorted, 0.5);
@@ -251,17 +276,6 @@ void AddOverRange(const Block& block, Warnings& warnings) {
     }
 }
 
-void AddByStatistics(const Block& block, Warnings& warnings) {
-    if (block.codes.size() >= minReadings) {
-        AddOutliers(block, warnings);
-    }
-    AddMissed(block, warnings);
-    if (block.codes.size() >= minReadings) {
-        AddDrift(block, warnings);
-        AddCorrelated(block, warnings);
-    }
-}
-
 }  // namespace
 
 std::string_view NameOf(WarningKind kind) {
@@ -281,11 +295,15 @@ std::vector<BlockWarning> WarningsAbout(std::span<const double> codes, Converter
     const auto clipped = static_cast<double>(AddClipped(block, warnings));
     const bool constant = AddConstant(block, warnings);
     const bool outside = AddOutside(block, warnings);
-    const bool tooMany = clipped > maxShareClipped * static_cast<double>(codes.size());
-    if (!constant && !outside && !tooMany) {
-        AddByStatistics(block, warnings);
-    } else {
-        AddMissed(block, warnings);
+    const bool judged = !constant && !outside && codes.size() >= minReadings &&
+                        clipped <= maxShareClipped * static_cast<double>(codes.size());
+    if (judged) {
+        AddOutliers(block, warnings);
+    }
+    AddMissed(block, warnings);
+    if (judged) {
+        AddDrift(block, warnings);
+        AddCorrelated(block, warnings);
     }
     AddOverRange(block, warnings);
     return warnings;
