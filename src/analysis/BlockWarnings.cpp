@@ -100,11 +100,10 @@ bool AddOutside(const Block& block, Warnings& warnings) {
     return count > 0;
 }
 
-/// `values` are reordered. `part` is 0 to 1.
+/// `values` are reordered. `part` is 0 to 1; between two values the upper one at 1/2.
 double Quantile(std::vector<double>& values, double part) {
-    const auto index =
-        static_cast<std::ptrdiff_t>(std::ceil(part * static_cast<double>(values.size()))) - 1;
-    const auto at = values.begin() + std::max<std::ptrdiff_t>(index, 0);
+    const double last = static_cast<double>(values.size()) - 1;
+    const auto at = values.begin() + static_cast<std::ptrdiff_t>(part * last + 0.5);
     std::nth_element(values.begin(), at, values.end());
     return *at;
 }
