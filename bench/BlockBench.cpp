@@ -4,10 +4,14 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <cmath>
+#include <random>
 #include <stdexcept>
 
 #include "acquisition/Reading.h"
+#include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
+#include "analysis/forms/MainNoiseForm.h"
 #include "app/StartUp.h"
 #include "forms/data/ReadMainDataForm.h"
 #include "platform/HostSystem.h"
@@ -77,6 +81,42 @@ void StatisticsOf5000(benchmark::State& state) {
     }
 }
 BENCHMARK(StatisticsOf5000)->Unit(benchmark::kMicrosecond);
+
+/// All figures and warnings of the largest block. `sigma` in hundredths of a code: below one code
+/// the normal distribution is fitted to the counts.
+void StatisticsOf32767(benchmark::State& state) {
+    constexpr std::size_t count = 32767;
+    std::mt19937 source(1);
+    std::normal_distribution<double> normal(33000.3, static_cast<double>(state.range(0)) / 100);
+    std::vector<double> codes(count);
+    std::vector<double> seconds(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        codes[i] = std::nearbyint(normal(source));
+        seconds[i] = static_cast<double>(i) / 19.79;
+    }
+    const ConversionConditions conditions =
+        AuxConditions(2.5F, AuxFullScale::Reference, Polarity::Bipolar);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(AnalyseNoise(codes, conditions));
+        benchmark::DoNotOptimize(WarningsAbout(codes, Converter::Aux, {.seconds = seconds}));
+    }
+}
+BENCHMARK(StatisticsOf32767)->ArgName("sigma")->Arg(1200)->Arg(50)->Unit(benchmark::kMicrosecond);
+
+/// From the click in the menu until the form is drawn.
+void OpenNoiseFormOf5000(benchmark::State& state) {
+    Bench bench;
+    ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
+    reader.ReadControls();
+    ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
+    for (auto _ : state) {
+        MainNoiseForm form(bench.services);
+        form.show();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(form.grab());
+    }
+}
+BENCHMARK(OpenNoiseFormOf5000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vx3260::bench

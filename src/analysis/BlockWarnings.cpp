@@ -6,6 +6,7 @@
 #include <boost/math/distributions/normal.hpp>
 #include <boost/math/distributions/students_t.hpp>
 #include <cmath>
+#include <numeric>
 
 #include "analysis/BlockShape.h"
 #include "analysis/ConversionConditions.h"
@@ -100,29 +101,45 @@ bool AddOutside(const Block& block, Warnings& warnings) {
     return count > 0;
 }
 
-/// `values` are reordered. `part` is 0 to 1.
+/// `values` are reordered. `part` is 0 to 1; between two values the upper one at 1/2.
 double Quantile(std::vector<double>& values, double part) {
-    const auto index =
-        static_cast<std::ptrdiff_t>(std::ceil(part * static_cast<double>(values.size()))) - 1;
-    const auto at = values.begin() + std::max<std::ptrdiff_t>(index, 0);
+    const double last = static_cast<double>(values.size()) - 1;
+    const auto at = values.begin() + static_cast<std::ptrdiff_t>(part * last + 0.5);
     std::nth_element(values.begin(), at, values.end());
     return *at;
 }
 
-double OutlierLimit(std::vector<double>& deviations, double step) {
+constexpr double sigmasOfMedian = 1.4826;
+
+/// In robust sigmas.
+double OutlierSigmas(std::size_t readings) {
     constexpr double sigmas = 8;
-    constexpr double sigmasOfMedian = 1.4826;
-    constexpr double sigmaOf90Percent = 1.645;
-    constexpr double stepsToBeSeen = 2;
     constexpr double many = 40;
     constexpr double growth = 15;
+    const double missing = std::max(0.0, many - static_cast<double>(readings));
+    return sigmas * (1 + missing / growth);
+}
+
+double OutlierLimit(std::vector<double>& deviations, double step) {
+    constexpr double sigmaOf90Percent = 1.645;
+    constexpr double stepsToBeSeen = 2;
     const double median = Quantile(deviations, 0.5);
     double sigma = std::max(sigmasOfMedian * median, RoundingSigma * step);
     if (median < stepsToBeSeen * step) {
         sigma = std::max(sigma, Quantile(deviations, 0.9) / sigmaOf90Percent);
     }
-    const double missing = std::max(0.0, many - static_cast<double>(deviations.size()));
-    return sigmas * (1 + missing / growth) * sigma;
+    return OutlierSigmas(deviations.size()) * sigma;
+}
+
+/// Without sorting: whether the farthest deviation is within the limit, since half of all are above
+/// the corresponding part of it.
+bool AllWithinLimit(const std::vector<double>& deviations, double step) {
+    const double farthest = *std::max_element(deviations.begin(), deviations.end());
+    const double sigma = farthest / OutlierSigmas(deviations.size());
+    const auto below = std::count_if(deviations.begin(), deviations.end(), [sigma](double value) {
+        return value * sigmasOfMedian < sigma;
+    });
+    return sigma <= RoundingSigma * step || below < std::ssize(deviations) / 2;
 }
 
 void AddOutliers(const Block& block, Warnings& warnings) {
@@ -130,6 +147,9 @@ void AddOutliers(const Block& block, Warnings& warnings) {
     const double median = Quantile(values, 0.5);
     for (double& value : values) {
         value = std::abs(value - median);
+    }
+    if (AllWithinLimit(values, block.step)) {
+        return;
     }
     const double limit = OutlierLimit(values, block.step);
     std::vector<double> kept;
@@ -229,17 +249,6 @@ void AddOverRange(const Block& block, Warnings& warnings) {
     }
 }
 
-void AddByStatistics(const Block& block, Warnings& warnings) {
-    if (block.codes.size() >= minReadings) {
-        AddOutliers(block, warnings);
-    }
-    AddMissed(block, warnings);
-    if (block.codes.size() >= minReadings) {
-        AddDrift(block, warnings);
-        AddCorrelated(block, warnings);
-    }
-}
-
 }  // namespace
 
 std::string_view NameOf(WarningKind kind) {
@@ -259,11 +268,15 @@ std::vector<BlockWarning> WarningsAbout(std::span<const double> codes, Converter
     const auto clipped = static_cast<double>(AddClipped(block, warnings));
     const bool constant = AddConstant(block, warnings);
     const bool outside = AddOutside(block, warnings);
-    const bool tooMany = clipped > maxShareClipped * static_cast<double>(codes.size());
-    if (!constant && !outside && !tooMany) {
-        AddByStatistics(block, warnings);
-    } else {
-        AddMissed(block, warnings);
+    const bool judged = !constant && !outside && codes.size() >= minReadings &&
+                        clipped <= maxShareClipped * static_cast<double>(codes.size());
+    if (judged) {
+        AddOutliers(block, warnings);
+    }
+    AddMissed(block, warnings);
+    if (judged) {
+        AddDrift(block, warnings);
+        AddCorrelated(block, warnings);
     }
     AddOverRange(block, warnings);
     return warnings;
@@ -286,10 +299,9 @@ std::optional<std::int64_t> MissedConversions(std::span<const double> seconds,
     if (seconds.size() < minTimes) {
         return std::nullopt;
     }
-    std::vector<double> intervals;
-    for (std::size_t i = 1; i < seconds.size(); ++i) {
-        intervals.push_back(seconds[i] - seconds[i - 1]);
-    }
+    std::vector<double> intervals(seconds.size());
+    std::adjacent_difference(seconds.begin(), seconds.end(), intervals.begin());
+    intervals.erase(intervals.begin());
     std::vector<double> sorted = intervals;
     const double median = Quantile(sorted, 0.5);
     const double interval = std::min(median, nominalInterval.value_or(median));

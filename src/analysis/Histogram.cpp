@@ -60,9 +60,11 @@ Histogram CountCodes(std::span<const double> codes, std::int64_t binWidth, int s
     const CodeRange range = RangeOf(codes);
     Histogram histogram{FloorDivide(range.min, binWidth) * binWidth, binWidth, {}, step};
     histogram.counts.resize(static_cast<std::size_t>(BinsBetween(range.min, range.max, binWidth)));
+    // Exact for codes of 32 bits, and faster than a division of whole numbers.
+    const auto first = static_cast<double>(histogram.firstCode);
+    const auto width = static_cast<double>(binWidth);
     for (const double code : codes) {
-        const std::int64_t offset = ToInt32(code) - histogram.firstCode;
-        ++histogram.counts[static_cast<std::size_t>(offset / binWidth)];
+        ++histogram.counts[static_cast<std::size_t>((ToInt32(code) - first) / width)];
     }
     return histogram;
 }

@@ -72,19 +72,20 @@ std::string AuxRangeText(const ConversionConditions& conditions) {
 
 constexpr const char* notDefined = "not defined";
 
-/// "8388612.4 ± 5.9", with two digits of the uncertainty.
-std::string PlusMinus(double value, std::optional<double> uncertainty) {
-    if (!uncertainty) {
-        return FixedText(value, 0);
+/// "8388612.4 ± 5.9", with two digits of the uncertainty; without it where that is 0, unknown.
+std::string PlusMinus(double value, double uncertainty) {
+    if (uncertainty == 0) {
+        return ShortestText(value);
     }
-    const int decimals = DecimalsFor(*uncertainty);
-    return FixedText(value, decimals) + " ± " + FixedText(*uncertainty, decimals);
+    const int decimals = DecimalsFor(uncertainty);
+    return FixedText(value, decimals) + " ± " + FixedText(uncertainty, decimals);
 }
 
-/// The standard error of a mean. Noise well below a step does not average the rounding out.
-std::optional<double> MeanUncertainty(std::size_t readings, double sigma, int step) {
+/// The standard error of a mean, 0 of a single reading. Noise well below a step does not average
+/// the rounding out.
+double MeanUncertainty(std::size_t readings, double sigma, int step) {
     if (readings < 2) {
-        return std::nullopt;
+        return 0;
     }
     const double error = sigma / std::sqrt(static_cast<double>(readings));
     const double rounding = RoundingSigma * step;
@@ -94,30 +95,26 @@ std::optional<double> MeanUncertainty(std::size_t readings, double sigma, int st
 ResolutionText MeanFromZeroText(const NoiseAnalysis& analysis) {
     const ConversionConditions& own = analysis.own;
     const double codes = analysis.exact.mean - own.zeroCode;
-    const auto error = MeanUncertainty(analysis.count, analysis.exact.sigma, own.codeStep);
-    const double step = own.codeStep;
-    const VoltsUnit unit = VoltsUnitOf(std::max(std::abs(codes), error.value_or(0)) * own.lsbVolts);
+    const double error = MeanUncertainty(analysis.count, analysis.exact.sigma, own.codeStep);
+    const VoltsUnit unit = VoltsUnitOf(std::max(std::abs(codes), error) * own.lsbVolts);
     const auto in = [&](double scale, std::string_view name) {
-        const std::optional<double> scaled = error ? std::optional(*error * scale) : std::nullopt;
-        return PlusMinus(codes * scale, scaled) + " " + std::string(name);
+        return PlusMinus(codes * scale, error * scale) + " " + std::string(name);
     };
-    return {in(1 / step, "LSB"), in(own.lsbVolts / unit.volts, unit.name)};
+    return {in(1.0 / own.codeStep, "LSB"), in(own.lsbVolts / unit.volts, unit.name)};
 }
 
-/// "419.3 LSB (406.1 to 433.3)": a figure with its interval, in a unit.
-std::string WithLimits(double figure, const std::optional<Interval>& limits,
+/// "419.3 LSB (406.1 to 433.3)": a figure with its interval, both times `scale`, in a unit.
+std::string WithLimits(double figure, const std::optional<Interval>& limits, double scale,
                        std::string_view unit) {
     if (!limits) {
-        return ShortestText(figure) + " " + std::string(unit);
+        return ShortestText(figure * scale) + " " + std::string(unit);
     }
-    const int decimals = DecimalsFor(limits->Uncertainty());
-    return FixedText(figure, decimals) + " " + std::string(unit) + " (" +
-           FixedText(limits->low, decimals) + " to " + FixedText(limits->high, decimals) + ")";
-}
-
-std::optional<Interval> Scaled(const std::optional<Interval>& limits, double factor) {
-    return limits ? std::optional(Interval{limits->low * factor, limits->high * factor})
-                  : std::nullopt;
+    const int decimals = DecimalsFor(limits->Uncertainty() * scale);
+    const auto text = [decimals, scale](double value) {
+        return FixedText(value * scale, decimals);
+    };
+    return text(figure) + " " + std::string(unit) + " (" + text(limits->low) + " to " +
+           text(limits->high) + ")";
 }
 
 /// A noise of `factor` times sigma.
@@ -126,13 +123,12 @@ ResolutionText NoiseText(const NoiseAnalysis& analysis, double factor) {
     if (!resolution.rmsNoise) {
         return {notDefined, notDefined};
     }
-    const double codes = *resolution.rmsNoise * factor;
     const auto in = [&](double scale, std::string_view unit) {
-        return WithLimits(codes * scale, Scaled(resolution.rmsNoiseLimits, factor * scale), unit);
+        return WithLimits(*resolution.rmsNoise, resolution.rmsNoiseLimits, factor * scale, unit);
     };
-    const VoltsUnit unit = VoltsUnitOf(codes * analysis.own.lsbVolts);
-    return {in(1.0 / analysis.own.codeStep, "LSB"),
-            in(analysis.own.lsbVolts / unit.volts, unit.name)};
+    const double lsb = analysis.own.lsbVolts;
+    const VoltsUnit unit = VoltsUnitOf(*resolution.rmsNoise * factor * lsb);
+    return {in(1.0 / analysis.own.codeStep, "LSB"), in(lsb / unit.volts, unit.name)};
 }
 
 /// A lower bound is rounded down.
@@ -145,7 +141,7 @@ std::string BitsText(const std::optional<ResolutionBits>& resolution) {
         return "≥ " + ShortestText(std::floor(resolution->bits * hundredths) / hundredths) +
                " bits";
     }
-    return resolution->limits ? WithLimits(resolution->bits, resolution->limits, "bits")
+    return resolution->limits ? WithLimits(resolution->bits, resolution->limits, 1, "bits")
                               : FixedText(resolution->bits, 2) + " bits";
 }
 
