@@ -73,4 +73,11 @@ ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
                          full ? AuxFullScale::Reference : AuxFullScale::HalfReference, polarity);
 }
 
+std::optional<ConversionConditions> ConditionsOf(const BlockConditions& block) {
+    const std::optional<std::int32_t> control = block.Control();
+    return control && block.referenceVoltage
+               ? std::optional(ConditionsOf(block.converter, *block.referenceVoltage, *control))
+               : std::nullopt;
+}
+
 }  // namespace vx3260

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "link/BlockConditions.h"
 #include "link/Converter.h"
 
 namespace vx3260 {
@@ -50,5 +52,9 @@ ConversionConditions AuxConditions(float referenceVoltage, AuxFullScale fullScal
 /// Conditions of a converter from the value of its control register.
 ConversionConditions ConditionsOf(Converter converter, float referenceVoltage,
                                   std::int32_t control);
+
+/// The conditions that a block was read under; empty where control register or reference voltage
+/// are unknown.
+std::optional<ConversionConditions> ConditionsOf(const BlockConditions& block);
 
 }  // namespace vx3260

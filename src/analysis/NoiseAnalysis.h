@@ -42,7 +42,7 @@ NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionCondit
 struct AnalysedBlock {
     std::vector<double> codes;
     NoiseAnalysis analysis;
-    std::optional<double> interval{};  ///< seconds between readings, where known
+    std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
 };
 
 }  // namespace vx3260

@@ -36,12 +36,15 @@ struct NoiseRow {
     std::string_view caption;  ///< caption beside that label
 };
 
+/// Caption of the frame that also says how the block was read.
+inline constexpr std::string_view ConditionsFrame = "Conditions";
+
 /// In the order of the forms.
 inline constexpr std::array NoiseRows{
-    NoiseRow{NoiseFigure::CodesRead, "Conditions", "CodesLabel", "Codes Read"},
-    NoiseRow{NoiseFigure::InputRange, "Conditions", "RangeLabel", "Input Range"},
-    NoiseRow{NoiseFigure::LsbSize, "Conditions", "LSBLabel", "LSB Size"},
-    NoiseRow{NoiseFigure::ReferenceVoltage, "Conditions", "RefLabel", "Ref. Voltage"},
+    NoiseRow{NoiseFigure::CodesRead, ConditionsFrame, "CodesLabel", "Codes Read"},
+    NoiseRow{NoiseFigure::InputRange, ConditionsFrame, "RangeLabel", "Input Range"},
+    NoiseRow{NoiseFigure::LsbSize, ConditionsFrame, "LSBLabel", "LSB Size"},
+    NoiseRow{NoiseFigure::ReferenceVoltage, ConditionsFrame, "RefLabel", "Ref. Voltage"},
     NoiseRow{NoiseFigure::RmsNoise, "Results", "RMSLabel", "RMS Noise"},
     NoiseRow{NoiseFigure::PeakToPeakNoise, "Results", "PkPkLabel", "Pk to Pk Noise"},
     NoiseRow{NoiseFigure::AverageValue, "Results", "AvValueLabel", "Average Value"},

@@ -237,6 +237,10 @@ const SizeLimit& CodesLimit() {
 
 }  // namespace
 
+bool FileExists(const std::string& path) {
+    return QFileInfo::exists(QString::fromStdString(path));
+}
+
 std::string LoadBytes(const std::string& path, const SizeLimit& limit) {
     QFile file(QString::fromStdString(path));
     if (QFileInfo(file).isDir()) {
@@ -311,8 +315,7 @@ CodeWriter::CodeWriter(std::string target, std::ostream& standardOutput)
                                           : CodeWriter(std::move(target))) {}
 
 bool CodeWriter::WouldReplace() const {
-    return stream_ == nullptr && device_ == nullptr &&
-           QFileInfo::exists(QString::fromStdString(name_));
+    return IsFile() && FileExists(name_);
 }
 
 void CodeWriter::Write(std::string_view text) {

@@ -20,6 +20,9 @@ struct SizeLimit {
     std::string_view reason;  ///< ends the message about a file beyond that
 };
 
+/// Whether there is a file or anything else of this name.
+bool FileExists(const std::string& path);
+
 /// The bytes of a file. Throws FileAccessError, or BadDataError for a file beyond the limit. Waits
 /// for data from a pipe or a device, but never for a regular file.
 std::string LoadBytes(const std::string& path, const SizeLimit& limit);
@@ -65,6 +68,9 @@ class CodeWriter {
 
     /// Standard output if `target` is empty, "-" or "/dev/stdout"; otherwise that file.
     CodeWriter(std::string target, std::ostream& standardOutput);
+
+    /// Whether the place is a file, which may have another one beside it.
+    bool IsFile() const { return stream_ == nullptr && device_ == nullptr; }
 
     /// Whether a file exists that writing would replace.
     bool WouldReplace() const;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "link/Converter.h"
@@ -22,9 +23,12 @@ enum class ReadingEnd {
 /// Moments are kept to the millisecond.
 using UtcTime = std::chrono::sys_time<std::chrono::milliseconds>;
 
+/// The label of a simulated board.
+inline constexpr std::string_view SimulatedBoardLabel = "Simulated board";
+
 /// The board that a block came from.
 struct BoardName {
-    std::string label{};                ///< "Simulated board"; empty for a real one
+    std::string label{};                ///< SimulatedBoardLabel; empty for a real one
     std::string port{};                 ///< "parport0" or "port 0x378"
     std::vector<std::string> faults{};  ///< names of those that a simulated board had
 
@@ -40,7 +44,8 @@ struct BlockConditions {
     UtcTime start{};
     UtcTime end{};
     ReadingEnd outcome = ReadingEnd::Complete;
-    /// When each code was read, in seconds of the board's clock from the start on; empty if unknown.
+    /// When each code was read, in seconds of the board's clock from the start on; empty if
+    /// unknown.
     std::vector<double> seconds{};
     std::optional<double> meanInterval{};  ///< measured, seconds from one code to the next
     std::string program{};                 ///< name and version of the program that read the block

@@ -17,6 +17,7 @@ struct ConverterTraits {
     RegisterMap::RegisterAccess control;
     RegisterMap::RegisterAccess zeroScale;  ///< calibration register
     RegisterMap::RegisterAccess fullScale;  ///< calibration register
+    std::int16_t errorMask;                 ///< status register: the last result was out of range
 };
 
 inline constexpr ConverterTraits MainTraits{
@@ -25,6 +26,7 @@ inline constexpr ConverterTraits MainTraits{
     .control = RegisterMap::MainControl,
     .zeroScale = RegisterMap::MainZeroScale,
     .fullScale = RegisterMap::MainFullScale,
+    .errorMask = 0x08,
 };
 inline constexpr ConverterTraits AuxTraits{
     .name = "Aux",
@@ -32,6 +34,7 @@ inline constexpr ConverterTraits AuxTraits{
     .control = RegisterMap::AuxControl,
     .zeroScale = RegisterMap::AuxZeroScale,
     .fullScale = RegisterMap::AuxFullScale,
+    .errorMask = 0x04,
 };
 
 constexpr const ConverterTraits& TraitsOf(Converter converter) {

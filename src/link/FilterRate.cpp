@@ -26,4 +26,9 @@ std::int32_t FilterWordFor(std::int16_t hertz) {
     return std::clamp(word, MinFilterWord, MaxFilterWord);
 }
 
+std::optional<double> UpdateRate(const RegisterReading& reading) {
+    const bool filter = reading.description.access.readByte == RegisterMap::Filter.readByte;
+    return filter && reading.value != 0 ? std::optional(UpdateRateOf(reading.value)) : std::nullopt;
+}
+
 }  // namespace vx3260

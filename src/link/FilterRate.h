@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+
+#include "link/RegisterReading.h"
 
 namespace vx3260 {
 
@@ -15,5 +18,9 @@ double UpdateRateOf(std::int32_t filterWord);
 /// The filter word for an update rate in whole hertz, 1 or more: the largest whose rate is not
 /// below it, limited to MinFilterWord and MaxFilterWord.
 std::int32_t FilterWordFor(std::int16_t hertz);
+
+/// The update rate in hertz that the filter register sets; empty for a word of 0, and for other
+/// registers.
+std::optional<double> UpdateRate(const RegisterReading& reading);
 
 }  // namespace vx3260

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "numbers/Conversions.h"
 #include "numbers/RuntimeError.h"
 
 namespace vx3260 {
@@ -182,6 +183,10 @@ std::string ShortestText(float value) {
 
 std::string ShortestText(double value) {
     return Shortest(value);
+}
+
+double AsEntered(float value) {
+    return TextToDouble(ShortestText(value));
 }
 
 std::string FormatNumber(double value, std::string_view format) {

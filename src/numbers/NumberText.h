@@ -45,6 +45,9 @@ std::string ShortestText(float value);
 /// The same of a double-precision number.
 std::string ShortestText(double value);
 
+/// The shortest decimal number of the same single-precision value: 2.56, not 2.55999994.
+double AsEntered(float value);
+
 /// A number laid out by a format of "#", "0" and one ".", such as "#.##", "00.00" or "0.###".
 /// A "0" place always prints a digit, a "#" place prints nothing where there is no digit; the "."
 /// of the format is always printed, and is a point in every locale. The value is taken to 15

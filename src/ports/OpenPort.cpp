@@ -5,6 +5,7 @@
 
 #include "app/MessageTexts.h"
 #include "app/PrinterPorts.h"
+#include "link/BlockConditions.h"
 #include "ports/SimulatedPort.h"
 #include "ports/TracePort.h"
 
@@ -64,7 +65,8 @@ OpenedPort OpenBare(const PortChoice& choice) {
     if (!choice.simulated) {
         return {OpenRealPort(choice), {}, {}};
     }
-    return {std::make_unique<SimulatedPort>(), "Simulated board", choice.faults.names};
+    return {std::make_unique<SimulatedPort>(), std::string(SimulatedBoardLabel),
+            choice.faults.names};
 }
 
 }  // namespace
@@ -75,7 +77,8 @@ OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress) {
         opened.port = std::make_unique<FaultyPort>(std::move(opened.port), choice.faults);
     }
     if (!choice.traceFile.empty()) {
-        opened.port = std::make_unique<TracePort>(std::move(opened.port), choice.traceFile, portAddress);
+        opened.port =
+            std::make_unique<TracePort>(std::move(opened.port), choice.traceFile, portAddress);
     }
     return opened;
 }

@@ -15,6 +15,14 @@ void Explain(QWidget* control, const QString& explanation) {
 
 }  // namespace
 
+QStringList ToQStrings(const std::vector<std::string>& lines) {
+    QStringList texts;
+    for (const std::string& line : lines) {
+        texts.append(QString::fromStdString(line));
+    }
+    return texts;
+}
+
 void ExplainHex(QWidget* control, std::int32_t value) {
     Explain(control,
             QCoreApplication::translate("ValueTexts", "hexadecimal; decimal %1").arg(value));

@@ -2,9 +2,15 @@
 #pragma once
 
 #include <QLabel>
+#include <QStringList>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace vx3260 {
+
+/// Lines of UTF-8 as Qt has them.
+QStringList ToQStrings(const std::vector<std::string>& lines);
 
 /// Tool tip and accessible description of a control that shows a number in hexadecimal: they say so
 /// and give the decimal number.

@@ -38,14 +38,17 @@ class Trace : public testing::Test {
     ~Trace() override { std::filesystem::remove(FilePath(path)); }
 
     /// Each access of the bare wires takes 10 us.
+    struct SlowPort : RecordingPort {
+        std::chrono::nanoseconds Now() const override {
+            return microseconds(10) * (written.size() + readFrom.size());
+        }
+    };
+
     std::unique_ptr<TracePort> Open() {
-        auto bare = std::make_unique<RecordingPort>();
+        auto bare = std::make_unique<SlowPort>();
         wires = bare.get();
         wires->standingReply = 0x40;
-        const auto now = [this] {
-            return microseconds(10) * (wires->written.size() + wires->readFrom.size());
-        };
-        return std::make_unique<TracePort>(std::move(bare), now, path, portAddress);
+        return std::make_unique<TracePort>(std::move(bare), path, portAddress);
     }
 
     std::string Bytes() const {

@@ -13,7 +13,7 @@ namespace vx3260::test {
 
 /// A port of bare wires: it notes every access and answers reads from a script, then from a
 /// standing value.
-class RecordingPort final : public ParallelPort {
+class RecordingPort : public ParallelPort {
   public:
     std::int32_t GetParallelPortCount() override { return count; }
     std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override {

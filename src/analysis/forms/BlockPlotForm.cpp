@@ -2,14 +2,18 @@
 #include "analysis/forms/BlockPlotForm.h"
 
 #include <QClipboard>
+#include <QDateTime>
 #include <QGuiApplication>
 #include <cmath>
 
 #include "analysis/NoiseTexts.h"
+#include "analysis/ReadingTexts.h"
+#include "app/ApplicationInfo.h"
 #include "numbers/FileErrors.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
 #include "ui/PlotSaving.h"
+#include "ui/ValueTexts.h"
 
 namespace vx3260 {
 namespace {
@@ -52,7 +56,7 @@ void BlockPlotForm::SavePicture() {
 }
 
 void BlockPlotForm::SaveCsv() {
-    Save([this] { return SaveCsvAs(this, subject_, Csv()); });
+    Save([this] { return SaveCsvAs(this, subject_, CsvWithHead()); });
 }
 
 void BlockPlotForm::CopyPicture() {
@@ -66,19 +70,30 @@ void BlockPlotForm::ShowAll() {
 /// Everything that a reader who has only the picture needs.
 QStringList BlockPlotForm::PictureLines() const {
     const NoiseAnalysis& analysis = block_.analysis;
-    const QString board = QString::fromStdString(Shared().boardLabel);
-    QStringList conditions{
+    const QStringList conditions{
         QString::fromStdString(CountText(static_cast<std::int64_t>(analysis.count), "reading")),
         tr("input range %1").arg(QString::fromStdString(RangeText(analysis.own))),
         tr("LSB %1").arg(DistanceText(analysis.own.StepVolts())),
         tr("reference %1").arg(DistanceText(analysis.own.referenceVoltage))};
-    if (!board.isEmpty()) {
-        conditions.append(board);
-    }
     const MeanAndSigma texts = MeanAndSigmaOf(analysis);
     const QString figures = tr("mean %1 (%2), sigma %3 codes (%4)")
                                 .arg(texts.mean, texts.meanVolts, texts.sigma, texts.sigmaVolts);
-    return QStringList{subject_, conditions.join(QStringLiteral(", ")), figures} + FurtherLines();
+    const QString saved =
+        tr("%1, saved %2")
+            .arg(QString::fromUtf8(TitleAndVersion.data(), TitleAndVersion.size()),
+                 QDateTime::currentDateTimeUtc().toString(
+                     QStringLiteral("yyyy-MM-dd HH:mm:ss UTC")));
+    return QStringList{subject_, conditions.join(QStringLiteral(", ")), figures} +
+           ToQStrings(ReadingLines(block_.reading)) + FurtherLines() + QStringList{saved};
+}
+
+/// The same as comment lines, then the values.
+std::string BlockPlotForm::CsvWithHead() const {
+    std::string csv;
+    for (const QString& line : PictureLines()) {
+        csv += "# " + line.toStdString() + '\n';
+    }
+    return csv + Csv();
 }
 
 void BlockPlotForm::Describe(const QStringList& further) {

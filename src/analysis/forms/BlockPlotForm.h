@@ -58,6 +58,7 @@ class BlockPlotForm : public Form {
     void CopyPicture();
     void ShowAll();
     QStringList PictureLines() const;
+    std::string CsvWithHead() const;
     void Save(const std::function<QString()>& save);
 
     const AnalysedBlock& block_;

@@ -2,6 +2,7 @@
 #include "analysis/forms/NoiseForm.h"
 
 #include "analysis/NoiseTexts.h"
+#include "analysis/ReadingTexts.h"
 #include "analysis/forms/HistogramForm.h"
 #include "analysis/forms/PlotForm.h"
 #include "link/Register.h"
@@ -19,9 +20,11 @@ QLabel* ShowFigure(QWidget& form, std::string_view name, const std::string& text
     return label;
 }
 
-AnalysedBlock Analyse(const CodeBlock& block, const ConversionConditions& conditions) {
+AnalysedBlock Analyse(const CodeBlock& block, const std::optional<BlockConditions>& reading,
+                      const ConversionConditions& present) {
     const std::span<const double> codes = block.Codes();
-    return {{codes.begin(), codes.end()}, AnalyseNoise(codes, conditions)};
+    const std::optional<ConversionConditions> own = reading ? ConditionsOf(*reading) : std::nullopt;
+    return {{codes.begin(), codes.end()}, AnalyseNoise(codes, present, own), reading};
 }
 
 }  // namespace
@@ -30,7 +33,8 @@ NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
     : Form(services, parent),
       ui_(std::make_unique<Ui::NoiseForm>()),
       converter_(converter),
-      block_(Analyse(services.state.BlockOf(converter), ReadConditions())) {
+      block_(Analyse(services.state.BlockOf(converter), services.state.ConditionsOf(converter),
+                     ReadConditions())) {
     ui_->setupUi(this);
     ui_->HeadingLabel->setText(
         tr("%1 ADC Noise Analysis").arg(QString::fromUtf8(TraitsOf(converter).name)));
@@ -42,6 +46,7 @@ NoiseForm::NoiseForm(Services& services, Converter converter, QWidget* parent)
 
     KeepStatistics();
     ShowTexts();
+    ShowReading();
     ShowResolution();
 }
 
@@ -104,6 +109,13 @@ void NoiseForm::ShowTexts() {
     for (QLabel* label : {ui_->AvValueLabel, ui_->AverageLabel, ui_->RMSLabel, ui_->RMSLabelLSB}) {
         label->setToolTip(QStringLiteral("%1\n%2").arg(label->toolTip(), why).trimmed());
     }
+}
+
+void NoiseForm::ShowReading() {
+    ui_->ReadingLabel->setText(ToQStrings(ReadingLines(block_.reading)).join(QLatin1Char('\n')));
+    const std::string change = ChangeSinceReading(block_.analysis.own, block_.analysis.conditions);
+    ui_->ChangeLabel->setText(QString::fromStdString(change));
+    ui_->ChangeLabel->setVisible(!change.empty());
 }
 
 void NoiseForm::ShowResolution() {

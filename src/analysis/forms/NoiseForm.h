@@ -37,6 +37,7 @@ class NoiseForm : public Form {
     void PlotHistogram();
     void KeepStatistics();
     void ShowTexts();
+    void ShowReading();
     void ShowResolution();
 
     std::unique_ptr<Ui::NoiseForm> ui_;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/BlockReading.h"
 
-#include <chrono>
 #include <utility>
 
+#include "acquisition/ConditionsRecorder.h"
 #include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
@@ -37,21 +37,27 @@ void RequireEnabled(Services& services, const ConverterReader& reader, Converter
     throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
 }
 
-/// `seconds` receives when each code was read.
 ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
-                            const CliStreams& streams, const std::function<bool()>& stopRequested,
-                            std::vector<double>& seconds) {
-    using Clock = std::chrono::steady_clock;
-    const Clock::time_point start = Clock::now();
-    const auto elapsed = [start] {
-        return std::chrono::duration<double>(Clock::now() - start).count();
-    };
-    seconds.reserve(static_cast<std::size_t>(count));
+                            const CliStreams& streams, ConditionsRecorder& recorder,
+                            const std::function<bool()>& stopRequested) {
     ProgressLine progress(streams.err, count, streams.errWidth);
     return ReadBlock(reader, block, count,
                      {.beforeEach = [&] { progress.Show(block.count - 1); },
-                      .afterEach = [&] { seconds.push_back(elapsed()); },
+                      .afterEach = [&] { recorder.CodeRead(); },
                       .stopRequested = stopRequested});
+}
+
+/// Makes all registers known, for the conditions of the block.
+void ReadAllRegisters(Services& services) {
+    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        ReadContents(services, description.access);
+    }
+}
+
+/// The converter's error bit of the status register.
+bool ReadOverRange(Services& services, Converter converter) {
+    const std::int32_t status = ReadContents(services, RegisterMap::Status);
+    return (status & TraitsOf(converter).errorMask) != 0;
 }
 
 /// A board that goes while a code is clocked in leaves a false one, which only a later access
@@ -101,27 +107,27 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
         << PrefixedHex(before) << " to " << PrefixedHex(write.wanted) << std::endl;
 }
 
-ConversionConditions ReadConditions(Services& services, Converter converter,
-                                    float referenceVoltage) {
-    return ConditionsOf(converter, referenceVoltage,
-                        ReadContents(services, TraitsOf(converter).control));
-}
-
-BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
-                       std::int16_t count, const std::function<bool()>& stopRequested) {
+BlockReading ReadCodes(Services& services, const CliStreams& streams, const BlockRequest& request,
+                       const std::function<bool()>& stopRequested) {
+    const Converter converter = request.converter;
+    ReadAllRegisters(services);
     ConverterReader reader(services.port, services.state.PortAddress, converter);
     reader.ReadControls();
     RequireEnabled(services, reader, converter);
     CheckReadyLine(services);
-    streams.err << "Reading " << CountText(count, "code") << " from the "
+    streams.err << "Reading " << CountText(request.count, "code") << " from the "
                 << TraitsOf(converter).name << " ADC, Ctrl+C stops" << std::endl;
     const CodeBlock block = services.state.BlockOf(converter);
-    std::vector<double> seconds;
-    const ReadingEnd read = ReadWithProgress(reader, block, count, streams, stopRequested, seconds);
+    ConditionsRecorder recorder(services, converter);
+    const ReadingEnd read =
+        ReadWithProgress(reader, block, request.count, streams, recorder, stopRequested);
     const bool gone = GoneAfterReading(services, converter, read);
     const ReadingEnd end = gone ? ReadingEnd::TimedOut : read;
-    BlockReading reading{GoodCodes(block, end), std::move(seconds), end};
-    reading.seconds.resize(reading.codes.size());
+    BlockReading reading{
+        .codes = GoodCodes(block, end),
+        .conditions = std::move(recorder).End(end, request.referenceVoltage),
+        .overRange = end != ReadingEnd::TimedOut && ReadOverRange(services, converter)};
+    reading.conditions.seconds.resize(reading.codes.size());
     ReportEnd(services, end,
               gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),
               reading.codes.size());

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "acquisition/Reading.h"
-#include "analysis/ConversionConditions.h"
 #include "cli/board/BoardSession.h"
+#include "link/BlockConditions.h"
 #include "link/Converter.h"
 #include "options/ExitCodes.h"
 
@@ -19,22 +19,25 @@ namespace vx3260 {
 /// CommandError when the mode register does not read back as written: no board answers.
 void EnsureContinuousConversion(Services& services, std::ostream& err);
 
-/// The conditions under which the converter reads now.
-ConversionConditions ReadConditions(Services& services, Converter converter,
-                                    float referenceVoltage);
-
 /// The outcome of reading a block.
 struct BlockReading {
     std::vector<std::int32_t> codes;  ///< without the value of a time-out
-    std::vector<double> seconds;      ///< when each code was read, from the start of the reading on
-    ReadingEnd end;
+    BlockConditions conditions;       ///< with a time for each code
+    bool overRange = false;           ///< the status register's error bit after the last code
 };
 
-/// Reads `count` codes, 1 to 32767, from a chip in continuous conversion. A time-out and a stop are
-/// reported on `streams.err`. Throws CommandError when the converter is disabled or the data-ready
-/// line is stuck low.
-BlockReading ReadCodes(Services& services, const CliStreams& streams, Converter converter,
-                       std::int16_t count, const std::function<bool()>& stopRequested);
+/// What is to be read.
+struct BlockRequest {
+    Converter converter;
+    std::int16_t count;      ///< 1 to 32767
+    float referenceVoltage;  ///< volts
+};
+
+/// Reads a block from a chip in continuous conversion: all registers, then the codes, then the
+/// status register. A time-out and a stop are reported on `streams.err`. Throws CommandError when
+/// the converter is disabled or the data-ready line is stuck low.
+BlockReading ReadCodes(Services& services, const CliStreams& streams, const BlockRequest& request,
+                       const std::function<bool()>& stopRequested);
 
 /// Prints each of the texts after "Warning: ".
 void PrintWarnings(const std::vector<std::string>& warnings, std::ostream& err);

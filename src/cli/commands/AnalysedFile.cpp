@@ -3,32 +3,19 @@
 
 #include <CLI/CLI.hpp>
 #include <map>
+#include <utility>
 
+#include "cli/board/BlockReading.h"
 #include "cli/commands/Command.h"
-#include "link/RegisterFields.h"
+#include "files/CodeFile.h"
+#include "files/ConditionsFile.h"
 
 namespace vx3260 {
 namespace {
 
 constexpr const char* rangeOption = "--range";
 constexpr const char* fullScaleOption = "--full-scale";
-
-/// Adds an option that puts one of a field's values, by name, into the value of a register.
-CLI::Option* AddField(CLI::App& parser, const std::string& option, const RegisterMap::Field& field,
-                      std::int32_t& value, const std::string& description) {
-    std::map<std::string, std::int32_t> codes;
-    for (const RegisterMap::FieldValue& named : field.values) {
-        codes.emplace(named.name, named.code);
-    }
-    return parser
-        .add_option_function<std::string>(
-            option,
-            [&field, &value, codes](const std::string& name) {
-                value = field.Insert(value, codes.at(name));
-            },
-            description)
-        ->check(CLI::IsMember(codes));
-}
+constexpr const char* polarityOption = "--polarity";
 
 /// Refuses an option for the converter that has another option in its place.
 CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
@@ -54,58 +41,113 @@ double KnownRate(const FileBlock& block) {
 
 CLI::Option* AnalysedFile::AddTo(CLI::App& parser, const std::string& description) {
     CLI::Option* const file = AddFile(parser, file_, description);
-    AddScale(parser, file);
-    file->needs(AddField(parser, "--polarity", RegisterMap::Polarity, control_,
-                         "Polarity that FILE was read with")
-                    ->needs(file));
+    AddRange(parser)->needs(file);
+    AddField(parser, fullScaleOption, RegisterMap::Reference,
+             "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
+        ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
+        ->needs(file);
+    AddField(parser, polarityOption, RegisterMap::Polarity, "Polarity that FILE was read with")
+        ->needs(file);
     AddFileOptions(parser, file_, file);
     return file;
 }
 
-/// The options for what FILE was read with: the range of the main ADC, the full scale of the aux
-/// ADC. FILE needs the one of its converter.
-void AnalysedFile::AddScale(CLI::App& parser, CLI::Option* file) {
-    const CLI::Option* const range = AddRange(parser)->needs(file);
-    const CLI::Option* const fullScale =
-        AddField(parser, fullScaleOption, RegisterMap::Reference, control_,
-                 "Full scale, half or full REFIN2, that FILE was read with from the aux ADC")
-            ->check(OnlyFor(Converter::Aux, converter_, rangeOption))
-            ->needs(file);
-    parser.final_callback([this, range, fullScale] {
-        const CLI::Option* const scale = converter_ == Converter::Main ? range : fullScale;
-        if (IsGiven() && scale->empty()) {
-            throw CLI::RequiresError("FILE", scale->get_name());
-        }
-    });
+/// Adds an option that gives one of a field's values by name.
+CLI::Option* AnalysedFile::AddField(CLI::App& parser, const std::string& option,
+                                    const RegisterMap::Field& field,
+                                    const std::string& description) {
+    std::map<std::string, std::int32_t> codes;
+    for (const RegisterMap::FieldValue& named : field.values) {
+        codes.emplace(named.name, named.code);
+    }
+    return parser
+        .add_option_function<std::string>(
+            option, [this, &field, codes](const std::string& name) { Give(field, codes.at(name)); },
+            description)
+        ->check(CLI::IsMember(codes));
 }
 
 CLI::Option* AnalysedFile::AddRange(CLI::App& parser) {
     return parser
         .add_option_function<int>(
-            rangeOption,
-            [this](int code) { control_ = RegisterMap::InputRange.Insert(control_, code); },
+            rangeOption, [this](int code) { Give(RegisterMap::InputRange, code); },
             "Range code, 0 to 7, that FILE was read with from the main ADC")
         ->type_name("CODE")
         ->check(CLI::Range(0, 7))
         ->check(OnlyFor(Converter::Main, converter_, fullScaleOption));
 }
 
+void AnalysedFile::Give(const RegisterMap::Field& field, std::int32_t code) {
+    control_ = field.Insert(control_, code);
+    givenMask_ |= field.mask;
+}
+
 void AnalysedFile::AddReferenceTo(CLI::App& parser) {
-    AddReference(parser, referenceVoltage_);
+    referenceOption_ = AddReference(parser, referenceVoltage_);
 }
 
 void AnalysedFile::AddRateTo(CLI::App& parser) {
     AddRate(parser, rate_);
 }
 
+/// Without conditions the options must say what the codes are in volts.
+void AnalysedFile::RequireScale() const {
+    const bool main = converter_ == Converter::Main;
+    const std::pair<std::int32_t, const char*> needed[] = {
+        {main ? RegisterMap::InputRange.mask : RegisterMap::Reference.mask,
+         main ? rangeOption : fullScaleOption},
+        {RegisterMap::Polarity.mask, polarityOption}};
+    for (const auto& [mask, option] : needed) {
+        if ((givenMask_ & mask) == 0) {
+            throw CommandError(ExitCode::WrongCommandLine,
+                               "FILE requires " + std::string(option) +
+                                   ": the conditions of its reading are unknown");
+        }
+    }
+}
+
 FileBlock AnalysedFile::Load(std::ostream& err,
                              const std::function<void(std::size_t count)>& checkCount) const {
+    const bool alone = !file_.IsRegular() || !FileExists(ConditionsPath(file_.path));
+    if (alone) {
+        RequireScale();
+    }
     ParsedCodes block = LoadBlock(file_, err);
     if (checkCount) {
         checkCount(block.codes.size());
     }
+    LoadedConditions beside;
+    if (!alone) {
+        beside = LoadConditions(file_.path, converter_, block.codes);
+        if (!beside.warning.empty()) {
+            PrintWarnings({beside.warning}, err);
+        }
+        if (!beside.conditions || !ConditionsOf(*beside.conditions)) {
+            RequireScale();
+        }
+    }
     CheckSuspicions(file_, block, converter_, err);
-    return {std::move(block.codes), ConditionsOf(converter_, referenceVoltage_, control_), rate_};
+    std::optional<double> rate = rate_;
+    if (!rate && beside.conditions && beside.conditions->Interval()) {
+        rate = 1 / *beside.conditions->Interval();
+    }
+    return {.codes = std::move(block.codes),
+            .conditions = ConditionsOf(converter_, ReferenceBeside(beside.conditions),
+                                       ControlBeside(beside.conditions)),
+            .reading = std::move(beside.conditions),
+            .rate = rate};
+}
+
+/// Options come first.
+std::int32_t AnalysedFile::ControlBeside(const std::optional<BlockConditions>& conditions) const {
+    const std::int32_t read = conditions ? conditions->Control().value_or(0) : 0;
+    return (read & ~givenMask_) | control_;
+}
+
+float AnalysedFile::ReferenceBeside(const std::optional<BlockConditions>& conditions) const {
+    return conditions && referenceOption_->empty()
+               ? conditions->referenceVoltage.value_or(referenceVoltage_)
+               : referenceVoltage_;
 }
 
 }  // namespace vx3260

@@ -15,16 +15,8 @@
 #include "options/Validators.h"
 
 namespace vx3260 {
-namespace {
-
-bool IsStandardInput(const BlockFile& file) {
-    return file.path == "-";
-}
-
-}  // namespace
-
 std::string BlockFile::Name() const {
-    return IsStandardInput(*this) ? "standard input" : path;
+    return IsRegular() ? path : "standard input";
 }
 
 CLI::Option* AddFile(CLI::App& parser, BlockFile& file, const std::string& description) {
@@ -43,7 +35,7 @@ ExitCode RunOnFile(const CommandContext& context, const BlockFile& file,
         context.board.Open();
     }
     std::optional<StopSignal> stop;
-    if (IsStandardInput(file) && !context.streams.inIsTerminal) {
+    if (!file.IsRegular() && !context.streams.inIsTerminal) {
         stop.emplace();
     }
     work();
@@ -51,8 +43,8 @@ ExitCode RunOnFile(const CommandContext& context, const BlockFile& file,
 }
 
 ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err) {
-    ParsedCodes block = IsStandardInput(file) ? LoadCodesOfStandardInput(file.notation)
-                                              : LoadCodes(file.path, file.notation);
+    ParsedCodes block = file.IsRegular() ? LoadCodes(file.path, file.notation)
+                                         : LoadCodesOfStandardInput(file.notation);
     const auto timeout = std::find(block.codes.begin(), block.codes.end(), ReadTimeout);
     if (timeout != block.codes.end()) {
         throw BadDataError(file.Name() + ": line " +

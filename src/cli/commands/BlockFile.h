@@ -23,6 +23,9 @@ struct BlockFile {
     Notation notation = Notation::Decimal;
     bool force = false;  ///< suspicious codes are analysed too
 
+    /// Whether it may have a conditions file beside it.
+    bool IsRegular() const { return path != "-"; }
+
     /// As messages name it.
     std::string Name() const;
 };

@@ -41,15 +41,21 @@ float ToVolts(const std::string& text) {
     return static_cast<float>(volts);
 }
 
+/// What a reference can be, in volts; generously, so that only slips are refused.
+constexpr double minReference = 0.1;
+constexpr double maxReference = 10;
+
 std::string RefuseOtherThanVoltage(const std::string& text) {
     try {
-        if (ToVolts(text) > 0) {
+        if (const double volts = TextToDouble(text);
+            volts >= minReference && volts <= maxReference) {
             return "";
         }
     } catch (const RuntimeError&) {
-        // Refused below, like a number that is not positive.
+        // Refused below, like a number outside the range.
     }
-    return "'" + text + "' is not a positive number of volts";
+    return "'" + text + "' is not a voltage from " + ShortestText(minReference) + " to " +
+           ShortestText(maxReference);
 }
 
 std::string RefuseOtherThanRate(const std::string& text) {

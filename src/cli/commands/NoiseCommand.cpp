@@ -45,16 +45,15 @@ ExitCode NoiseCommand::Run(const CommandContext& context) {
     if (!file_.IsGiven()) {
         return RunOnBoard(context);
     }
-    return RunOnFile(context, file_.File(), [this, &context] {
-        context.streams.out << Report(AnalyseFile(context.streams.err), "");
-    });
+    return RunOnFile(context, file_.File(),
+                     [this, &context] { context.streams.out << FileReport(context.streams.err); });
 }
 
-NoiseAnalysis NoiseCommand::AnalyseFile(std::ostream& err) const {
+std::string NoiseCommand::FileReport(std::ostream& err) const {
     const FileBlock block =
         file_.Load(err, [](std::size_t count) { CheckCount(static_cast<std::int64_t>(count)); });
     try {
-        return Analyse(block.codes, block.conditions);
+        return Report({Analyse(block.codes, block.conditions), block.reading, ""});
     } catch (const RuntimeError& error) {
         throw BadDataError(file_.File().Name() + ": the codes cannot be analysed: " + error.what());
     }
@@ -64,24 +63,24 @@ ExitCode NoiseCommand::RunOnBoard(const CommandContext& context) const {
     CheckCount(count_);
     Services& services = context.board.Services();
     EnsureContinuousConversion(services, context.streams.err);
-    const ConversionConditions conditions =
-        ReadConditions(services, converter_, file_.ReferenceVoltage());
     const StopSignal stop;
     const BlockReading reading =
-        ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
+        ReadCodes(services, context.streams,
+                  {converter_, static_cast<std::int16_t>(count_), file_.ReferenceVoltage()},
                   [&stop] { return stop.Requested(); });
+    const ExitCode exitCode = ExitCodeOf(reading.conditions.outcome, stop.Requested());
     if (!CountFitsAnalysis(static_cast<std::int64_t>(reading.codes.size()))) {
         context.streams.err << "Too few codes to analyse" << std::endl;
-        return ExitCodeOf(reading.end, stop.Requested());
+        return exitCode;
     }
     PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
-    context.streams.out << Report(Analyse(reading.codes, conditions), services.boardLabel);
-    return ExitCodeOf(reading.end, stop.Requested());
+    context.streams.out << Report({Analyse(reading.codes, ConditionsOf(reading.conditions).value()),
+                                   reading.conditions, services.boardLabel});
+    return exitCode;
 }
 
-std::string NoiseCommand::Report(const NoiseAnalysis& analysis, std::string_view board) const {
-    return format_ == ReportFormat::Json ? NoiseJson(analysis, converter_, board)
-                                         : NoiseText(analysis);
+std::string NoiseCommand::Report(const NoiseReportContents& contents) const {
+    return format_ == ReportFormat::Json ? NoiseJson(contents) : NoiseText(contents);
 }
 
 }  // namespace vx3260

@@ -7,6 +7,7 @@
 #include "analysis/NoiseAnalysis.h"
 #include "cli/commands/AnalysedFile.h"
 #include "cli/commands/Command.h"
+#include "cli/reports/NoiseReport.h"
 
 namespace vx3260 {
 
@@ -18,9 +19,9 @@ class NoiseCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
-    NoiseAnalysis AnalyseFile(std::ostream& err) const;
+    std::string FileReport(std::ostream& err) const;
     ExitCode RunOnBoard(const CommandContext& context) const;
-    std::string Report(const NoiseAnalysis& analysis, std::string_view board) const;
+    std::string Report(const NoiseReportContents& contents) const;
 
     Converter converter_ = Converter::Main;
     AnalysedFile file_{converter_};

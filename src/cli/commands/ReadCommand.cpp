@@ -6,6 +6,7 @@
 #include "analysis/SuspiciousCodes.h"
 #include "cli/board/StopSignal.h"
 #include "cli/reports/BlockReport.h"
+#include "files/ConditionsFile.h"
 #include "numbers/FilePath.h"
 #include "numbers/NumberText.h"
 #include "options/Validators.h"
@@ -18,6 +19,10 @@ void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
         throw CommandError(ExitCode::WrongCommandLine,
                            "--output and --trace name the same file: " + output);
     }
+}
+
+[[noreturn]] void RefuseToReplaceFile(const std::string& path) {
+    throw FileAccessError("cannot write " + path + ": the file exists; --force replaces it");
 }
 
 /// Returns where the text is. A file may have appeared during a reading of minutes.
@@ -36,15 +41,11 @@ std::string Save(const std::string& text, ReadingEnd end, bool force, CodeWriter
     return place;
 }
 
-std::string_view NameOf(ReadingEnd end) {
-    switch (end) {
-        case ReadingEnd::TimedOut:
-            return "timed-out";
-        case ReadingEnd::Stopped:
-            return "stopped";
-        default:
-            return "complete";
-    }
+/// The codes are there already, so a failure is reported with them in place.
+void SaveConditions(const BlockReading& reading, const std::string& place, std::ostream& err) {
+    const std::string path = ConditionsPath(place);
+    ReplaceFile(path, FormatConditions(reading.conditions, reading.codes));
+    err << "Wrote the conditions of the reading to " << path << std::endl;
 }
 
 }  // namespace
@@ -62,6 +63,10 @@ ReadCommand::ReadCommand(CLI::App& program)
     Parser()
         .add_flag("--force", force_, "Replace an existing file by a complete reading")
         ->needs(output);
+    Parser()
+        .add_flag("--no-conditions", noConditions_,
+                  "Write no FILE.json with the conditions of the reading beside FILE")
+        ->needs(output);
     AddFormatOptions();
 }
 
@@ -76,29 +81,37 @@ void ReadCommand::AddFormatOptions() {
         if (!text && !hex->empty()) {
             throw CLI::ExcludesError("--format csv or json", hex->get_name());
         }
-        if (text && !reference->empty()) {
-            throw CLI::RequiresError(reference->get_name(), "--format csv or json");
+        if (text && output_.empty() && !reference->empty()) {
+            throw CLI::RequiresError(reference->get_name(), "--output or --format csv or json");
         }
     });
 }
 
+bool ReadCommand::WritesConditions(const CodeWriter& writer) const {
+    return format_ == ReportFormat::Text && !noConditions_ && writer.IsFile();
+}
+
 void ReadCommand::RefuseToReplace(const CodeWriter& writer) const {
-    if (!force_ && writer.WouldReplace()) {
-        throw FileAccessError("cannot write " + writer.Name() +
-                              ": the file exists; --force replaces it");
+    if (force_) {
+        return;
+    }
+    if (writer.WouldReplace()) {
+        RefuseToReplaceFile(writer.Name());
+    }
+    const std::string conditions = ConditionsPath(writer.Name());
+    if (WritesConditions(writer) && FileExists(conditions)) {
+        RefuseToReplaceFile(conditions);
     }
 }
 
-std::string ReadCommand::TextOf(const BlockReading& reading, std::string_view board,
-                                const std::optional<ConversionConditions>& conditions) const {
-    if (!conditions) {
+std::string ReadCommand::TextOf(const BlockReading& reading, std::string_view board) const {
+    if (format_ == ReportFormat::Text) {
         return FormatCodes(reading.codes, notation_);
     }
     const ReadBlockReport report{.board = board,
-                                 .end = NameOf(reading.end),
-                                 .conditions = *conditions,
-                                 .codes = reading.codes,
-                                 .seconds = reading.seconds};
+                                 .conversion = ConditionsOf(reading.conditions).value(),
+                                 .conditions = reading.conditions,
+                                 .codes = reading.codes};
     return format_ == ReportFormat::Csv ? BlockCsv(report) : BlockJson(report);
 }
 
@@ -110,26 +123,27 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
     // The trace is there now, so that a link to it is seen too.
     RefuseTraceAsOutput(context.board.Choice().traceFile, output_);
     EnsureContinuousConversion(services, context.streams.err);
-    std::optional<ConversionConditions> conditions;
-    if (format_ != ReportFormat::Text) {
-        conditions = ReadConditions(services, converter_, referenceVoltage_);
-    }
     // Until the codes are saved, a signal must not end the process.
     const StopSignal stop;
     const BlockReading reading =
-        ReadCodes(services, context.streams, converter_, static_cast<std::int16_t>(count_),
+        ReadCodes(services, context.streams,
+                  {converter_, static_cast<std::int16_t>(count_), referenceVoltage_},
                   [&stop] { return stop.Requested(); });
+    const ReadingEnd end = reading.conditions.outcome;
     PrintWarnings(SuspicionsAbout(reading.codes, converter_), context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
-        return ExitCodeOf(reading.end, stop.Requested());
+        return ExitCodeOf(end, stop.Requested());
     }
-    const std::string place = Save(TextOf(reading, services.boardLabel, conditions), reading.end,
-                                   force_, writer, context.streams.err);
+    const std::string place =
+        Save(TextOf(reading, services.boardLabel), end, force_, writer, context.streams.err);
     context.streams.err << "Wrote "
                         << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
                         << " to " << place << std::endl;
-    return ExitCodeOf(reading.end, stop.Requested());
+    if (WritesConditions(writer)) {
+        SaveConditions(reading, place, context.streams.err);
+    }
+    return ExitCodeOf(end, stop.Requested());
 }
 
 }  // namespace vx3260

@@ -25,13 +25,14 @@ class ReadCommand final : public Command {
   private:
     void AddFormatOptions();
     void RefuseToReplace(const CodeWriter& writer) const;
-    std::string TextOf(const BlockReading& reading, std::string_view board,
-                       const std::optional<ConversionConditions>& conditions) const;
+    bool WritesConditions(const CodeWriter& writer) const;
+    std::string TextOf(const BlockReading& reading, std::string_view board) const;
 
     Converter converter_ = Converter::Main;
     std::int64_t count_ = DefaultCount;
     std::string output_;
     bool force_ = false;
+    bool noConditions_ = false;
     Notation notation_ = Notation::Decimal;
     float referenceVoltage_ = DefaultReferenceVoltage;
     ReportFormat format_ = ReportFormat::Text;

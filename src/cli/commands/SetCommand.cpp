@@ -8,6 +8,7 @@
 #include "cli/board/BoardRegisters.h"
 #include "cli/commands/Assignment.h"
 #include "cli/reports/RegisterText.h"
+#include "link/Configuration.h"
 #include "link/FieldWrite.h"
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
@@ -63,28 +64,10 @@ void RequirePowerDown(Services& services, const RegisterDescription& description
     }
 }
 
-/// An I/O pin with a bit for its level: the driven one of an output, the actual one of an input.
-struct Pin {
-    const RegisterMap::Field& direction;
-    const RegisterMap::Field& state;
-};
-
-constexpr Pin pins[] = {{RegisterMap::P3Direction, RegisterMap::P3State},
-                        {RegisterMap::P4Direction, RegisterMap::P4State}};
-
-/// The level of an input comes from outside, so it is left out of the comparison unless it was to
-/// be set.
+/// The level of an input comes from outside, so it is compared only if it was to be set.
 std::int32_t ComparedBits(const RegisterDescription& description, const Assignment& assignment,
                           std::int32_t wanted) {
-    std::int32_t bits = -1;
-    for (const Pin& pin : pins) {
-        const bool input = pin.direction.CodeIn(wanted) == 0;
-        if (description.fields.data() == RegisterMap::IOControlFields && input &&
-            assignment.field.name != pin.state.name) {
-            bits &= ~pin.state.mask;
-        }
-    }
-    return bits;
+    return ComparableBits(description, wanted) | assignment.field.mask;
 }
 
 void CheckReadBack(Services& services, const RegisterDescription& description,

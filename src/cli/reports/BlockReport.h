@@ -13,10 +13,9 @@ namespace vx3260 {
 /// A block as it was read from a board.
 struct ReadBlockReport {
     std::string_view board;  ///< empty for a real one
-    std::string_view end;    ///< "complete", "timed-out" or "stopped"
-    ConversionConditions conditions;
+    ConversionConditions conversion;
+    const BlockConditions& conditions;  ///< with a time for each code
     std::span<const std::int32_t> codes;
-    std::span<const double> seconds;  ///< of each code, from the start of the reading
 };
 
 /// A line of column names, then index, from 1 on, time_s, code and volts of each code. A time has

@@ -5,15 +5,6 @@
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
-namespace {
-
-/// The shortest decimal number of the same single-precision value: 2.56, not 2.55999994.
-double AsEntered(float value) {
-    return TextToDouble(ShortestText(value));
-}
-
-}  // namespace
-
 ConditionValues ConditionValuesOf(const ConversionConditions& conditions) {
     const double reference = AsEntered(conditions.referenceVoltage);
     return {

@@ -4,10 +4,12 @@
 #include <algorithm>
 
 #include "analysis/NoiseTexts.h"
+#include "analysis/ReadingTexts.h"
 #include "cli/reports/Columns.h"
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
+#include "files/ConditionsFile.h"
 
 namespace vx3260 {
 namespace {
@@ -36,6 +38,18 @@ std::string ResolutionLines(const NoiseAnalysis& analysis) {
     for (const ResolutionRow& row : ResolutionRows) {
         lines += "  " + Padded(row.caption, CaptionWidth(ResolutionRows)) +
                  FigureAndVolts(TextOf(analysis, row.figure), figureWidth) + "\n";
+    }
+    return lines;
+}
+
+std::string Line(std::string_view caption, std::size_t width, std::string_view text) {
+    return "  " + Padded(caption, width) + std::string(text) + "\n";
+}
+
+std::string LinesAbout(const std::optional<BlockConditions>& reading, std::size_t width) {
+    std::string lines;
+    for (const std::string& line : ReadingLines(reading)) {
+        lines += Line(lines.empty() ? "Reading" : "", width, line);
     }
     return lines;
 }
@@ -86,26 +100,31 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
 
 }  // namespace
 
-std::string NoiseText(const NoiseAnalysis& analysis) {
+std::string NoiseText(const NoiseReportContents& contents) {
     const std::size_t width = CaptionWidth(NoiseRows);
     std::string text;
     std::string_view frame;
     for (const NoiseRow& row : NoiseRows) {
         if (row.frame != frame) {
+            text += frame == ConditionsFrame ? LinesAbout(contents.reading, width) : "";
             frame = row.frame;
             text += std::string(frame) + "\n";
         }
-        text += "  " + Padded(row.caption, width) + TextOf(analysis, row.figure) + "\n";
+        text += Line(row.caption, width, TextOf(contents.analysis, row.figure));
     }
-    return text + ResolutionLines(analysis);
+    return text + ResolutionLines(contents.analysis);
 }
 
-std::string NoiseJson(const NoiseAnalysis& analysis, Converter converter, std::string_view board) {
+std::string NoiseJson(const NoiseReportContents& contents) {
+    const NoiseAnalysis& analysis = contents.analysis;
+    const Converter converter = analysis.own.converter;
     return JsonText({
-        {"board", BoardValue(board)},
+        {"board", BoardValue(contents.board)},
         {"converter", QString::fromUtf8(CommandLineName(converter))},
         {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
+        {"conditions",
+         contents.reading ? QJsonValue(ConditionsObject(*contents.reading)) : QJsonValue()},
     });
 }
 

@@ -6,6 +6,7 @@
 
 #include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
+#include "files/RegisterJson.h"
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
 #include "numbers/NumberText.h"
@@ -31,12 +32,6 @@ std::string HexOf(const RegisterReading& reading) {
     return RegisterHex(reading.value, reading.description.access);
 }
 
-/// In hertz, for the filter register; empty for a word of 0.
-std::optional<double> UpdateRate(const RegisterReading& reading) {
-    const bool filter = reading.description.access.readByte == RegisterMap::Filter.readByte;
-    return filter && reading.value != 0 ? std::optional(UpdateRateOf(reading.value)) : std::nullopt;
-}
-
 std::string FieldText(const RegisterMap::Field& field, const RegisterReading& reading) {
     const std::int32_t code = field.CodeIn(reading.value);
     std::string text(RegisterMap::NameOfCode(field, code).value_or(std::to_string(code)));
@@ -44,29 +39,6 @@ std::string FieldText(const RegisterMap::Field& field, const RegisterReading& re
         text += " (" + FormatNumber(*rate, "0.0000") + " Hz)";
     }
     return text;
-}
-
-QJsonObject FieldsOf(const RegisterReading& reading) {
-    QJsonObject fields;
-    for (const RegisterMap::Field& field : reading.description.fields) {
-        const std::int32_t code = field.CodeIn(reading.value);
-        const std::optional<std::string_view> name = RegisterMap::NameOfCode(field, code);
-        fields[QString::fromUtf8(field.name)] =
-            name ? QJsonValue(QString::fromUtf8(*name)) : QJsonValue(code);
-    }
-    return fields;
-}
-
-QJsonObject JsonOf(const RegisterReading& reading) {
-    QJsonObject object{
-        {"value", reading.value},
-        {"hex", QString::fromUtf8(HexOf(reading))},
-        {"fields", FieldsOf(reading)},
-    };
-    if (const std::optional<double> rate = UpdateRate(reading)) {
-        object["updateRateHz"] = *rate;
-    }
-    return object;
 }
 
 }  // namespace
@@ -89,7 +61,7 @@ std::string RegistersText(std::span<const RegisterReading> readings) {
 std::string RegistersJson(std::span<const RegisterReading> readings, std::string_view board) {
     QJsonObject report{{"board", BoardValue(board)}};
     for (const RegisterReading& reading : readings) {
-        report[QString::fromUtf8(reading.description.name)] = JsonOf(reading);
+        report[QString::fromUtf8(reading.description.name)] = RegisterObject(reading);
     }
     return JsonText(report);
 }

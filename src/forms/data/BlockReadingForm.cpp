@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/BlockReadingForm.h"
 
+#include <utility>
+
+#include "acquisition/ConditionsRecorder.h"
 #include "acquisition/ProgressText.h"
 #include "acquisition/Reading.h"
 #include "analysis/forms/CountRefusal.h"
@@ -55,7 +58,11 @@ void BlockReadingForm::ReadForAnalysis() {
     sinceStart_.start();
     sinceProgress_.start();
     ShowProgress(0);
-    const ReadingEnd end = Loop().Run([this, size](const ReadingHooks& hooks) {
+    std::optional<BlockConditions>& conditions = State().ConditionsOf(converter_);
+    conditions.reset();
+    ConditionsRecorder recorder(Shared(), converter_);
+    const ReadingEnd end = Loop().Run([&, this](ReadingHooks hooks) {
+        hooks.afterEach = [&recorder] { recorder.CodeRead(); };
         return ReadBlock(Reader(), Block(), size, hooks);
     });
     ShowProgress(Block().count);
@@ -68,6 +75,7 @@ void BlockReadingForm::ReadForAnalysis() {
     } else {
         ApplyReferenceVoltage();
     }
+    conditions = std::move(recorder).End(end, State().ReferenceVoltage);
     AfterReading(end);
 }
 
@@ -94,13 +102,13 @@ void BlockReadingForm::FollowProgress() {
     }
 }
 
-/// That of the filter register, if its form was opened. The simulated board keeps no real time.
+/// That of the filter register, where it is known. The simulated board keeps no real time.
 std::optional<double> BlockReadingForm::Rate() {
-    const std::int16_t filterWord = State().FilterValue;
-    if (filterWord == 0 || !Shared().boardLabel.empty()) {
+    const std::optional<std::int32_t> word = Shared().port.Registers().ValueOf(RegisterMap::Filter);
+    if (!word.value_or(0) || !Shared().boardLabel.empty()) {
         return std::nullopt;
     }
-    return UpdateRateOf(filterWord);
+    return UpdateRateOf(*word);
 }
 
 void BlockReadingForm::ShowProgress(int done) {

@@ -17,7 +17,7 @@ namespace vx3260 {
 namespace {
 
 /// An empty line of this many rows keeps the place for the result, so that nothing moves.
-constexpr int resultRows = 4;
+constexpr int resultRows = 5;
 
 /// The one file that is dragged; empty for anything else.
 QString DraggedFile(const QDropEvent& event) {
@@ -65,10 +65,13 @@ DataFileForm::DataFileForm(Services& services, const DataFileTraits& traits, Dat
     (begin.notation == Notation::Decimal ? ui_->OptDecimal : ui_->OptHexadecimal)->setChecked(true);
     (begin.converter == Converter::Main ? ui_->OptMain : ui_->OptAux)->setChecked(true);
     SelectTextOnFocus(ui_->PathText);
+    ui_->ConditionsBox->setVisible(traits.offersConditions);
     ShowCounts();
+    ShowConditions();
 
     On(ui_->Command1, &QPushButton::clicked, &DataFileForm::RunChosen);
     On(ui_->PathText, &QLineEdit::returnPressed, &DataFileForm::RunChosen);
+    On(ui_->OptMain, &QRadioButton::toggled, &DataFileForm::ShowConditions);
     On(ui_->Command2, &QPushButton::clicked, &DataFileForm::reject);
     On(ui_->Command3, &QPushButton::clicked, &DataFileForm::Browse);
 }
@@ -144,6 +147,15 @@ std::string DataFileForm::Path() const {
     }
     CheckIsNotDevice(path);
     return path;
+}
+
+bool DataFileForm::ConditionsWanted() {
+    return ui_->ConditionsBox->isChecked() && ChosenConditions().has_value();
+}
+
+/// Disabled where there is nothing to write; the user's choice stays.
+void DataFileForm::ShowConditions() {
+    ui_->ConditionsBox->setEnabled(ChosenConditions().has_value());
 }
 
 void DataFileForm::ShowCounts() {

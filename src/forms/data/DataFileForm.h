@@ -3,9 +3,11 @@
 
 #include <QFileDialog>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "files/CodeText.h"
+#include "link/BlockConditions.h"
 #include "link/Converter.h"
 #include "ui/Form.h"
 
@@ -33,6 +35,7 @@ struct DataFileTraits {
     QString command;  ///< caption of the button that does the work
     QFileDialog::AcceptMode dialog;
     std::string failureDetail;  ///< what is shown besides the reason of a failure
+    bool offersConditions;      ///< whether the conditions can be left out
 };
 
 /// What the twins share: a path, a notation, one converter's block of codes, and a text about what
@@ -66,6 +69,12 @@ class DataFileForm : public Form {
     Notation ChosenNotation() const;
     Converter ChosenConverter() const;
     CodeBlock ChosenBlock() { return State().BlockOf(ChosenConverter()); }
+    std::optional<BlockConditions>& ChosenConditions() {
+        return State().ConditionsOf(ChosenConverter());
+    }
+
+    /// Whether the conditions of the chosen block are wanted, and known.
+    bool ConditionsWanted();
 
     /// "Main", "Aux", as in the forms' texts.
     QString ChosenName() const;
@@ -78,6 +87,7 @@ class DataFileForm : public Form {
     void RunChosen() { Run(); }
     std::string Path() const;
     void ShowCounts();
+    void ShowConditions();
 
     std::unique_ptr<Ui::DataFileForm> ui_;
     DataFileTraits traits_;

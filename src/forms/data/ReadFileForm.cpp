@@ -2,9 +2,12 @@
 #include "forms/data/ReadFileForm.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "analysis/ReadingTexts.h"
 #include "analysis/SuspiciousCodes.h"
 #include "files/CodeFile.h"
+#include "files/ConditionsFile.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -15,7 +18,8 @@ ReadFileForm::ReadFileForm(Services& services, DataFileChoice* choice, QWidget* 
                     .heading = tr("Read from File"),
                     .command = tr("&Read from File"),
                     .dialog = QFileDialog::AcceptOpen,
-                    .failureDetail = "The block of codes stays as it was."},
+                    .failureDetail = "The block of codes stays as it was.",
+                    .offersConditions = false},
                    choice, parent) {
     setObjectName(QStringLiteral("ReadFileForm"));
 }
@@ -32,15 +36,20 @@ QString ReadFileForm::Process(const std::string& path) {
     const CodeBlock block = ChosenBlock();
     block.codes = ToDoubles(codes);
     block.count = static_cast<std::int16_t>(codes.size());
+    LoadedConditions beside = LoadConditions(path, ChosenConverter(), codes);
+    ChosenConditions() = std::move(beside.conditions);
 
     const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
     QString result =
         tr("Read %1 into the %2 ADC's block.\nSmallest %3, largest %4.")
             .arg(ChosenCount(), ChosenName(), QString::fromStdString(CodeText(*smallest)),
                  QString::fromStdString(CodeText(*largest)));
-    if (!warning.empty()) {
-        warnings.insert(warnings.begin(), warning);
+    for (const std::string& text : {beside.warning, warning}) {
+        if (!text.empty()) {
+            warnings.insert(warnings.begin(), text);
+        }
     }
+    result += QLatin1Char('\n') + QString::fromStdString(ReadingLines(ChosenConditions()).front());
     for (const std::string& text : warnings) {
         result += tr("\nWarning: %1").arg(QString::fromStdString(text));
     }

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
 #include "forms/data/DataFileForm.h"
 
 namespace vx3260 {
@@ -17,6 +22,10 @@ class WriteFileForm final : public DataFileForm {
 
   protected:
     QString Process(const std::string& path) override;
+
+  private:
+    bool MayReplace(const std::vector<std::string>& files);
+    QString SaveConditions(const std::string& path, std::span<const std::int32_t> codes);
 };
 
 }  // namespace vx3260

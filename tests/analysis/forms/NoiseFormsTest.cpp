@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/forms/MainNoiseForm.h"
+#include "forms/config/Filterform.h"
+#include "forms/data/ReadMainDataForm.h"
 #include "support/Forms.h"
 
 namespace vx3260::test {
@@ -30,6 +32,29 @@ TEST_F(NoiseFormsTest, ShowTheFiguresOfAnInterruptedBlockAndKeepThem) {
     EXPECT_EQ(OpenedBy(*form, "Command2"), "HistogramForm: Histogram");
     ClickOn("Command3");
     EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(NoiseFormsTest, UseTheConditionsOfTheReadingForWhatIsNotDesigned) {
+    Open<ReadMainDataForm>();
+    Find<QLineEdit>(*form, "NumCodesText").setText("20");
+    ClickOn("Command1");
+    Preset(mainControlAt, 0x80);
+    Open<MainNoiseForm>();
+    Expect("RangeLabel: ± 20 mV");
+    EXPECT_TRUE(TextOf(*form, "ReadingLabel")
+                    .starts_with("Read at ± 2.56V, bipolar, reference 2.5 V, channel ain1-ain2, "));
+    Expect(
+        "ChangeLabel: Read at ± 2.56V, bipolar; the chip is now at ± 20 mV: the volts below use "
+        "the chip's present range");
+    EXPECT_TRUE(TextOf(*form, "ExactRMSLabel").ends_with(" uV")) << TextOf(*form, "ExactRMSLabel");
+    EXPECT_EQ(bench->state.MainConditions->registers.ValueOf(RegisterMap::Filter), std::nullopt);
+    Open<Filterform>();
+    EXPECT_EQ(bench->state.MainConditions->registers.ValueOf(RegisterMap::Filter), 0x45);
+
+    bench->Fill(Converter::Main, std::vector<double>(10, 8388608));
+    bench->state.MainConditions.reset();
+    Open<MainNoiseForm>();
+    Expect("ReadingLabel: Conditions of the reading unknown | ChangeLabel:");
 }
 
 }  // namespace

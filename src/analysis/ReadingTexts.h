@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/ConversionConditions.h"
+#include "link/BlockConditions.h"
+
+/// How a block was read, in words, for the forms, the command line and exported files alike.
+namespace vx3260 {
+
+/// "Read at ± 2.56V, bipolar, reference 2.5 V ...", the rate, the time and the board, one line
+/// each, as far as known; "Conditions of the reading unknown" where nothing is.
+std::vector<std::string> ReadingLines(const std::optional<BlockConditions>& reading);
+
+/// What has changed since the reading, where that changes the volts: "Read at ± 2.56V, bipolar; the
+/// chip is now at ± 20 mV: the volts below use the chip's present range". Empty where nothing has.
+std::string ChangeSinceReading(const ConversionConditions& own,
+                               const ConversionConditions& present);
+
+/// A moment to the second: "2026-11-22 07:12:31 UTC".
+std::string TimeText(UtcTime time);
+
+}  // namespace vx3260
