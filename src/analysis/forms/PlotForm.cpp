@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::size_t minSegmentOffered = 8;
 
+/// More than a crystal keeps.
+constexpr int rateDigits = 8;
+
 /// Nothing where the text is not a rate.
 std::optional<double> RateOf(const QString& text) {
     try {
@@ -61,9 +64,9 @@ void PlotForm::OfferChoices() {
         ui_->SegmentBox->addItem(tr("%1 readings").arg(length), QVariant::fromValue(length));
     }
     ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
-    if (Block().interval) {
-        ui_->RateEdit->setText(QString::fromStdString(ShortestText(1 / *Block().interval)));
-        ui_->RateEdit->setCursorPosition(0);
+    if (const std::optional<double> interval =
+            Block().reading ? Block().reading->Interval() : std::nullopt) {
+        ui_->RateEdit->setText(QString::fromStdString(SignificantText(1 / *interval, rateDigits)));
     }
     SelectTextOnFocus(ui_->RateEdit);
     On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);
@@ -118,6 +121,7 @@ void PlotForm::ShowTexts() {
     }
     ui_->DifferenceLabel->setText(View().DifferenceText());
     ui_->SummaryLabel->setText(View().Summary());
+    ui_->SummaryLabel->setVisible(!View().Summary().isEmpty());
     Describe(FurtherLines());
 }
 
