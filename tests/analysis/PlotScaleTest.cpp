@@ -49,7 +49,7 @@ TEST(PlotScale, LogarithmicTicksAreRound) {
     const std::tuple<AxisRange, int, std::vector<double>> cases[] = {
         {{0.9, 110}, 10, {1, 2, 5, 10, 20, 50, 100}},
         {{0.9, 110}, 6, {1, 10, 100}},
-        {{1e-9, 1e-3}, 3, {1e-9, 1e-6, 1e-3}},
+        {{1e-9, 1e-3}, 3, {1e-8, 1e-6, 1e-4}},
         {{1.1, 1.4}, 4, {1.1, 1.2, 1.3, 1.4}},
         {{3, 4}, 1, {3, 4}},
     };
