@@ -43,6 +43,7 @@ struct AnalysedBlock {
     std::vector<double> codes;
     NoiseAnalysis analysis;
     std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
+    std::optional<double> interval{};          ///< seconds between readings, where known
 };
 
 }  // namespace vx3260
