@@ -81,7 +81,7 @@ LogTicks LogTicksIn(const AxisRange& range, int maxTicks) {
     const auto most = static_cast<std::size_t>(std::max(1, maxTicks));
     if (range.upper / range.lower < 10) {
         std::vector<double> even = TicksIn(range, TickStep(range.Span(), maxTicks));
-        if (even.size() > ticks.size() && even.size() <= most) {
+        if (even.size() > ticks.size() && even.size() <= most + 1) {
             return {std::move(even), {}};
         }
     }

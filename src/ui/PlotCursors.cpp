@@ -41,7 +41,6 @@ PlotCursors::Cursor PlotCursors::MakeCursor(Name name) {
     cursor.flag->setText(name == A ? QStringLiteral("A") : QStringLiteral("B"));
     cursor.flag->setPositionAlignment(Qt::AlignTop | (name == A ? Qt::AlignRight : Qt::AlignLeft));
     cursor.flag->setPadding(padding);
-    cursor.marker->setGraph(graph_);
     cursor.marker->setStyle(QCPItemTracer::tsCircle);
     cursor.marker->setSize(markerSize);
     return cursor;
@@ -133,6 +132,7 @@ void PlotCursors::Place(Cursor& cursor, int point) {
          std::initializer_list<QCPAbstractItem*>{cursor.line, cursor.marker, cursor.flag}) {
         item->setVisible(HavePoints());
     }
+    cursor.marker->setGraph(HavePoints() ? graph_ : nullptr);
     if (!HavePoints()) {
         return;
     }

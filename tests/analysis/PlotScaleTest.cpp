@@ -45,6 +45,27 @@ TEST(PlotScale, VoltTicksDifferInTheirTexts) {
     }
 }
 
+TEST(PlotScale, LogarithmicTicksAreRound) {
+    const std::tuple<AxisRange, int, std::vector<double>> cases[] = {
+        {{0.9, 110}, 10, {1, 2, 5, 10, 20, 50, 100}},
+        {{0.9, 110}, 6, {1, 10, 100}},
+        {{1e-9, 1e-3}, 3, {1e-8, 1e-6, 1e-4}},
+        {{1.1, 1.4}, 4, {1.1, 1.2, 1.3, 1.4}},
+        {{3, 4}, 1, {3, 4}},
+    };
+    for (const auto& [range, maxTicks, expected] : cases) {
+        const std::vector<double> ticks = LogTicksIn(range, maxTicks).ticks;
+        ASSERT_EQ(ticks.size(), expected.size()) << range.lower;
+        for (std::size_t i = 0; i < ticks.size(); ++i) {
+            EXPECT_NEAR(ticks[i], expected[i], 1e-9 * expected[i]);
+        }
+    }
+    EXPECT_EQ(LogTicksIn({0.9, 11}, 3).subTicks.size(), 11U);
+    const AxisRange wide = WithLogMargin({1, 100}, 0.25, 10);
+    EXPECT_NEAR(wide.lower, std::sqrt(0.1), 1e-12);
+    EXPECT_NEAR(WithLogMargin({1, 1}, 0.25, 100).upper, 10, 1e-12);
+}
+
 NoiseAnalysis AnalysisOf(const std::vector<double>& codes) {
     return AnalyseNoise(codes, MainConditions(2.5F, 0, Polarity::Bipolar));
 }

@@ -9,9 +9,8 @@ void BlockView::AddCursors(QCPGraph* graph) {
 }
 
 QString BlockView::CursorText(PlotCursors::Name name) const {
-    return tr("%1: %2").arg(
-        name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B"),
-        cursors_->HavePoints() ? TextAt(name) : tr("nothing to read on logarithmic axes"));
+    const QString letter = name == PlotCursors::A ? QStringLiteral("A") : QStringLiteral("B");
+    return cursors_->HavePoints() ? tr("%1: %2").arg(letter, TextAt(name)) : QString();
 }
 
 QString BlockView::DifferenceText() const {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "analysis/PlotScale.h"
 #include "analysis/UnitTexts.h"
 #include "ui/PlotTickers.h"
 
@@ -27,20 +26,20 @@ void SetUpVoltsAndLsb(PlotView* view, const ConversionConditions& conditions) {
     view->yAxis2->setVisible(true);
 }
 
-void ShowAllOf(PlotView* view, QCPGraph* graph, double lowest, double highest) {
-    bool found = false;
-    AxisRange keys{1, 1};
-    AxisRange values{1, 1};
-    if (graph->dataCount() > 0) {
-        const QCPRange graphKeys = graph->getKeyRange(found);
-        const QCPRange graphValues = graph->getValueRange(found);
-        const double top = std::max(graphValues.upper, highest);
-        const double bottom = lowest > 0 ? std::min(graphValues.lower, lowest) : graphValues.lower;
-        keys = {graphKeys.lower, graphKeys.upper};
-        values = {std::max(bottom, top / maxRatio), top};
+LogExtent ExtentOf(QCPGraph* graph, double valueWhereEmpty) {
+    if (graph->dataCount() == 0) {
+        return {{1, 1}, {valueWhereEmpty, valueWhereEmpty}};
     }
-    keys = WithLogMargin(keys, margin, minKeyRatio);
-    values = WithLogMargin(values, margin, minValueRatio);
+    bool found = false;
+    const QCPRange keys = graph->getKeyRange(found);
+    const QCPRange values = graph->getValueRange(found);
+    return {{keys.lower, keys.upper}, {values.lower, values.upper}};
+}
+
+void ShowExtent(PlotView* view, LogExtent extent) {
+    extent.values.lower = std::max(extent.values.lower, extent.values.upper / maxRatio);
+    const AxisRange keys = WithLogMargin(extent.keys, margin, minKeyRatio);
+    const AxisRange values = WithLogMargin(extent.values, margin, minValueRatio);
     view->SetExtent({.keys = {keys.lower, keys.upper},
                      .values = {values.lower, values.upper},
                      .minKeys = minDecadesShown,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/ConversionConditions.h"
+#include "analysis/PlotScale.h"
 #include "ui/PlotView.h"
 
 /// What the plots on logarithmic axes share.
@@ -10,9 +11,17 @@ namespace vx3260 {
 /// Ticks in round numbers below, in volts on the left and in LSB on the right.
 void SetUpVoltsAndLsb(PlotView* view, const ConversionConditions& conditions);
 
-/// The extent of the view becomes that of the graph, which may be empty, and all of it is shown.
-/// `lowest` and `highest` are further values to be seen, where they are above 0.
-void ShowAllOf(PlotView* view, QCPGraph* graph, double lowest = 0, double highest = 0);
+/// Places on logarithmic axes, above 0.
+struct LogExtent {
+    AxisRange keys;
+    AxisRange values;
+};
+
+/// That of a graph. Of an empty one, something around the value.
+LogExtent ExtentOf(QCPGraph* graph, double valueWhereEmpty);
+
+/// Shows that extent, which becomes the view's, with a margin.
+void ShowExtent(PlotView* view, LogExtent extent);
 
 /// A place of an item in parts of the plot's height, from the top.
 void PlaceAcross(QCPItemPosition* position, double y);

@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::size_t minSegmentOffered = 8;
 
+/// More than a crystal keeps.
+constexpr int rateDigits = 8;
+
 /// Nothing where the text is not a rate.
 std::optional<double> RateOf(const QString& text) {
     try {
@@ -62,8 +65,8 @@ void PlotForm::OfferChoices() {
     }
     ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
     if (Block().interval) {
-        ui_->RateEdit->setText(QString::fromStdString(ShortestText(1 / *Block().interval)));
-        ui_->RateEdit->setCursorPosition(0);
+        const double rate = 1 / *Block().interval;
+        ui_->RateEdit->setText(QString::fromStdString(SignificantText(rate, rateDigits)));
     }
     SelectTextOnFocus(ui_->RateEdit);
     On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);
@@ -118,6 +121,7 @@ void PlotForm::ShowTexts() {
     }
     ui_->DifferenceLabel->setText(View().DifferenceText());
     ui_->SummaryLabel->setText(View().Summary());
+    ui_->SummaryLabel->setVisible(!View().Summary().isEmpty());
     Describe(FurtherLines());
 }
 

@@ -23,7 +23,6 @@ SpectrumView::SpectrumView(PlotView* view, const AnalysedBlock& block)
             mark.line->setPen(QPen(theme.reference, 1, Qt::DotLine));
             mark.flag->setColor(theme.reference);
             mark.flag->setFont(View()->font());
-            mark.flag->setBrush(theme.background);
         }
         Cursors()->UseTheme(theme);
     });
@@ -38,9 +37,8 @@ void SpectrumView::AddMarks() {
         mark = {new QCPItemLine(View()), new QCPItemText(View())};
         PlaceAcross(mark.line->start, 0);
         PlaceAcross(mark.line->end, 1);
-        // One above the other: they may be at the same frequency.
-        PlaceAcross(mark.flag->position, i == 0 ? 1 : 0.94);
-        mark.flag->setPositionAlignment(Qt::AlignBottom | Qt::AlignLeft);
+        // Below the cursors' flags, one below the other: they may be at the same frequency.
+        PlaceAcross(mark.flag->position, i == 0 ? 0.1 : 0.18);
         mark.flag->setPadding({3, 0, 3, 0});
     }
 }
@@ -81,7 +79,7 @@ void SpectrumView::Draw() {
             graph_->addData(spectrum_.frequencies[k], spectrum_.density[k] * volts);
         }
     }
-    ShowAllOf(View(), graph_);
+    ShowExtent(View(), ExtentOf(graph_, Block().analysis.own.StepVolts()));
 }
 
 void SpectrumView::PlaceMarks() {
@@ -92,6 +90,10 @@ void SpectrumView::PlaceMarks() {
         const bool visible = rate_ && frequency >= spectrum_.Resolution() / 2;
         mark.line->setVisible(visible);
         mark.flag->setVisible(visible);
+        // On the side where there is room.
+        const bool onTheRight = frequency > spectrum_.rate / 8;
+        mark.flag->setPositionAlignment(Qt::AlignTop |
+                                        (onTheRight ? Qt::AlignRight : Qt::AlignLeft));
         mark.flag->setText(
             tr("%1 Hz").arg(QString::fromStdString(ShortestText(lines.at(i).mains))));
         for (QCPItemPosition* position : {mark.line->start, mark.line->end, mark.flag->position}) {
@@ -116,6 +118,9 @@ QString SpectrumView::MainsText() const {
 }
 
 QString SpectrumView::Summary() const {
+    if (graph_->dataCount() == 0) {
+        return tr("The codes do not vary: the density is 0 or not defined.");
+    }
     return tr("%1 of %2, every %3; %4")
         .arg(QString::fromStdString(
                  CountText(static_cast<std::int64_t>(spectrum_.segments), "segment")),

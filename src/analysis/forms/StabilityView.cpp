@@ -2,6 +2,8 @@
 #include "analysis/forms/StabilityView.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 #include "analysis/PlotCsv.h"
 #include "analysis/UnitTexts.h"
@@ -11,10 +13,14 @@
 namespace vx3260 {
 namespace {
 
-constexpr double pointSize = 5;
+constexpr double pointSize = 6;
 
-/// More points than these are a line.
+/// More points than these are a line, and their limits a band.
 constexpr std::size_t maxDots = 60;
+
+/// Of the data's colour in that of their limits.
+constexpr double barPart = 0.7;
+constexpr double bandPart = 0.25;
 
 }  // namespace
 
@@ -22,15 +28,28 @@ StabilityView::StabilityView(PlotView* view, const AnalysedBlock& block)
     : BlockView(view, block),
       graph_(view->addGraph()),
       whiteNoise_(view->addGraph()),
-      bars_(new QCPErrorBars(view->xAxis, view->yAxis)) {
+      bars_(new QCPErrorBars(view->xAxis, view->yAxis)),
+      low_(view->addGraph()),
+      high_(view->addGraph()) {
     graph_->setName(tr("Allan deviation"));
-    whiteNoise_->setName(tr("White noise: falls with the root of time"));
+    whiteNoise_->setName(tr("White noise: 1 / √time"));
+    whiteNoise_->setLayer(QStringLiteral("grid"));
     bars_->setName(tr("95 % confidence"));
     bars_->setDataPlottable(graph_);
+    high_->setName(bars_->name());
+    high_->setChannelFillGraph(low_);
+    for (QCPGraph* limit : {low_, high_}) {
+        limit->setLayer(QStringLiteral("background"));
+        limit->removeFromLegend();
+    }
     AddCursors(graph_);
     view->SetTheme([this](const PlotTheme& theme) {
         graph_->setPen(QPen(theme.data, theme.dataWidth));
-        bars_->setPen(QPen(Mixed(theme.data, theme.background, 0.7)));
+        bars_->setPen(QPen(Mixed(theme.data, theme.background, barPart)));
+        const QColor band = Mixed(theme.data, theme.background, bandPart);
+        low_->setPen(QPen(band));
+        high_->setPen(QPen(band));
+        high_->setBrush(band);
         whiteNoise_->setPen(QPen(theme.reference, 2, Qt::DashLine));
         Cursors()->UseTheme(theme);
     });
@@ -70,33 +89,53 @@ void StabilityView::Draw() {
     const double volts = Block().analysis.own.lsbVolts;
     graph_->data()->clear();
     bars_->data()->clear();
+    low_->data()->clear();
+    high_->data()->clear();
     for (const AllanPoint& point : drawn_) {
         graph_->addData(TimeOf(point.factor), point.deviation * volts);
         bars_->addData((point.deviation - point.low) * volts,
                        (point.high - point.deviation) * volts);
+        low_->addData(TimeOf(point.factor), point.low * volts);
+        high_->addData(TimeOf(point.factor), point.high * volts);
     }
-    const bool dots = drawn_.size() <= maxDots;
-    graph_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, pointSize)
-                                 : QCPScatterStyle(QCPScatterStyle::ssNone));
-    bars_->setWhiskerWidth(dots ? pointSize : 0);
+    ShowBarsOrBand();
     DrawWhiteNoise();
     View()->xAxis->setLabel(rate_ ? tr("Averaging time (s)") : tr("Readings averaged"));
 }
 
+void StabilityView::ShowBarsOrBand() {
+    const bool bars = drawn_.size() <= maxDots;
+    graph_->setScatterStyle(bars ? QCPScatterStyle(QCPScatterStyle::ssDisc, pointSize)
+                                 : QCPScatterStyle(QCPScatterStyle::ssNone));
+    const std::pair<QCPAbstractPlottable*, bool> limits[] = {{bars_, bars}, {high_, !bars}};
+    for (const auto& [plottable, shown] : limits) {
+        plottable->removeFromLegend();
+        if (shown) {
+            plottable->addToLegend();
+        }
+    }
+    bars_->setVisible(bars);
+    low_->setVisible(!bars);
+    high_->setVisible(!bars);
+}
+
 void StabilityView::DrawWhiteNoise() {
     const double volts = Block().analysis.own.lsbVolts;
-    double lowest = 0;
-    double highest = 0;
+    LogExtent extent = ExtentOf(graph_, Block().analysis.own.StepVolts());
     whiteNoise_->data()->clear();
-    if (!points_.empty() && !drawn_.empty()) {
+    // Without a deviation of single readings there is nothing to begin with.
+    if (!drawn_.empty() && drawn_.front().factor == 1) {
         for (const AllanPoint& point : {points_.front(), points_.back()}) {
-            lowest = WhiteNoiseDeviation(points_, point.factor) * volts;
-            whiteNoise_->addData(TimeOf(point.factor), lowest);
+            const double white = WhiteNoiseDeviation(points_, point.factor) * volts;
+            whiteNoise_->addData(TimeOf(point.factor), white);
+            extent.values.lower = std::min(extent.values.lower, white);
         }
-        lowest = std::min(lowest, drawn_.back().low * volts);
-        highest = drawn_.back().high * volts;
     }
-    ShowAllOf(View(), graph_, lowest, highest);
+    for (const AllanPoint& point : drawn_) {
+        extent.values.lower = std::min(extent.values.lower, point.low * volts);
+        extent.values.upper = std::max(extent.values.upper, point.high * volts);
+    }
+    ShowExtent(View(), extent);
 }
 
 double StabilityView::TimeOf(std::size_t factor) const {

@@ -31,6 +31,7 @@ class StabilityView final : public BlockView {
     void Compute();
     void Draw();
     void DrawWhiteNoise();
+    void ShowBarsOrBand();
     double TimeOf(std::size_t factor) const;
     QString TimeText(std::size_t factor) const;
     const AllanPoint& PointOf(PlotCursors::Name name) const;
@@ -38,6 +39,8 @@ class StabilityView final : public BlockView {
     QCPGraph* graph_;
     QCPGraph* whiteNoise_;
     QCPErrorBars* bars_;
+    QCPGraph* low_;   ///< the limits of many points are a band
+    QCPGraph* high_;  ///< likewise
     std::optional<double> rate_;
     AveragingFactors factors_ = AveragingFactors::Octave;
     std::vector<AllanPoint> points_;

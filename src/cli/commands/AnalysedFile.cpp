@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "analysis/Rate.h"
 #include "cli/board/BlockReading.h"
 #include "cli/commands/Command.h"
 #include "files/CodeFile.h"
@@ -31,7 +32,7 @@ CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
 }  // namespace
 
 double KnownRate(const FileBlock& block) {
-    if (!block.rate) {
+    if (!block.rate || !IsRate(*block.rate)) {
         throw CommandError(ExitCode::WrongCommandLine,
                            "FILE requires --rate: how many readings there were in a second is "
                            "unknown");

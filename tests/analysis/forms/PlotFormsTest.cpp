@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QScreen>
 #include <QWheelEvent>
 #include <cmath>
+#include <numbers>
 #include <numeric>
 #include <random>
 
@@ -334,10 +336,136 @@ void ExpectExported(const QImage& picture) {
     for (const QPoint corner : {QPoint(0, 0), QPoint(picture.width() - 1, picture.height() - 1)}) {
         EXPECT_EQ(picture.pixelColor(corner), QColor(Qt::white));
     }
-    EXPECT_GT(CountOf(picture, blue), 1000);
+    EXPECT_GT(CountOf(picture, blue), 900);
     EXPECT_GT(CountOf(picture, vermillion), 1000);
     EXPECT_GT(CountOf(picture.copy(0, 0, picture.width(), 60), QColor(0x20, 0x20, 0x20)), 100)
         << "a title";
+}
+
+/// White noise of 12 codes with 50 Hz in it, read 19.8 times a second.
+AnalysedBlock NoiseWithMains(double rate = 19.8) {
+    AnalysedBlock block = Noise(2048, 12);
+    for (std::size_t i = 0; i < block.codes.size(); ++i) {
+        block.codes[i] += 100 * std::sin(2 * std::numbers::pi * 50 / rate * static_cast<double>(i));
+    }
+    block.analysis = AnalyseNoise(block.codes, MainRange());
+    block.interval = 1 / rate;
+    return block;
+}
+
+void Choose(const Form& form, const char* box, int index) {
+    Find<QComboBox>(form, box).setCurrentIndex(index);
+}
+
+TEST_F(PlotFormsTest, CodesHaveATimeAxisWhereTheRateIsKnown) {
+    PlotView& view = OpenPlot<PlotForm>(AuxBlock());
+    EXPECT_FALSE(view.xAxis2->visible());
+    Expect("SummaryLabel: The rate of the readings is unknown: enter it for a time axis.");
+    Box("RateEdit").setText(QStringLiteral("2"));
+    view.replot();
+    EXPECT_TRUE(view.xAxis2->visible());
+    EXPECT_EQ(view.xAxis2->range(), view.xAxis->range());
+    const qsizetype second = view.xAxis2->tickVectorLabels().indexOf(QStringLiteral("1.0"));
+    EXPECT_EQ(view.xAxis2->tickVector().value(second), 3) << "the reading one second later";
+    Expect(
+        "CursorBLabel: B: reading 4, 1.500 s, 32770 (8002), 152.588 uV | "
+        "DifferenceLabel: B - A: 2 readings, 1.000 s, 0 codes, 0 V");
+    Box("RateEdit").setText(QStringLiteral("no rate"));
+    EXPECT_FALSE(view.xAxis2->visible());
+}
+
+TEST_F(PlotFormsTest, SpectrumMarksTheMainsAndIntegrates) {
+    OpenPlot<PlotForm>(NoiseWithMains());
+    Choose(*form, "ViewBox", 1);
+    auto& view = Find<PlotView>(*form, "SpectrumPlot");
+    EXPECT_TRUE(view.isVisible());
+    Expect(
+        "HeadingLabel: Main ADC Spectrum | "
+        "SummaryLabel: 15 segments of 256 readings, every 0.07734 Hz; "
+        "mains of 50 Hz at 9.400 Hz, 60 Hz at 0.6000 Hz");
+    // The frequencies around the peak have the amplitude's root mean square.
+    view.xAxis->setRange(8, 10);
+    for (const Qt::Key cursor : {Qt::Key_A, Qt::Key_B}) {
+        QTest::keyClick(&view, cursor);
+        const int pixel = qRound(view.xAxis->coordToPixel(cursor == Qt::Key_A ? 9.13 : 9.67));
+        QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier,
+                          {pixel, view.axisRect()->center().y()});
+    }
+    const std::string noise = TextOf(*form, "DifferenceLabel");
+    EXPECT_NEAR(std::stod(noise.substr(noise.find(": ") + 2)) / 2.384, 100 / std::sqrt(2), 1);
+    EXPECT_NE(noise.find(" LSB, from 9.127 Hz to 9.668 Hz"), std::string::npos) << noise;
+    QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_NE(TextOf(*form, "CursorBLabel").find("B: 9.591 Hz, "), std::string::npos);
+    // The same tick in volts and in LSB of 2.384 nV.
+    view.replot();
+    EXPECT_TRUE(view.yAxis->tickVectorLabels().contains(QStringLiteral("100 nV")));
+    const qsizetype ten = view.yAxis2->tickVectorLabels().indexOf(QStringLiteral("10"));
+    EXPECT_NEAR(view.yAxis2->tickVector().value(ten), 10 * MainRange().lsbVolts, 1e-15);
+    Choose(*form, "SegmentBox", 0);
+    Choose(*form, "TrendBox", 1);
+    EXPECT_EQ(view.graph(0)->dataCount(), 4);
+    SaveAs("Command2", folder.Path("hertz.csv"));
+    EXPECT_NE(
+        folder.Bytes("hertz.csv").find("frequency_hz,density_v_per_rthz,density_lsb_per_rthz\n0,"),
+        std::string::npos);
+    Box("RateEdit").clear();
+    EXPECT_EQ(view.graph(0)->dataMainKey(3), 0.5);
+    EXPECT_EQ(view.xAxis->label(), QStringLiteral("Frequency (parts of the rate)"));
+    SaveAs("Command2", folder.Path("parts.csv"));
+    EXPECT_NE(folder.Bytes("parts.csv").find("cycles_per_reading,density_v,density_lsb"),
+              std::string::npos);
+}
+
+TEST_F(PlotFormsTest, StabilityShowsConfidenceAndWhiteNoise) {
+    OpenPlot<PlotForm>(NoiseWithMains(20));
+    Choose(*form, "ViewBox", 2);
+    auto& view = Find<PlotView>(*form, "StabilityPlot");
+    EXPECT_EQ(LegendOf(view), "Allan deviation, White noise: 1 / √time, 95 % confidence");
+    EXPECT_EQ(view.graph(0)->dataCount(), 11);
+    const QCPGraph* const white = view.graph(1);
+    EXPECT_NEAR(white->dataMainValue(0) / white->dataMainValue(1), 32, 1e-9);
+    EXPECT_EQ(white->dataMainKey(1), 1024 / 20.0);
+    QTest::keyClick(&view, Qt::Key_B);
+    QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(TextOf(*form, "CursorBLabel").rfind("B: 25.60 s (512 readings): ", 0), 0);
+    EXPECT_NE(TextOf(*form, "DifferenceLabel")
+                  .find("512.0 times the time; of white noise it is "
+                        "0.04419"),
+              std::string::npos);
+    // By keys: logarithmic axes zoom about their middle, evenly.
+    const auto [times, deviations] = SeenIn(view);
+    const auto decades = [](const QCPRange& range) {
+        return std::log10(range.upper / range.lower);
+    };
+    QTest::keyClick(&view, Qt::Key_Plus);
+    EXPECT_NEAR(decades(view.xAxis->range()), 0.8 * decades(times), 1e-9);
+    EXPECT_NEAR(view.xAxis->range().lower * view.xAxis->range().upper, times.lower * times.upper,
+                1e-9);
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_NEAR(std::log10(view.xAxis->range().upper / times.upper), -0.02 * decades(times), 1e-9);
+    QTest::keyClick(&view, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_LT(view.xAxis->range().lower, 1 / 20.0) << "follows the cursor to the first point";
+    QTest::keyClick(&view, Qt::Key_Home);
+    EXPECT_EQ(SeenIn(view), std::pair(times, deviations));
+    SaveAs("Command1", folder.Path("stability.png"));
+    ExpectExported(QImage(QString::fromStdString(folder.Path("stability.png"))));
+    Choose(*form, "FactorsBox", 2);
+    EXPECT_EQ(view.graph(0)->dataCount(), 1024);
+    SaveAs("Command2", folder.Path("taus.csv"));
+    EXPECT_NE(folder.Bytes("taus.csv").find("tau_s,deviation_v,low_v,high_v,deviation_lsb\n0.05,"),
+              std::string::npos);
+}
+
+TEST_F(PlotFormsTest, EqualCodesHaveNeitherSpectrumNorStability) {
+    OpenPlot<PlotForm>(BlockOf(std::vector<double>(20, 8388608), MainRange()));
+    for (const int view : {1, 2}) {
+        Choose(*form, "ViewBox", view);
+        EXPECT_EQ(TextOf(*form, "SummaryLabel").rfind("The codes do not vary", 0), 0);
+        QTest::keyClick(&Find<PlotView>(*form, view == 1 ? "SpectrumPlot" : "StabilityPlot"),
+                        Qt::Key_Left, Qt::ControlModifier);
+        Expect("CursorALabel: | CursorBLabel: | DifferenceLabel:");
+        Click(*form, "Command3");
+    }
 }
 
 /// Light on black, as long as the returned guard lives.
