@@ -98,7 +98,8 @@ void StatisticsOf32767(benchmark::State& state) {
         AuxConditions(2.5F, AuxFullScale::Reference, Polarity::Bipolar);
     for (auto _ : state) {
         benchmark::DoNotOptimize(AnalyseNoise(codes, conditions));
-        benchmark::DoNotOptimize(WarningsAbout(codes, Converter::Aux, {.seconds = seconds}));
+        benchmark::DoNotOptimize(
+            WarningsAbout(codes, Converter::Aux, {.missed = *MissedConversions(seconds, 0.05)}));
     }
 }
 BENCHMARK(StatisticsOf32767)->ArgName("sigma")->Arg(1200)->Arg(50)->Unit(benchmark::kMicrosecond);

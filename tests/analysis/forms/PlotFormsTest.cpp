@@ -369,7 +369,7 @@ TEST_F(PlotFormsTest, CodesHaveATimeAxisWhereTheRateIsKnown) {
     EXPECT_EQ(view.xAxis2->tickVector().value(second), 3) << "the reading one second later";
     Expect(
         "CursorBLabel: B: reading 4, 1.500 s, 32770 (8002), 152.588 uV | "
-        "DifferenceLabel: B - A: 2 readings, 1.000 s, 0 codes, 0 V");
+        "DifferenceLabel: B - A: 2 readings, 1.000 s, 0 LSB, 0 V");
     Box("RateEdit").setText(QStringLiteral("no rate"));
     EXPECT_FALSE(view.xAxis2->visible());
 }
