@@ -42,4 +42,12 @@ NoiseAnalysis AnalyseNoise(std::span<const double> codes, const ConversionCondit
                 ComputeResolution(codes.size(), exact.sigma, span, conditions.codeBits, step)};
 }
 
+std::vector<BlockWarning> WarningsOf(const AnalysedBlock& block) {
+    if (block.reading) {
+        return WarningsAbout(block.codes, *block.reading);
+    }
+    return WarningsAbout(block.codes, block.analysis.own.converter,
+                         {.codeStep = block.analysis.own.codeStep});
+}
+
 }  // namespace vx3260

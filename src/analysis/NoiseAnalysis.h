@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/BlockShape.h"
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 #include "analysis/NoiseStatistics.h"
 #include "analysis/NormalFit.h"
@@ -51,5 +52,8 @@ struct AnalysedBlock {
     std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
     std::optional<double> interval{};          ///< seconds between readings, where known
 };
+
+/// WarningsAbout the block.
+std::vector<BlockWarning> WarningsOf(const AnalysedBlock& block);
 
 }  // namespace vx3260

@@ -39,8 +39,8 @@ std::string SettingsLine(const BlockConditions& reading) {
     }
     if (const std::optional<std::int32_t> control = reading.Control()) {
         const bool main = reading.converter == Converter::Main;
-        add("channel " +
-            FieldText(main ? RegisterMap::MainChannel : RegisterMap::AuxChannel, *control));
+        add("channel " + UpperCase(FieldText(
+                             main ? RegisterMap::MainChannel : RegisterMap::AuxChannel, *control)));
         if (main) {
             add(FieldText(RegisterMap::WordLength, *control) + " bits");
         }

@@ -23,6 +23,15 @@ QStringList ToQStrings(const std::vector<std::string>& lines) {
     return texts;
 }
 
+void ShowWarnings(QLabel* label, const std::vector<std::string>& warnings) {
+    QStringList lines;
+    for (const QString& warning : ToQStrings(warnings)) {
+        lines.append(QCoreApplication::translate("ValueTexts", "Warning: %1").arg(warning));
+    }
+    label->setText(lines.join(QLatin1Char('\n')));
+    label->setVisible(!lines.isEmpty());
+}
+
 void ExplainHex(QWidget* control, std::int32_t value) {
     Explain(control,
             QCoreApplication::translate("ValueTexts", "hexadecimal; decimal %1").arg(value));

@@ -12,6 +12,9 @@ namespace vx3260 {
 /// Lines of UTF-8 as Qt has them.
 QStringList ToQStrings(const std::vector<std::string>& lines);
 
+/// Shows what makes a block unfit, a paragraph each; hides the label where there is nothing.
+void ShowWarnings(QLabel* label, const std::vector<std::string>& warnings);
+
 /// Tool tip and accessible description of a control that shows a number in hexadecimal: they say so
 /// and give the decimal number.
 void ExplainHex(QWidget* control, std::int32_t value);

@@ -119,6 +119,7 @@ void NoiseForm::ShowReading() {
     const std::string change = ChangeSinceReading(block_.analysis.own, block_.analysis.conditions);
     ui_->ChangeLabel->setText(QString::fromStdString(change));
     ui_->ChangeLabel->setVisible(!change.empty());
+    ShowWarnings(ui_->WarningsLabel, TextsOf(WarningsOf(block_)));
 }
 
 void NoiseForm::ShowResolution() {

@@ -6,6 +6,7 @@
 #include "acquisition/ConditionsRecorder.h"
 #include "acquisition/ProgressText.h"
 #include "acquisition/Reading.h"
+#include "analysis/BlockWarnings.h"
 #include "analysis/forms/CountRefusal.h"
 #include "app/MessageTexts.h"
 #include "link/FilterRate.h"
@@ -37,6 +38,7 @@ BlockReadingForm::BlockReadingForm(Services& services, Converter converter, QWid
 void BlockReadingForm::Load(const BlockControls& controls) {
     controls_ = controls;
     controls.progress->reset();
+    ShowWarnings(controls.warnings, {});
     UseFixedFont(controls.currentCode);
     SelectTextOnFocus(controls.size);
     On(controls.read, &QPushButton::clicked, &BlockReadingForm::ReadForAnalysis);
@@ -76,7 +78,16 @@ void BlockReadingForm::ReadForAnalysis() {
         ApplyReferenceVoltage();
     }
     conditions = std::move(recorder).End(end, State().ReferenceVoltage);
+    ShowWarningsOfBlock();
     AfterReading(end);
+}
+
+/// After a time-out its value is among the codes, and the message says more.
+void BlockReadingForm::ShowWarningsOfBlock() {
+    const BlockConditions& conditions = State().ConditionsOf(converter_).value();
+    if (conditions.outcome != ReadingEnd::TimedOut) {
+        ShowWarnings(controls_.warnings, TextsOf(WarningsAbout(Block().Codes(), conditions)));
+    }
 }
 
 void BlockReadingForm::AnalyseBlock() {
@@ -90,6 +101,7 @@ void BlockReadingForm::AnalyseBlock() {
 
 void BlockReadingForm::PrepareReading() {
     ReadingForm::PrepareReading();
+    ShowWarnings(controls_.warnings, {});
     controls_.progress->reset();
     sinceProgress_.invalidate();
 }

@@ -23,6 +23,7 @@ class BlockReadingForm : public ReadingForm {
         QProgressBar* progress;
         QPushButton* read;
         QPushButton* analyse;
+        QLabel* warnings;
     };
 
     BlockReadingForm(Services& services, Converter converter, QWidget* parent);
@@ -30,7 +31,8 @@ class BlockReadingForm : public ReadingForm {
     /// Takes the controls, the twins have them by the same names, and reads the chip.
     template <typename Ui>
     void LoadTwin(const Ui& ui) {
-        Load({ui.NumCodesText, ui.CurrentCodeText, ui.ReadingProgress, ui.Command1, ui.Command3});
+        Load({ui.NumCodesText, ui.CurrentCodeText, ui.ReadingProgress, ui.Command1, ui.Command3,
+              ui.WarningsLabel});
         ReadingForm::Load(ControlsOf(ui));
         On(&Loop(), &ReadingLoop::NextRead, &BlockReadingForm::FollowProgress);
     }
@@ -50,6 +52,7 @@ class BlockReadingForm : public ReadingForm {
     void FollowProgress();
     std::optional<double> Rate();
     void ShowProgress(int done);
+    void ShowWarningsOfBlock();
 
     CodeBlock Block() { return State().BlockOf(converter_); }
 

@@ -27,7 +27,10 @@ ReadFileForm::ReadFileForm(Services& services, DataFileChoice* choice, QWidget* 
 QString ReadFileForm::Process(const std::string& path) {
     const auto [codes, look, warning] = LoadCodes(path, ChosenNotation());
     std::vector<double> values = ToDoubles(codes);
-    const std::vector<BlockWarning> found = WarningsAbout(values, ChosenConverter());
+    LoadedConditions beside = LoadConditions(path, ChosenConverter(), codes);
+    const std::vector<BlockWarning> found = beside.conditions
+                                                ? WarningsAbout(values, *beside.conditions)
+                                                : WarningsAbout(values, ChosenConverter());
     bool suspicious = std::any_of(found.begin(), found.end(), [&values](const auto& one) {
         return Refuses(one, values.size());
     });
@@ -42,7 +45,6 @@ QString ReadFileForm::Process(const std::string& path) {
     const CodeBlock block = ChosenBlock();
     block.codes = std::move(values);
     block.count = static_cast<std::int16_t>(codes.size());
-    LoadedConditions beside = LoadConditions(path, ChosenConverter(), codes);
     ChosenConditions() = std::move(beside.conditions);
 
     const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());

@@ -42,7 +42,7 @@ TEST_F(NoiseFormsTest, UseTheConditionsOfTheReadingForWhatIsNotDesigned) {
     Open<MainNoiseForm>();
     Expect("RangeLabel: ± 20 mV");
     EXPECT_TRUE(TextOf(*form, "ReadingLabel")
-                    .starts_with("Read at ± 2.56V, bipolar, reference 2.5 V, channel ain1-ain2, "));
+                    .starts_with("Read at ± 2.56V, bipolar, reference 2.5 V, channel AIN1-AIN2, "));
     Expect(
         "ChangeLabel: Read at ± 2.56V, bipolar; the chip is now at ± 20 mV: the volts below use "
         "the chip's present range");
