@@ -104,7 +104,7 @@ bool AddOutside(const Block& block, Warnings& warnings) {
 /// `values` are reordered. `part` is 0 to 1; between two values the upper one at 1/2.
 double Quantile(std::vector<double>& values, double part) {
     const double last = static_cast<double>(values.size()) - 1;
-    const auto at = values.begin() + static_cast<std::ptrdiff_t>(part * last + 0.5);
+    const auto at = values.begin() + std::lround(part * last);
     std::nth_element(values.begin(), at, values.end());
     return *at;
 }
