@@ -2,18 +2,14 @@
 #include "files/ConditionsFile.h"
 
 #include <QCryptographicHash>
-#include <QDateTime>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QString>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "files/CodeFile.h"
 #include "files/CodeText.h"
-#include "files/RegisterJson.h"
-#include "link/RegisterLookup.h"
+#include "files/JsonFields.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -42,10 +38,6 @@ QLatin1String NameIn(const std::pair<Value, QLatin1String> (&names)[size], Value
         ->second;
 }
 
-[[noreturn]] void Refuse(const QString& reason) {
-    throw BadDataError(reason.toStdString());
-}
-
 /// Of the block as a decimal data file, whatever the notation of the one it stands beside.
 QString ChecksumOf(std::span<const std::int32_t> codes) {
     const std::string text = FormatCodes(codes, Notation::Decimal);
@@ -58,59 +50,6 @@ QJsonObject CodesObject(std::span<const std::int32_t> codes) {
     return {{"count", static_cast<qint64>(codes.size())}, {"sha256", ChecksumOf(codes)}};
 }
 
-template <typename Number>
-QJsonValue OrNull(const std::optional<Number>& number) {
-    return number ? QJsonValue(static_cast<double>(*number)) : QJsonValue();
-}
-
-QString TimeText(UtcTime time) {
-    return QDateTime::fromMSecsSinceEpoch(time.time_since_epoch().count(), Qt::UTC)
-        .toString(Qt::ISODateWithMs);
-}
-
-QJsonObject BoardObject(const BoardName& board) {
-    QJsonArray faults;
-    for (const std::string& fault : board.faults) {
-        faults.append(QString::fromStdString(fault));
-    }
-    return {{"simulated", !board.label.empty()},
-            {"port", QString::fromStdString(board.port)},
-            {"faults", faults}};
-}
-
-/// The status register tells how things stand at a moment, not how the chip is set.
-bool IsSetting(const RegisterMap::RegisterDescription& description) {
-    return description.access.writeByte != 0;
-}
-
-QJsonObject RegistersObject(const RegisterSnapshot& registers) {
-    QJsonObject object;
-    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
-        if (IsSetting(description)) {
-            const std::optional<std::int32_t> value = registers.ValueOf(description.access);
-            object[QString::fromUtf8(description.name)] =
-                value ? QJsonValue(RegisterObject({description, *value})) : QJsonValue();
-        }
-    }
-    return object;
-}
-
-QJsonValue Member(const QJsonObject& object, const char* name, QJsonValue::Type type) {
-    const QJsonValue value = object[QLatin1String(name)];
-    if (value.type() != type) {
-        Refuse(QStringLiteral("\"%1\" is missing or not what it should be").arg(name));
-    }
-    return value;
-}
-
-QString TextIn(const QJsonObject& object, const char* name) {
-    return Member(object, name, QJsonValue::String).toString();
-}
-
-QJsonObject ObjectIn(const QJsonObject& object, const char* name) {
-    return Member(object, name, QJsonValue::Object).toObject();
-}
-
 template <typename Value, std::size_t size>
 Value ChoiceIn(const QJsonObject& object, const char* name,
                const std::pair<Value, QLatin1String> (&names)[size]) {
@@ -119,95 +58,9 @@ Value ChoiceIn(const QJsonObject& object, const char* name,
         std::find_if(std::begin(names), std::end(names),
                      [&text](const auto& entry) { return entry.second == text; });
     if (found == std::end(names)) {
-        Refuse(QStringLiteral("\"%1\" is not a valid value for \"%2\"").arg(text, name));
+        RefuseJson(QStringLiteral("\"%1\" is not a valid value for \"%2\"").arg(text, name));
     }
     return found->first;
-}
-
-/// A number above 0; null or missing is unknown.
-std::optional<double> PositiveIn(const QJsonObject& object, const char* name) {
-    const QJsonValue value = object[QLatin1String(name)];
-    if (value.isNull() || value.isUndefined()) {
-        return std::nullopt;
-    }
-    const double number = value.toDouble();
-    if (!(number > 0) || !std::isfinite(static_cast<float>(number))) {
-        Refuse(QStringLiteral("\"%1\" is not a number above 0").arg(name));
-    }
-    return number;
-}
-
-/// A count; null or missing is unknown.
-std::optional<std::int64_t> CountIn(const QJsonObject& object, const char* name) {
-    const QJsonValue value = object[QLatin1String(name)];
-    if (value.isNull() || value.isUndefined()) {
-        return std::nullopt;
-    }
-    const qint64 count = value.toInteger(-1);
-    if (count < 0) {
-        Refuse(QStringLiteral("\"%1\" is not a count").arg(name));
-    }
-    return count;
-}
-
-UtcTime TimeIn(const QJsonObject& object, const char* name) {
-    const QDateTime time = QDateTime::fromString(TextIn(object, name), Qt::ISODateWithMs);
-    if (!time.isValid()) {
-        Refuse(QStringLiteral("\"%1\" is not a time").arg(name));
-    }
-    return UtcTime(std::chrono::milliseconds(time.toMSecsSinceEpoch()));
-}
-
-RegisterSnapshot RegistersIn(const QJsonObject& object) {
-    RegisterSnapshot registers;
-    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
-        const QJsonValue held = object[QString::fromUtf8(description.name)];
-        if (!IsSetting(description) || held.isNull() || held.isUndefined()) {
-            continue;
-        }
-        const double value = held[QLatin1String("value")].toDouble(-1);
-        if (value < 0 || value > std::ldexp(1.0, description.access.wordLength) - 1 ||
-            value != std::floor(value)) {
-            Refuse(QStringLiteral("the register \"%1\" has no valid value")
-                       .arg(QString::fromUtf8(description.name)));
-        }
-        registers.Set(description.access, static_cast<std::int32_t>(value));
-    }
-    return registers;
-}
-
-BoardName BoardIn(const QJsonObject& object) {
-    BoardName board;
-    board.label = Member(object, "simulated", QJsonValue::Bool).toBool() ? SimulatedBoardLabel : "";
-    board.port = TextIn(object, "port").toStdString();
-    for (const QJsonValue& fault : Member(object, "faults", QJsonValue::Array).toArray()) {
-        board.faults.push_back(fault.toString().toStdString());
-    }
-    return board;
-}
-
-QJsonObject DocumentIn(const std::string& text) {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(text), &error);
-    if (error.error != QJsonParseError::NoError) {
-        Refuse(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
-    }
-    return document.object();
-}
-
-void CheckVersion(const QJsonObject& object) {
-    if (object[QLatin1String("format")].toString() != formatName) {
-        Refuse(QStringLiteral("it is not a conditions file"));
-    }
-    const double version = object[QLatin1String("version")].toDouble();
-    if (version > formatVersion) {
-        Refuse(QStringLiteral("it is of version %1, newer than this program's %2")
-                   .arg(version)
-                   .arg(formatVersion));
-    }
-    if (version != formatVersion) {
-        Refuse(QStringLiteral("it has no valid version"));
-    }
 }
 
 }  // namespace
@@ -226,8 +79,8 @@ QJsonObject ConditionsObject(const BlockConditions& conditions) {
         {"program", QString::fromStdString(conditions.program)},
         {"board", BoardObject(conditions.board)},
         {"converter", NameIn(converters, conditions.converter)},
-        {"start", TimeText(conditions.start)},
-        {"end", TimeText(conditions.end)},
+        {"start", TimeValue(conditions.start)},
+        {"end", TimeValue(conditions.end)},
         {"outcome", OutcomeName(conditions.outcome)},
         {"referenceVoltage",
          OrNull(reference ? std::optional(AsEntered(*reference)) : std::nullopt)},
@@ -248,10 +101,10 @@ std::string FormatConditions(const BlockConditions& conditions,
 }
 
 BlockConditions ParseConditions(const std::string& text, std::span<const std::int32_t> codes) {
-    const QJsonObject object = DocumentIn(text);
-    CheckVersion(object);
+    const QJsonObject object = ParseJsonObject(text);
+    CheckFormat(object, formatName, formatVersion, "a conditions file");
     if (ObjectIn(object, "codes") != CodesObject(codes)) {
-        Refuse(QStringLiteral("it belongs to other codes"));
+        RefuseJson(QStringLiteral("it belongs to other codes"));
     }
     const std::optional<double> reference = PositiveIn(object, "referenceVoltage");
     BlockConditions conditions;
@@ -280,7 +133,7 @@ LoadedConditions LoadConditions(const std::string& dataPath, Converter converter
         CheckIsNotDevice(path);
         BlockConditions conditions = ParseConditions(LoadBytes(path, sizeLimit), codes);
         if (conditions.converter != converter) {
-            Refuse(QStringLiteral("it belongs to a block of the other ADC"));
+            RefuseJson(QStringLiteral("it belongs to a block of the other ADC"));
         }
         return {std::move(conditions), {}};
     } catch (const FileAccessError& error) {
