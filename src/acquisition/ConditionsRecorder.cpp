@@ -8,13 +8,9 @@
 #include "app/BoardState.h"
 
 namespace vx3260 {
-namespace {
-
 UtcTime PresentTime() {
     return std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
 }
-
-}  // namespace
 
 ConditionsRecorder::ConditionsRecorder(const Services& services, Converter converter)
     : services_(services), start_(services.port.Now()) {

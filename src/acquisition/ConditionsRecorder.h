@@ -8,6 +8,9 @@
 
 namespace vx3260 {
 
+/// Now.
+UtcTime PresentTime();
+
 /// Notes how a block is read. Makes no accesses to the chip: registers are those that the program
 /// knows anyway.
 class ConditionsRecorder {

@@ -17,8 +17,7 @@ std::string RangeAndPolarity(const ConversionConditions& conditions) {
 }
 
 std::string FieldText(const RegisterMap::Field& field, std::int32_t value) {
-    const std::int32_t code = field.CodeIn(value);
-    return std::string(RegisterMap::NameOfCode(field, code).value_or(std::to_string(code)));
+    return RegisterMap::TextOfCode(field, field.CodeIn(value));
 }
 
 std::string ReferenceText(float volts) {

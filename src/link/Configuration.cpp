@@ -50,6 +50,14 @@ Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& 
     return configuration;
 }
 
+RegisterSnapshot SnapshotOf(const Configuration& configuration) {
+    RegisterSnapshot snapshot;
+    for (const auto& [description, value] : configuration) {
+        snapshot.Set(description.access, value);
+    }
+    return snapshot;
+}
+
 std::vector<RegisterMismatch> RestoreConfiguration(ParallelPort& parallelPort,
                                                    const std::int16_t& portAddress,
                                                    const Configuration& configuration) {

@@ -15,6 +15,9 @@ using Configuration = std::vector<RegisterReading>;
 /// Reads them from the chip. No missing board is detected.
 Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& portAddress);
 
+/// The same as a snapshot.
+RegisterSnapshot SnapshotOf(const Configuration& configuration);
+
 /// A register that does not hold what was written to it.
 struct RegisterMismatch {
     RegisterReading wanted;
@@ -22,8 +25,8 @@ struct RegisterMismatch {
 };
 
 /// Puts the chip into power-down, writes the registers that need it, then the others, the mode
-/// register last, and reads them all back at the end. A mode that the chip leaves by itself is replaced by the idle mode. The levels
-/// of input pins are not compared. Returns what differs.
+/// register last, and reads them all back at the end. A mode that the chip leaves by itself is
+/// replaced by the idle mode. The levels of input pins are not compared. Returns what differs.
 std::vector<RegisterMismatch> RestoreConfiguration(ParallelPort& parallelPort,
                                                    const std::int16_t& portAddress,
                                                    const Configuration& configuration);

@@ -36,6 +36,10 @@ std::optional<std::string_view> NameOfCode(const Field& field, std::int32_t code
     return named == field.values.end() ? std::nullopt : std::optional(named->name);
 }
 
+std::string TextOfCode(const Field& field, std::int32_t code) {
+    return std::string(NameOfCode(field, code).value_or(std::to_string(code)));
+}
+
 std::string RegisterHex(std::int32_t value, const RegisterAccess& access) {
     constexpr int bitsOfDigit = 4;
     return PrefixedHex(value, access.wordLength / bitsOfDigit);

@@ -38,9 +38,14 @@ ProgressLine::ProgressLine(std::ostream& terminal, int total, std::size_t width,
       nextDrawing_(start_) {}
 
 ProgressLine::~ProgressLine() {
+    Clear();
+}
+
+void ProgressLine::Clear() {
     if (drawn_ > 0) {
         terminal_ << '\r' << std::string(drawn_ + echo.size(), ' ') << '\r' << std::flush;
     }
+    drawn_ = 0;
 }
 
 void ProgressLine::Show(int done) {

@@ -25,6 +25,9 @@ class ProgressLine {
     /// Draws the line, at most ten times a second.
     void Show(int done);
 
+    /// Clears the line, for a text in its place; the next Show draws it again.
+    void Clear();
+
   private:
     std::ostream& terminal_;
     int total_;

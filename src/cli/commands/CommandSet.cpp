@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/commands/CalibrateCommand.h"
+#include "cli/commands/CharacteriseCommand.h"
 #include "cli/commands/CheckCommand.h"
 #include "cli/commands/HistogramCommand.h"
 #include "cli/commands/NoiseCommand.h"
@@ -68,6 +69,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<HistogramCommand>(parser));
     Add(std::make_unique<SpectrumCommand>(parser));
     Add(std::make_unique<StabilityCommand>(parser));
+    Add(std::make_unique<CharacteriseCommand>(parser));
 }
 
 Command& CommandSet::Chosen() const {

@@ -4,8 +4,10 @@
 #include <CLI/CLI.hpp>
 #include <vector>
 
+#include "analysis/ConversionConditions.h"
 #include "analysis/PlotCsv.h"
 #include "cli/reports/HistogramReport.h"
+#include "files/ConditionsFile.h"
 #include "link/CodeBlock.h"
 
 namespace vx3260 {
@@ -40,12 +42,22 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
                      [this, &context] { context.streams.out << Report(context.streams); });
 }
 
+/// A histogram needs no volts, only the step of the codes.
+int HistogramCommand::StepOf(const ParsedCodes& block) const {
+    if (!file_.IsRegular()) {
+        return 1;
+    }
+    const LoadedConditions beside = LoadConditions(file_.path, converter_, block.codes);
+    const auto own = beside.conditions ? ConditionsOf(*beside.conditions) : std::nullopt;
+    return own ? own->codeStep : 1;
+}
+
 std::string HistogramCommand::Report(const CliStreams& streams) const {
     const ParsedCodes block = LoadBlock(file_, streams.err);
-    CheckWarnings(file_, block, converter_, streams.err);
+    const int step = StepOf(block);
+    CheckWarnings(file_, block, converter_, streams.err, {.codeStep = step});
     const std::vector<double> codes = ToDoubles(block.codes);
     const bool csv = format_ == ReportFormat::Csv;
-    constexpr int step = 1;
     const std::size_t fitting = csv ? MaxHistogramBins : maxBars;
     const FileHistogram counted{
         .file = file_.Name(),

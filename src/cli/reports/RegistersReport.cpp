@@ -34,7 +34,7 @@ std::string HexOf(const RegisterReading& reading) {
 
 std::string FieldText(const RegisterMap::Field& field, const RegisterReading& reading) {
     const std::int32_t code = field.CodeIn(reading.value);
-    std::string text(RegisterMap::NameOfCode(field, code).value_or(std::to_string(code)));
+    std::string text = RegisterMap::TextOfCode(field, code);
     if (const std::optional<double> rate = UpdateRate(reading)) {
         text += " (" + FormatNumber(*rate, "0.0000") + " Hz)";
     }

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "characterisation/Results.h"
+
+namespace vx3260 {
+
+/// What to do with a folder that holds a characterisation already.
+enum class FolderUse {
+    New,      ///< refuse it
+    Resume,   ///< go on, if it is one of the same plan
+    Replace,  ///< delete that one's files
+};
+
+/// The folder of a characterisation: `characterisation.json`, `table.csv`, and for each measured
+/// setting a data file and its conditions. All of it is on the disk after each Add.
+class ResultsFolder {
+  public:
+    /// Makes the folder, or looks at the one there is. Throws FileAccessError and BadDataError; a
+    /// folder with other files in it is refused unless these are to be replaced.
+    ResultsFolder(std::string path, const CharacterisationResults& beginning, FolderUse use);
+
+    const CharacterisationResults& Results() const { return results_; }
+    const std::string& Path() const { return path_; }
+
+    /// The settings of the plan that have not been measured, or failed.
+    std::vector<CharacterisedSetting> Remaining() const;
+
+    /// Writes the block's files, the results and the table.
+    void Add(const CharacterisedBlock& block);
+
+  private:
+    void Resume(const CharacterisationPlan& plan);
+    void Delete(const CharacterisationResults& old) const;
+    void Save() const;
+
+    std::string path_;
+    CharacterisationResults results_;
+};
+
+/// The results in a folder. Throws FileAccessError and BadDataError.
+CharacterisationResults LoadResults(const std::string& folder);
+
+/// The path of a file in a folder.
+std::string PathIn(const std::string& folder, const std::string& name);
+
+}  // namespace vx3260

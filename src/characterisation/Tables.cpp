@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "characterisation/Tables.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "link/FilterRate.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr double microvoltsPerVolt = 1e6;
+constexpr int noiseDigits = 3;
+constexpr int bitsDecimals = 1;
+constexpr int rateDecimals = 2;
+
+std::string BitsText(const RowBits& bits) {
+    return (bits.isLowerBound ? "≥ " : "") + FixedText(bits.bits, bitsDecimals);
+}
+
+std::string NoiseText(double volts) {
+    return SignificantText(volts * microvoltsPerVolt, noiseDigits);
+}
+
+std::string RmsCell(const CharacterisationRow& row) {
+    return row.rmsVolts && row.peakToPeakVolts
+               ? NoiseText(*row.rmsVolts) + " (" + NoiseText(*row.peakToPeakVolts) + ")"
+               : "-";
+}
+
+std::string ResolutionCell(const CharacterisationRow& row) {
+    return row.effective && row.noiseFree
+               ? BitsText(*row.effective) + " (" + BitsText(*row.noiseFree) + ")"
+               : "-";
+}
+
+std::string RemarksOn(const CharacterisationRow& row) {
+    std::string remarks = row.failure;
+    for (const std::string& text : row.warningTexts) {
+        remarks += (remarks.empty() ? "" : "\n") + text;
+    }
+    return remarks;
+}
+
+using CellText = std::string (*)(const CharacterisationRow&);
+
+TableCell CellOf(const CharacterisationRow* row, CellText text) {
+    if (row == nullptr) {
+        return {};
+    }
+    return {.text = row->failure.empty() ? text(*row) : "failed",
+            .remarks = RemarksOn(*row),
+            .effectiveBits = row->effective ? std::optional(row->effective->bits) : std::nullopt};
+}
+
+NoiseTable TableOf(const CharacterisationResults& results, Polarity polarity,
+                   const std::string& title, CellText text) {
+    const CharacterisationPlan& plan = results.plan;
+    NoiseTable table{.title = title + ", " + PolarityName(polarity)};
+    for (const std::int32_t range : plan.ranges) {
+        table.ranges.push_back(RangeName(plan.converter, range));
+    }
+    for (const std::int32_t word : plan.filterWords) {
+        TableLine line{.word = std::to_string(word),
+                       .rate = FixedText(UpdateRateOf(word), rateDecimals)};
+        for (const std::int32_t range : plan.ranges) {
+            line.cells.push_back(CellOf(results.RowAt({polarity, word, range}), text));
+        }
+        table.lines.push_back(std::move(line));
+    }
+    return table;
+}
+
+/// The columns of a table, each as wide as its widest text.
+class TextColumns {
+  public:
+    void Add(std::vector<std::string> line) { lines_.push_back(std::move(line)); }
+
+    std::string Text() const {
+        std::string text;
+        for (const std::vector<std::string>& line : lines_) {
+            for (std::size_t i = 0; i < line.size(); ++i) {
+                text += (i == 0 ? "" : "  ") +
+                        std::string(WidthOf(i) - CharactersIn(line[i]), ' ') + line[i];
+            }
+            text += "\n";
+        }
+        return text;
+    }
+
+  private:
+    static std::size_t CharactersIn(const std::string& text) {
+        return static_cast<std::size_t>(
+            std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+    }
+    std::size_t WidthOf(std::size_t column) const {
+        std::size_t width = 0;
+        for (const std::vector<std::string>& line : lines_) {
+            width = std::max(width, CharactersIn(line[column]));
+        }
+        return width;
+    }
+
+    std::vector<std::vector<std::string>> lines_;
+};
+
+std::string TextOf(const NoiseTable& table) {
+    TextColumns columns;
+    std::vector<std::string> heading{"Word", "Rate (Hz)"};
+    heading.insert(heading.end(), table.ranges.begin(), table.ranges.end());
+    columns.Add(heading);
+    for (const TableLine& line : table.lines) {
+        std::vector<std::string> texts{line.word, line.rate};
+        for (const TableCell& cell : line.cells) {
+            texts.push_back(cell.text + (cell.remarks.empty() ? " " : "*"));
+        }
+        columns.Add(texts);
+    }
+    return table.title + "\n" + columns.Text() + "\n";
+}
+
+std::string NotesOn(const CharacterisationResults& results) {
+    std::string notes;
+    for (const CharacterisationRow& row : results.rows) {
+        if (const std::string remarks = RemarksOn(row); !remarks.empty()) {
+            std::string line = remarks;
+            for (std::size_t at = line.find('\n'); at != std::string::npos;
+                 at = line.find('\n', at)) {
+                line.replace(at, 1, "; ");
+            }
+            notes += "* " + SettingText(results.plan.converter, row.setting) + ": " + line + "\n";
+        }
+    }
+    return notes;
+}
+
+std::string NumberOrEmpty(const std::optional<double>& number) {
+    return number ? ShortestText(*number) : "";
+}
+
+std::string KindsOf(const CharacterisationRow& row) {
+    std::vector<std::string> kinds = row.warningKinds;
+    if (!row.failure.empty()) {
+        kinds.emplace_back("failed");
+    }
+    if (row.effective && row.effective->isLowerBound) {
+        kinds.emplace_back("lower-bound");
+    }
+    std::string text;
+    for (const std::string& kind : kinds) {
+        text += (text.empty() ? "" : ";") + kind;
+    }
+    return text;
+}
+
+}  // namespace
+
+NoiseTable RmsTable(const CharacterisationResults& results, Polarity polarity) {
+    return TableOf(results, polarity, "RMS noise (peak-to-peak) in uV", RmsCell);
+}
+
+NoiseTable ResolutionTable(const CharacterisationResults& results, Polarity polarity) {
+    return TableOf(results, polarity, "Effective resolution (noise-free) in bits", ResolutionCell);
+}
+
+std::string TablesText(const CharacterisationResults& results) {
+    std::string text;
+    for (const Polarity polarity : results.plan.polarities) {
+        text += TextOf(RmsTable(results, polarity)) + TextOf(ResolutionTable(results, polarity));
+    }
+    return text + NotesOn(results);
+}
+
+std::string TableCsv(const CharacterisationResults& results) {
+    std::string csv =
+        "range,word,rate_hz,polarity,count,rms_v,rms_low_v,rms_high_v,pkpk_v,effective_bits,"
+        "noise_free_bits,warnings\n";
+    for (const CharacterisationRow& row : results.rows) {
+        const auto bits = [](const std::optional<RowBits>& value) {
+            return value ? ShortestText(value->bits) : "";
+        };
+        csv += RangeName(results.plan.converter, row.setting.range) + ',' +
+               std::to_string(row.setting.filterWord) + ',' + ShortestText(row.rateHertz) + ',' +
+               PolarityName(row.setting.polarity) + ',' + std::to_string(row.count) + ',' +
+               NumberOrEmpty(row.rmsVolts) + ',' + NumberOrEmpty(row.rmsLowVolts) + ',' +
+               NumberOrEmpty(row.rmsHighVolts) + ',' + NumberOrEmpty(row.peakToPeakVolts) + ',' +
+               bits(row.effective) + ',' + bits(row.noiseFree) + ',' + KindsOf(row) + '\n';
+    }
+    return csv;
+}
+
+std::string SettingText(Converter converter, const CharacterisedSetting& setting) {
+    return RangeName(converter, setting.range) + ", " + PolarityName(setting.polarity) + ", word " +
+           std::to_string(setting.filterWord);
+}
+
+std::string RowText(const CharacterisationRow& row) {
+    if (!row.failure.empty()) {
+        return "failed: " + row.failure;
+    }
+    std::string text;
+    if (row.rmsVolts && row.peakToPeakVolts) {
+        text = "RMS " + VoltsText(*row.rmsVolts, noiseDigits) + " (" +
+               VoltsText(*row.peakToPeakVolts, noiseDigits) + ")";
+    }
+    if (row.effective && row.noiseFree) {
+        text += ", " + ResolutionCell(row) + " bits";
+    }
+    return text;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/CharacteriseCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+
+#include "acquisition/ConditionsRecorder.h"
+#include "app/ApplicationInfo.h"
+#include "app/BoardState.h"
+#include "characterisation/Tables.h"
+#include "cli/board/BoardRegisters.h"
+#include "cli/board/ProgressLine.h"
+#include "cli/board/StopSignal.h"
+#include "cli/board/StuckReadyLine.h"
+#include "cli/reports/JsonText.h"
+#include "files/CodeText.h"
+#include "link/FilterRate.h"
+#include "link/RegisterLookup.h"
+#include "numbers/NumberText.h"
+#include "options/Validators.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view all = "all";
+constexpr int maxSettle = 10000;
+
+/// The code of a name; the command line is wrong where there is none.
+std::int32_t CodeNamed(const RegisterMap::Field& field, const std::string& name,
+                       const std::string& option) {
+    std::string known;
+    for (const RegisterMap::FieldValue& value : field.values) {
+        if (value.name == name) {
+            return value.code;
+        }
+        known += (known.empty() ? "" : ", ") + std::string(value.name);
+    }
+    throw CommandError(ExitCode::WrongCommandLine,
+                       option + ": '" + name + "' is not one of " + known);
+}
+
+template <typename Value>
+void AddOnce(std::vector<Value>& values, Value value) {
+    if (std::find(values.begin(), values.end(), value) == values.end()) {
+        values.push_back(value);
+    }
+}
+
+std::vector<std::int32_t> CodesOf(Converter converter, const std::vector<std::string>& names) {
+    const RegisterMap::Field& field = ScaleField(converter);
+    std::vector<std::int32_t> codes;
+    for (const std::string& name : names) {
+        if (name != all) {
+            AddOnce(codes, CodeNamed(field, name, "--ranges"));
+            continue;
+        }
+        for (const RegisterMap::FieldValue& value : field.values) {
+            AddOnce(codes, value.code);
+        }
+    }
+    return codes;
+}
+
+std::chrono::duration<double> DurationOf(const CharacterisationPlan& plan,
+                                         const std::vector<CharacterisedSetting>& settings) {
+    std::chrono::duration<double> duration{};
+    for (const CharacterisedSetting& setting : settings) {
+        duration += DurationOf(plan, setting);
+    }
+    return duration;
+}
+
+void Announce(const CharacterisationPlan& plan, const std::vector<CharacterisedSetting>& settings,
+              std::ostream& err) {
+    const auto seconds = static_cast<std::int64_t>(std::ceil(DurationOf(plan, settings).count()));
+    err << "Measuring " << CountText(static_cast<std::int64_t>(settings.size()), "setting")
+        << " with " << CountText(plan.count, "code") << " each, after " << plan.settle
+        << " to settle; " << DurationText(std::chrono::seconds(seconds))
+        << " at the chip's rates, Ctrl+C stops" << std::endl;
+}
+
+void ReportRestored(const std::vector<RegisterMismatch>& mismatches, std::ostream& err) {
+    if (mismatches.empty()) {
+        err << "All registers are as they were before, verified" << std::endl;
+        return;
+    }
+    for (const RegisterMismatch& mismatch : mismatches) {
+        const RegisterMap::RegisterAccess& access = mismatch.wanted.description.access;
+        err << "Not restored: " << mismatch.wanted.description.name << " was "
+            << RegisterMap::RegisterHex(mismatch.wanted.value, access) << " and reads "
+            << RegisterMap::RegisterHex(mismatch.readBack, access) << std::endl;
+    }
+}
+
+ExitCode ExitCodeFor(CharacterisationEnd end, bool restored,
+                     const CharacterisationResults& results) {
+    if (end == CharacterisationEnd::NoBoard) {
+        return ExitCode::NoAnswer;
+    }
+    if (!restored) {
+        return ExitCode::ReadBackMismatch;
+    }
+    if (end == CharacterisationEnd::Stopped) {
+        return ExitCode::Interrupted;
+    }
+    const bool failed = std::any_of(results.rows.begin(), results.rows.end(),
+                                    [](const auto& row) { return !row.failure.empty(); });
+    return failed ? ExitCode::NoAnswer : ExitCode::Success;
+}
+
+}  // namespace
+
+CharacteriseCommand::CharacteriseCommand(CLI::App& program)
+    : Command(program, "characterise",
+              "Measure the noise at every range and update rate, as data sheets tabulate it") {
+    AddConverter(Parser(), converter_);
+    AddSettings();
+    AddMeasurement();
+    AddOutput();
+}
+
+void CharacteriseCommand::AddSettings() {
+    Parser()
+        .add_option("--ranges", ranges_,
+                    "Input ranges by their names, such as 20mV,2.56V, of the aux ADC half,full; "
+                    "or all")
+        ->type_name("NAME,...")
+        ->delimiter(',')
+        ->default_str(std::string(all));
+    Parser()
+        .add_option("--words", words_, "Filter words, 13 to 255")
+        ->type_name("N,...")
+        ->delimiter(',')
+        ->check(CLI::Range(MinFilterWord, MaxFilterWord))
+        ->default_str("13,69,255");
+    AddWord(
+        Parser(), "--polarity", {"bipolar", "unipolar", "both"}, "bipolar",
+        [this](const std::string& name) {
+            polarities_.clear();
+            if (name != "unipolar") {
+                polarities_.push_back(Polarity::Bipolar);
+            }
+            if (name != "bipolar") {
+                polarities_.push_back(Polarity::Unipolar);
+            }
+        },
+        "Polarity of the input range");
+    Parser()
+        .add_option("--channel", channel_, "Input channel; without it, the present one")
+        ->type_name("NAME");
+}
+
+void CharacteriseCommand::AddMeasurement() {
+    AddWholeNumber(Parser(), "--count", count_, "Codes to read at each setting")
+        ->check(
+            CLI::Range(static_cast<int>(MinCodesForAnalysis), static_cast<int>(MaxCodesInBlock)));
+    AddWholeNumber(Parser(), "--settle", settle_,
+                   "Results to drop first; the default is enough for a filter of third order, with "
+                   "one to spare")
+        ->check(CLI::Range(0, maxSettle));
+    AddWord(
+        Parser(), "--calibrate", {"internal", "none"}, "none",
+        [this](const std::string& name) { calibrate_ = name == "internal"; },
+        "Calibrate zero scale and full scale at each setting first");
+    AddReference(Parser(), referenceVoltage_);
+}
+
+void CharacteriseCommand::AddOutput() {
+    Parser()
+        .add_option("-o,--output", output_, "Folder for the results; it is made where needed")
+        ->type_name("FOLDER")
+        ->check(NotEmpty())
+        ->required();
+    CLI::Option* const resume = Parser().add_flag(
+        "--resume", resume_, "Go on where the characterisation in the folder stopped");
+    Parser()
+        .add_flag("--force", force_, "Replace the characterisation in the folder")
+        ->excludes(resume);
+    AddFormat(Parser(), format_, {ReportFormat::Csv, ReportFormat::Json});
+}
+
+CharacterisationPlan CharacteriseCommand::PlanFor(std::int32_t control) const {
+    const RegisterMap::Field& channel = ChannelField(converter_);
+    CharacterisationPlan plan{.converter = converter_,
+                              .ranges = CodesOf(converter_, ranges_),
+                              .polarities = polarities_,
+                              .channel = channel_.empty()
+                                             ? channel.CodeIn(control)
+                                             : CodeNamed(channel, channel_, "--channel"),
+                              .count = static_cast<std::int16_t>(count_),
+                              .settle = static_cast<int>(settle_),
+                              .calibrate = calibrate_,
+                              .referenceVoltage = referenceVoltage_};
+    for (const std::int32_t word : words_) {
+        AddOnce(plan.filterWords, word);
+    }
+    return plan;
+}
+
+ExitCode CharacteriseCommand::Run(const CommandContext& context) {
+    PlanFor(0);  // a wrong name is refused before the board is opened
+    Services& services = context.board.Services();
+    const RegisterReading control = ReadAnswered(
+        services, RegisterMap::DescriptionOf(TraitsOf(converter_).control), NothingWritten);
+    const CharacterisationResults beginning{
+        .plan = PlanFor(control.value),
+        .program = std::string(TitleAndVersion),
+        .board = BoardNameOf(services),
+        .start = PresentTime(),
+        .registers = SnapshotOf(ReadConfiguration(services.port, services.state.PortAddress))};
+    const FolderUse use = resume_  ? FolderUse::Resume
+                          : force_ ? FolderUse::Replace
+                                   : FolderUse::New;
+    ResultsFolder folder(output_, beginning, use);
+    const ExitCode exitCode = Measure(context, services, folder);
+    context.streams.out << Report(folder.Results());
+    return exitCode;
+}
+
+ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& services,
+                                      ResultsFolder& folder) {
+    const CharacterisationPlan& plan = folder.Results().plan;
+    const std::vector<CharacterisedSetting> settings = folder.Remaining();
+    std::ostream& err = context.streams.err;
+    if (settings.empty()) {
+        err << "All settings have been measured" << std::endl;
+        return ExitCode::Success;
+    }
+    Announce(plan, settings, err);
+    const StopSignal stop;
+    bool restored = false;
+    int before = 0;
+    ProgressLine progress(err, static_cast<int>(settings.size()) * plan.count,
+                          context.streams.errWidth);
+    const auto say = [&](const std::string& text) {
+        progress.Clear();
+        err << text << std::endl;
+    };
+    const CharacterisationHooks hooks{
+        .afterEach = [&](int codes) { progress.Show(before + codes); },
+        .finished =
+            [&](const CharacterisedBlock& block) {
+                folder.Add(block);
+                before += plan.count;
+                say(SettingText(plan.converter, block.setting) + ": " +
+                    RowText(folder.Results().rows.back()));
+                for (const std::string& warning : TextsOf(block.warnings)) {
+                    say("Warning: " + warning);
+                }
+            },
+        .stopRequested = [&stop] { return stop.Requested(); },
+        .restored =
+            [&](const std::vector<RegisterMismatch>& mismatches) {
+                restored = mismatches.empty();
+                progress.Clear();
+                ReportRestored(mismatches, err);
+            }};
+    CheckReadyLine(services);
+    const CharacterisationEnd end = Characterise(services, plan, settings, hooks);
+    if (end == CharacterisationEnd::NoBoard) {
+        err << "The board does not answer any more. Check the cable and the board's power; "
+               "--resume "
+               "goes on with what is left"
+            << std::endl;
+    } else if (end == CharacterisationEnd::Stopped) {
+        err << "Stopped; --resume goes on with what is left" << std::endl;
+    }
+    return ExitCodeFor(end, restored, folder.Results());
+}
+
+std::string CharacteriseCommand::Report(const CharacterisationResults& results) const {
+    switch (format_) {
+        case ReportFormat::Csv:
+            return TableCsv(results);
+        case ReportFormat::Json:
+            return JsonText(ResultsObject(results));
+        default:
+            return TablesText(results);
+    }
+}
+
+}  // namespace vx3260
