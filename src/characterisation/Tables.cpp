@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "link/FilterRate.h"
+#include "numbers/Columns.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -72,52 +73,18 @@ NoiseTable TableOf(const CharacterisationResults& results, Polarity polarity,
     return table;
 }
 
-/// The columns of a table, each as wide as its widest text.
-class TextColumns {
-  public:
-    void Add(std::vector<std::string> line) { lines_.push_back(std::move(line)); }
-
-    std::string Text() const {
-        std::string text;
-        for (const std::vector<std::string>& line : lines_) {
-            for (std::size_t i = 0; i < line.size(); ++i) {
-                text += (i == 0 ? "" : "  ") +
-                        std::string(WidthOf(i) - CharactersIn(line[i]), ' ') + line[i];
-            }
-            text += "\n";
-        }
-        return text;
-    }
-
-  private:
-    static std::size_t CharactersIn(const std::string& text) {
-        return static_cast<std::size_t>(
-            std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-    }
-    std::size_t WidthOf(std::size_t column) const {
-        std::size_t width = 0;
-        for (const std::vector<std::string>& line : lines_) {
-            width = std::max(width, CharactersIn(line[column]));
-        }
-        return width;
-    }
-
-    std::vector<std::vector<std::string>> lines_;
-};
-
 std::string TextOf(const NoiseTable& table) {
-    TextColumns columns;
     std::vector<std::string> heading{"Word", "Rate (Hz)"};
     heading.insert(heading.end(), table.ranges.begin(), table.ranges.end());
-    columns.Add(heading);
+    std::vector<std::vector<std::string>> rows{heading};
     for (const TableLine& line : table.lines) {
         std::vector<std::string> texts{line.word, line.rate};
         for (const TableCell& cell : line.cells) {
             texts.push_back(cell.text + (cell.remarks.empty() ? " " : "*"));
         }
-        columns.Add(texts);
+        rows.push_back(texts);
     }
-    return table.title + "\n" + columns.Text() + "\n";
+    return table.title + "\n" + TableText(rows) + "\n";
 }
 
 std::string NotesOn(const CharacterisationResults& results) {

@@ -8,12 +8,14 @@
 #include "acquisition/ConditionsRecorder.h"
 #include "app/ApplicationInfo.h"
 #include "app/BoardState.h"
+#include "characterisation/Report.h"
 #include "characterisation/Tables.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
 #include "cli/board/StopSignal.h"
 #include "cli/board/StuckReadyLine.h"
 #include "cli/reports/JsonText.h"
+#include "files/CodeFile.h"
 #include "files/CodeText.h"
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
@@ -214,6 +216,9 @@ ExitCode CharacteriseCommand::Run(const CommandContext& context) {
                                    : FolderUse::New;
     ResultsFolder folder(output_, beginning, use);
     const ExitCode exitCode = Measure(context, services, folder);
+    const std::string report = PathIn(output_, ReportName);
+    ReplaceFile(report, ReportHtml(folder.Results(), output_));
+    context.streams.err << "Wrote " << report << std::endl;
     context.streams.out << Report(folder.Results());
     return exitCode;
 }

@@ -14,6 +14,7 @@
 #include "cli/commands/PortsCommand.h"
 #include "cli/commands/ReadCommand.h"
 #include "cli/commands/RegistersCommand.h"
+#include "cli/commands/ReportCommand.h"
 #include "cli/commands/ResetCommand.h"
 #include "cli/commands/SetCommand.h"
 #include "cli/commands/SpectrumCommand.h"
@@ -70,6 +71,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<SpectrumCommand>(parser));
     Add(std::make_unique<StabilityCommand>(parser));
     Add(std::make_unique<CharacteriseCommand>(parser));
+    Add(std::make_unique<ReportCommand>(parser));
 }
 
 Command& CommandSet::Chosen() const {

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
+#include "numbers/Columns.h"
 #include "numbers/NumberText.h"
 #include "ports/OpenPort.h"
 

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "cli/reports/Columns.h"
 #include "link/RegisterLookup.h"
+#include "numbers/Columns.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {

@@ -7,11 +7,11 @@
 
 #include "analysis/NoiseTexts.h"
 #include "analysis/ReadingTexts.h"
-#include "cli/reports/Columns.h"
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
 #include "files/ConditionsFile.h"
+#include "numbers/Columns.h"
 
 namespace vx3260 {
 namespace {

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
 #include "files/RegisterJson.h"
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
+#include "numbers/Columns.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {

@@ -6,9 +6,9 @@
 
 #include "analysis/PlotCsv.h"
 #include "analysis/UnitTexts.h"
-#include "cli/reports/Columns.h"
 #include "cli/reports/JsonText.h"
 #include "cli/reports/ReportedConditions.h"
+#include "numbers/Columns.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {

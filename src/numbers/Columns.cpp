@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/reports/Columns.h"
+#include "numbers/Columns.h"
 
 namespace vx3260 {
 

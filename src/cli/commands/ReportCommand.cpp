@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/ReportCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "characterisation/Report.h"
+#include "characterisation/ResultsFolder.h"
+#include "files/CodeFile.h"
+#include "options/Validators.h"
+
+namespace vx3260 {
+
+ReportCommand::ReportCommand(CLI::App& program)
+    : Command(program, "report", "Write the report of a characterisation anew into its folder") {
+    Parser()
+        .add_option("FOLDER", folder_, "Folder that characterise has written")
+        ->check(NotEmpty())
+        ->required();
+}
+
+ExitCode ReportCommand::Run(const CommandContext& context) {
+    const std::string path = PathIn(folder_, ReportName);
+    ReplaceFile(path, ReportHtml(LoadResults(folder_), folder_));
+    context.streams.err << "Wrote " << path << std::endl;
+    return ExitCode::Success;
+}
+
+}  // namespace vx3260
