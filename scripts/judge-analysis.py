@@ -147,14 +147,26 @@ def judge_noise(judge, name, block):
     if not 10 <= len(block.codes) <= 5000:
         return
     values = json.loads(block.run("noise", "--format", "json"))["values"]
-    mean = np.mean(block.codes - block.codes[0]) + block.codes[0]
-    sigma = np.std(block.codes - mean, ddof=1)
-    expected = {"meanCodes": mean, "sigmaCodes": sigma, "sigmaVolts": sigma * block.volts}
+    codes = block.codes
+    freedom = len(codes) - 1
+    sigma = np.std(codes, ddof=1)
+    expected = {
+        "meanCodes": np.mean(codes),
+        "sigmaCodes": sigma,
+        "sigmaVolts": sigma * block.volts,
+        "sigmaCodesLow": sigma * np.sqrt(freedom / scipy.stats.chi2.ppf(0.975, freedom)),
+        "sigmaCodesHigh": sigma * np.sqrt(freedom / scipy.stats.chi2.ppf(0.025, freedom)),
+    }
     if sigma > 0:
-        expected["skewness"] = scipy.stats.skew(block.codes - mean)
-        expected["excessKurtosis"] = scipy.stats.kurtosis(block.codes - mean)
+        deviations = codes - np.mean(codes)
+        products = np.sum(deviations[1:] * deviations[:-1])
+        expected["skewness"] = scipy.stats.skew(codes)
+        expected["excessKurtosis"] = scipy.stats.kurtosis(codes)
+        expected["lag1Autocorrelation"] = products / np.sum(deviations**2)
+        if values.get("normalityTest") == "dagostino-pearson":
+            expected["normalityP"] = scipy.stats.normaltest(codes).pvalue
     for key, value in expected.items():
-        if key in values:
+        if values.get(key) is not None:
             judge.compare(f"{name}, noise, {key}", [values[key]], [value])
 
 

@@ -58,6 +58,8 @@ TEST(Stability, IsExactAndDefinedForEveryBlock) {
     const double sqrtHalf = std::sqrt(0.5);
     EXPECT_EQ(AllanDeviation(ramp, AveragingFactors::All)[0].deviation, sqrtHalf);
     EXPECT_EQ(AllanDeviation(ramp, AveragingFactors::All)[1].deviation, 2 * sqrtHalf);
+    const std::vector<double> steps{16000000, 16000001, 16000003};  // the mean is rounded
+    EXPECT_DOUBLE_EQ(AllanDeviation(steps, AveragingFactors::All)[0].deviation, std::sqrt(1.25));
     const std::vector<double> ends{-2147483648.0, 2147483647.0};
     const std::vector<AllanPoint> extreme = AllanDeviation(ends, AveragingFactors::Octave);
     EXPECT_DOUBLE_EQ(extreme.at(0).deviation, 4294967295 * sqrtHalf);

@@ -6,7 +6,6 @@
 #include "analysis/forms/SpectrumView.h"
 #include "analysis/forms/StabilityView.h"
 #include "numbers/Conversions.h"
-#include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "ui/Fonts.h"
 #include "ui/KeyPresses.h"
@@ -66,7 +65,7 @@ void PlotForm::OfferChoices() {
     ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
     if (Block().interval) {
         const double rate = 1 / *Block().interval;
-        ui_->RateEdit->setText(QString::fromStdString(SignificantText(rate, rateDigits)));
+        ui_->RateEdit->setText(QString::number(rate, 'g', rateDigits));
     }
     SelectTextOnFocus(ui_->RateEdit);
     On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);

@@ -379,6 +379,7 @@ TEST_F(PlotFormsTest, SpectrumMarksTheMainsAndIntegrates) {
     Choose(*form, "ViewBox", 1);
     auto& view = Find<PlotView>(*form, "SpectrumPlot");
     EXPECT_TRUE(view.isVisible());
+    EXPECT_EQ(Box("RateEdit").text(), QStringLiteral("19.8"));
     Expect(
         "HeadingLabel: Main ADC Spectrum | "
         "SummaryLabel: 15 segments of 256 readings, every 0.07734 Hz; "
