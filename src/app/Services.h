@@ -17,7 +17,7 @@ struct Services {
     MessageBoxes& messages;
     OperatingSystem& system;
     ApplicationState& state;
-    std::string boardLabel{};  ///< shown where readings come from; empty for a real board
+    std::string boardLabel{};           ///< shown where readings come from; empty for a real board
     std::vector<std::string> faults{};  ///< names of those that the simulated board has
 };
 
