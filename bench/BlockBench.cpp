@@ -6,16 +6,13 @@
 #include <QPushButton>
 #include <cmath>
 #include <random>
-#include <stdexcept>
 
+#include "SimulatedSession.h"
 #include "acquisition/Reading.h"
 #include "analysis/BlockWarnings.h"
 #include "analysis/NoiseAnalysis.h"
 #include "analysis/forms/MainNoiseForm.h"
-#include "app/StartUp.h"
 #include "forms/data/ReadMainDataForm.h"
-#include "platform/HostSystem.h"
-#include "ports/SimulatedPort.h"
 
 namespace vx3260::bench {
 namespace {
@@ -24,22 +21,6 @@ constexpr std::int16_t blockSize = 5000;
 /// What the real chip takes for the block at the filter word 0x45.
 constexpr double realSeconds = blockSize * 0x45 * 24 / 32768.0;
 
-/// A message means that something did not work, and then its time means nothing.
-class NoMessages final : public MessageBoxes {
-  public:
-    MessageAnswer Show(const Message& message) override { throw std::runtime_error(message.text); }
-};
-
-struct Bench {
-    Bench() { StartUp(services); }
-
-    SimulatedPort port;
-    NoMessages messages;
-    HostSystem system{0, nullptr};
-    ApplicationState state;
-    Services services{port, messages, system, state};
-};
-
 /// How many times faster than the real chip.
 void CountSpeed(benchmark::State& state) {
     state.counters["times_real"] =
@@ -47,7 +28,7 @@ void CountSpeed(benchmark::State& state) {
 }
 
 void BlockOf5000(benchmark::State& state) {
-    Bench bench;
+    SimulatedSession bench;
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
     reader.ReadControls();
     for (auto _ : state) {
@@ -58,7 +39,7 @@ void BlockOf5000(benchmark::State& state) {
 BENCHMARK(BlockOf5000)->Unit(benchmark::kMillisecond);
 
 void BlockOf5000ThroughTheForm(benchmark::State& state) {
-    Bench bench;
+    SimulatedSession bench;
     ReadMainDataForm form(bench.services);
     form.show();
     form.findChild<QLineEdit*>(QStringLiteral("NumCodesText"))->setText(QStringLiteral("5000"));
@@ -71,7 +52,7 @@ void BlockOf5000ThroughTheForm(benchmark::State& state) {
 BENCHMARK(BlockOf5000ThroughTheForm)->Unit(benchmark::kMillisecond);
 
 void StatisticsOf5000(benchmark::State& state) {
-    Bench bench;
+    SimulatedSession bench;
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
     reader.ReadControls();
     ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});
@@ -106,7 +87,7 @@ BENCHMARK(StatisticsOf32767)->ArgName("sigma")->Arg(1200)->Arg(50)->Unit(benchma
 
 /// From the click in the menu until the form is drawn.
 void OpenNoiseFormOf5000(benchmark::State& state) {
-    Bench bench;
+    SimulatedSession bench;
     ConverterReader reader(bench.port, bench.state.PortAddress, Converter::Main);
     reader.ReadControls();
     ReadBlock(reader, bench.state.BlockOf(Converter::Main), blockSize, {});

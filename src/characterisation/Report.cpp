@@ -153,6 +153,13 @@ std::string NoiseCharts(const CharacterisationResults& results) {
     return html.empty() ? "<p>No setting with noise was measured.</p>\n" : html;
 }
 
+/// By the word length that the control register had: no setting changes it.
+int StepOf(const CharacterisationResults& results) {
+    const Converter converter = results.plan.converter;
+    const auto control = results.registers.ValueOf(TraitsOf(converter).control);
+    return control ? ConditionsOf(converter, results.plan.referenceVoltage, *control).codeStep : 1;
+}
+
 std::string HistogramOf(const CharacterisationResults& results, const CharacterisationRow& row,
                         const std::string& what, const std::string& folder) {
     const Converter converter = results.plan.converter;
@@ -163,8 +170,9 @@ std::string HistogramOf(const CharacterisationResults& results, const Characteri
         const std::vector<double> codes = ToDoubles(
             LoadCodes(PathIn(folder, DataFileName(converter, row.setting)), Notation::Decimal)
                 .codes);
-        const NormalFit fit = FitNormal(codes, ComputeExactStatistics(codes), 1);
-        return heading + HistogramChart(ComputeHistogram(codes, maxBins), fit, codes.size());
+        const int step = StepOf(results);
+        const NormalFit fit = FitNormal(codes, ComputeExactStatistics(codes), step);
+        return heading + HistogramChart(ComputeHistogram(codes, maxBins, step), fit, codes.size());
     } catch (const std::runtime_error& error) {
         return heading + "<p>" + Escaped(error.what()) + "</p>\n";
     }

@@ -131,6 +131,10 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
         ->type_name("NAME")
         ->allow_extra_args(false)
         ->needs(simulated);
+    app.add_option("--seed", choice.seed, "Give the simulated board other noise, by any number")
+        ->type_name("N")
+        ->default_str(std::to_string(choice.seed))
+        ->needs(simulated);
     if (RealPortsAreDevices) {
         AddDeviceOptions(app, choice, simulated);
     }

@@ -65,7 +65,7 @@ OpenedPort OpenBare(const PortChoice& choice) {
     if (!choice.simulated) {
         return {OpenRealPort(choice), {}, {}};
     }
-    return {std::make_unique<SimulatedPort>(), std::string(SimulatedBoardLabel),
+    return {std::make_unique<SimulatedPort>(choice.seed), std::string(SimulatedBoardLabel),
             choice.faults.names};
 }
 

@@ -13,6 +13,7 @@
 #include "link/ParallelPort.h"
 #include "ports/FaultyPort.h"
 #include "ports/ReadPace.h"
+#include "simulator/SimulatedBoard.h"
 
 namespace vx3260 {
 
@@ -38,6 +39,7 @@ enum class PortMethod {
 /// Which port the user asked for.
 struct PortChoice {
     bool simulated = false;
+    std::uint64_t seed = SimulatedBoard::DefaultSeed;  ///< of the simulated board's noise
     Faults faults{};
     std::string device{};  ///< path of a real port; the first there is when empty
     PortMethod method = PortMethod::Driver;

@@ -10,6 +10,9 @@ namespace vx3260 {
 /// 255 and writes do nothing.
 class SimulatedPort final : public ParallelPort {
   public:
+    /// `seed` chooses the board's noise, which is the same in each run.
+    explicit SimulatedPort(std::uint64_t seed = SimulatedBoard::DefaultSeed) : board_(seed) {}
+
     std::int32_t GetParallelPortCount() override { return 1; }
     std::int32_t ClaimParallelPort(std::int32_t portNumber, std::int32_t flag) override;
     std::int32_t GetParallelPortInfo(std::int32_t portNumber, ParallelPortInfo& info) override;
