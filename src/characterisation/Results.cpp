@@ -110,7 +110,8 @@ CharacterisationRow RowIn(Converter converter, const QJsonObject& object) {
     row.peakToPeakVolts = NumberIn(object, QLatin1String("peakToPeakVolts"));
     row.effective = BitsIn(object["effectiveResolution"]);
     row.noiseFree = BitsIn(object["noiseFreeResolution"]);
-    for (const QJsonValue& warning : object["warnings"].toArray()) {
+    for (const auto& entry : object["warnings"].toArray()) {
+        const QJsonObject warning = entry.toObject();
         row.warningKinds.push_back(warning["kind"].toString().toStdString());
         row.warningTexts.push_back(warning["text"].toString().toStdString());
     }
@@ -124,13 +125,13 @@ CharacterisationPlan PlanIn(const QJsonObject& object) {
         Refuse(QStringLiteral("\"converter\""));
     }
     plan.converter = converter == QStringLiteral("main") ? Converter::Main : Converter::Aux;
-    for (const QJsonValue& range : object["ranges"].toArray()) {
+    for (const auto& range : object["ranges"].toArray()) {
         plan.ranges.push_back(CodeNamed(ScaleField(plan.converter), range));
     }
-    for (const QJsonValue& word : object["words"].toArray()) {
+    for (const auto& word : object["words"].toArray()) {
         plan.filterWords.push_back(WordIn(word));
     }
-    for (const QJsonValue& polarity : object["polarities"].toArray()) {
+    for (const auto& polarity : object["polarities"].toArray()) {
         plan.polarities.push_back(PolarityNamed(polarity));
     }
     plan.channel = CodeNamed(ChannelField(plan.converter), object["channel"]);
@@ -247,7 +248,7 @@ CharacterisationResults ParseResults(const std::string& text) {
     results.start = TimeIn(object, "start");
     results.plan = PlanIn(object["plan"].toObject());
     results.registers = RegistersIn(object["registers"].toObject());
-    for (const QJsonValue& row : object["settings"].toArray()) {
+    for (const auto& row : object["settings"].toArray()) {
         results.rows.push_back(RowIn(results.plan.converter, row.toObject()));
     }
     return results;

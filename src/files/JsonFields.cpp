@@ -19,7 +19,7 @@ bool IsSetting(const RegisterMap::RegisterDescription& description) {
 }
 
 QJsonValue Member(const QJsonObject& object, const char* name, QJsonValue::Type type) {
-    const QJsonValue value = object[QLatin1String(name)];
+    QJsonValue value = object[QLatin1String(name)];
     if (value.type() != type) {
         RefuseJson(QStringLiteral("\"%1\" is missing or not what it should be").arg(name));
     }
@@ -129,7 +129,7 @@ BoardName BoardIn(const QJsonObject& object) {
     BoardName board;
     board.label = Member(object, "simulated", QJsonValue::Bool).toBool() ? SimulatedBoardLabel : "";
     board.port = TextIn(object, "port").toStdString();
-    for (const QJsonValue& fault : Member(object, "faults", QJsonValue::Array).toArray()) {
+    for (const auto& fault : Member(object, "faults", QJsonValue::Array).toArray()) {
         board.faults.push_back(fault.toString().toStdString());
     }
     return board;

@@ -50,7 +50,7 @@ struct PortChoice {
 
 struct OpenedPort {
     std::unique_ptr<ParallelPort> port;
-    std::string boardLabel;  ///< "Simulated board", or empty for a real port
+    std::string boardLabel;           ///< "Simulated board", or empty for a real port
     std::vector<std::string> faults;  ///< names of those that the simulated board has
 };
 

@@ -17,7 +17,8 @@ namespace vx3260 {
 /// Any port, with a trace of its wires as a Value Change Dump: SCLK, DIN, RESET, DOUT, RDY and the
 /// access that they carry, in words. Each access at the base address in use that changes a line is
 /// a step with a time of its own; DOUT and RDY change when the program reads them and are unknown
-/// until then. Its time is that of the board's clock since the trace began. Before the program's first write the outputs are shown at rest.
+/// until then. Its time is that of the board's clock since the trace began. Before the program's
+/// first write the outputs are shown at rest.
 ///
 /// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
 /// goes on.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acquisition/Characterisation.h"
+#include "app/StartUp.h"
 #include "characterisation/ResultsFolder.h"
 #include "cli/commands/Command.h"
 
