@@ -64,9 +64,8 @@ void PlotForm::OfferChoices() {
         ui_->SegmentBox->addItem(tr("%1 readings").arg(length), QVariant::fromValue(length));
     }
     ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
-    if (Block().interval) {
-        const double rate = 1 / *Block().interval;
-        ui_->RateEdit->setText(QString::fromStdString(SignificantText(rate, rateDigits)));
+    if (const std::optional<double> interval = Block().Interval()) {
+        ui_->RateEdit->setText(QString::fromStdString(SignificantText(1 / *interval, rateDigits)));
     }
     SelectTextOnFocus(ui_->RateEdit);
     On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);
