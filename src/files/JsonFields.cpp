@@ -18,10 +18,26 @@ bool IsSetting(const RegisterMap::RegisterDescription& description) {
     return description.access.writeByte != 0;
 }
 
+QLatin1String NameOf(QJsonValue::Type type) {
+    switch (type) {
+        case QJsonValue::Bool:
+            return QLatin1String("true or false");
+        case QJsonValue::String:
+            return QLatin1String("a text");
+        case QJsonValue::Array:
+            return QLatin1String("a list");
+        default:
+            return QLatin1String("an object");
+    }
+}
+
 QJsonValue Member(const QJsonObject& object, const char* name, QJsonValue::Type type) {
     const QJsonValue value = object[QLatin1String(name)];
+    if (value.isUndefined()) {
+        RefuseJson(QStringLiteral("\"%1\" is missing").arg(name));
+    }
     if (value.type() != type) {
-        RefuseJson(QStringLiteral("\"%1\" is missing or not what it should be").arg(name));
+        RefuseJson(QStringLiteral("\"%1\" is not %2").arg(name, NameOf(type)));
     }
     return value;
 }
