@@ -195,7 +195,9 @@ void Form::MakeScrollable() {
     outerLayout->addWidget(area);
     area->show();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    resize(content->minimumSizeHint() + QSize(2 * bar, 2 * bar));
+    const QSize needed =
+        content->minimumSizeHint().expandedTo({0, content->heightForWidth(width())});
+    resize(needed + QSize(2 * bar, 2 * bar));
     if (focused != nullptr) {
         focused->setFocus();
     }
