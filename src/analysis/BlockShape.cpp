@@ -3,6 +3,7 @@
 
 #include <boost/math/distributions/chi_squared.hpp>
 #include <cmath>
+#include <numeric>
 #include <vector>
 
 #include "analysis/Histogram.h"
@@ -100,13 +101,21 @@ BlockMoments ComputeMoments(std::span<const double> codes, const ExactStatistics
     if (statistics.sigma == 0) {
         return {};
     }
+    const auto n = static_cast<double>(codes.size());
+    // From a whole number near it the mean has digits that it has not from 0: a skewness of nearly
+    // 0 needs them.
+    const double origin = std::nearbyint(statistics.mean);
+    const double mean =
+        std::accumulate(codes.begin(), codes.end(), 0.0,
+                        [origin](double sum, double code) { return sum + (code - origin); }) /
+        n;
     double squares = 0;
     double cubes = 0;
     double fourths = 0;
     double neighbours = 0;
     double before = 0;
     for (const double code : codes) {
-        const double deviation = code - statistics.mean;
+        const double deviation = code - origin - mean;
         const double square = deviation * deviation;
         squares += square;
         cubes += square * deviation;
@@ -114,7 +123,6 @@ BlockMoments ComputeMoments(std::span<const double> codes, const ExactStatistics
         neighbours += before * deviation;
         before = deviation;
     }
-    const auto n = static_cast<double>(codes.size());
     const double variance = squares / n;
     return {.skewness = cubes / n / (variance * std::sqrt(variance)),
             .excessKurtosis = fourths / n / (variance * variance) - 3,

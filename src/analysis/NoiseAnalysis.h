@@ -50,7 +50,9 @@ struct AnalysedBlock {
     std::vector<double> codes;
     NoiseAnalysis analysis;
     std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
-    std::optional<double> interval{};          ///< seconds between readings, where known
+
+    /// Seconds from one reading to the next, where known.
+    std::optional<double> Interval() const { return reading ? reading->Interval() : std::nullopt; }
 };
 
 /// WarningsAbout the block.

@@ -30,9 +30,8 @@ std::string SettingsLine(const BlockConditions& reading) {
     const auto add = [&line](const std::string& text) {
         line += (line.empty() ? "" : ", ") + text;
     };
-    if (const std::optional<ConversionConditions> own = ConditionsOf(reading)) {
-        add("Read at " + RangeAndPolarity(*own));
-    }
+    const std::optional<ConversionConditions> own = ConditionsOf(reading);
+    add(own ? "Read at " + RangeAndPolarity(*own) : "Input range of the reading unknown");
     if (reading.referenceVoltage) {
         add(ReferenceText(*reading.referenceVoltage));
     }
@@ -119,6 +118,16 @@ std::vector<std::string> ReadingLines(const std::optional<BlockConditions>& read
         }
     }
     return lines;
+}
+
+std::string ChangeByOptions(const ConversionConditions& own, const ConversionConditions& given) {
+    const bool reference = own.referenceVoltage != given.referenceVoltage;
+    if (RangeText(own) == RangeText(given) && !reference) {
+        return "";
+    }
+    return "read at " + RangeAndPolarity(own) + ", " + ReferenceText(own.referenceVoltage) +
+           "; the volts use " + RangeAndPolarity(given) + ", " +
+           ReferenceText(given.referenceVoltage) + ", as the options say";
 }
 
 std::string ChangeSinceReading(const ConversionConditions& own,

@@ -20,6 +20,9 @@ std::vector<std::string> ReadingLines(const std::optional<BlockConditions>& read
 std::string ChangeSinceReading(const ConversionConditions& own,
                                const ConversionConditions& present);
 
+/// The same where options of the command line say otherwise than the conditions of the reading.
+std::string ChangeByOptions(const ConversionConditions& own, const ConversionConditions& given);
+
 /// A moment to the second: "2026-11-22 07:12:31 UTC".
 std::string TimeText(UtcTime time);
 

@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QString>
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "files/CodeFile.h"
@@ -129,19 +130,24 @@ LoadedConditions LoadConditions(const std::string& dataPath, Converter converter
     if (!FileExists(path)) {
         return {};
     }
+    const auto unknown = [](const std::string& why) {
+        return LoadedConditions{std::nullopt, "the conditions of the reading are unknown: " + why};
+    };
+    std::string text;
     try {
         CheckIsNotDevice(path);
-        BlockConditions conditions = ParseConditions(LoadBytes(path, sizeLimit), codes);
+        text = LoadBytes(path, sizeLimit);
+    } catch (const std::runtime_error& error) {
+        return unknown(error.what());
+    }
+    try {
+        BlockConditions conditions = ParseConditions(text, codes);
         if (conditions.converter != converter) {
             RefuseJson(QStringLiteral("it belongs to a block of the other ADC"));
         }
         return {std::move(conditions), {}};
-    } catch (const FileAccessError& error) {
-        return {std::nullopt,
-                std::string("the conditions of the reading are unknown: ") + error.what()};
     } catch (const BadDataError& error) {
-        return {std::nullopt,
-                "the conditions of the reading are unknown: " + path + ": " + error.what()};
+        return unknown(path + ": " + error.what());
     }
 }
 

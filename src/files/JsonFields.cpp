@@ -18,10 +18,32 @@ bool IsSetting(const RegisterMap::RegisterDescription& description) {
     return description.access.writeByte != 0;
 }
 
+QLatin1String NameOf(QJsonValue::Type type) {
+    switch (type) {
+        case QJsonValue::Bool:
+            return QLatin1String("true or false");
+        case QJsonValue::String:
+            return QLatin1String("a text");
+        case QJsonValue::Array:
+            return QLatin1String("a list");
+        default:
+            return QLatin1String("an object");
+    }
+}
+
+/// A terminal would act on control characters in a file from elsewhere.
+QString Printable(QString text) {
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    return text;
+}
+
 QJsonValue Member(const QJsonObject& object, const char* name, QJsonValue::Type type) {
     QJsonValue value = object[QLatin1String(name)];
+    if (value.isUndefined()) {
+        RefuseJson(QStringLiteral("\"%1\" is missing").arg(name));
+    }
     if (value.type() != type) {
-        RefuseJson(QStringLiteral("\"%1\" is missing or not what it should be").arg(name));
+        RefuseJson(QStringLiteral("\"%1\" is not %2").arg(name, NameOf(type)));
     }
     return value;
 }
@@ -86,7 +108,7 @@ QJsonObject RegistersObject(const RegisterSnapshot& registers) {
 }
 
 QString TextIn(const QJsonObject& object, const char* name) {
-    return Member(object, name, QJsonValue::String).toString();
+    return Printable(Member(object, name, QJsonValue::String).toString());
 }
 
 QJsonObject ObjectIn(const QJsonObject& object, const char* name) {
@@ -130,7 +152,7 @@ BoardName BoardIn(const QJsonObject& object) {
     board.label = Member(object, "simulated", QJsonValue::Bool).toBool() ? SimulatedBoardLabel : "";
     board.port = TextIn(object, "port").toStdString();
     for (const auto& fault : Member(object, "faults", QJsonValue::Array).toArray()) {
-        board.faults.push_back(fault.toString().toStdString());
+        board.faults.push_back(Printable(fault.toString()).toStdString());
     }
     return board;
 }

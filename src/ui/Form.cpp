@@ -138,12 +138,31 @@ void Form::FitToScreen(const QMargins& frame) {
         return;
     }
     const QSize space = screen()->availableGeometry().marginsRemoved(frame).size();
-    const QSize needed = minimumSizeHint().expandedTo(minimumSize());
+    const QSize needed =
+        minimumSizeHint().expandedTo(minimumSize()).expandedTo({0, HeightOfTexts()});
     if (needed.width() > space.width() || needed.height() > space.height()) {
         MakeScrollable();
     }
+    GrowToTexts();
     resize(size().boundedTo(space));
     CentreOnScreen(frame);
+}
+
+void Form::GrowToTexts() {
+    if (isMaximized() || windowHandle() == nullptr) {
+        return;
+    }
+    const QMargins frame = windowHandle()->frameMargins();
+    const int space = screen()->availableGeometry().marginsRemoved(frame).height();
+    resize(width(), std::max(height(), std::min(HeightOfTexts(), space)));
+}
+
+/// Qt opens a window with two thirds of the screen's height at most, whatever its wrapped texts
+/// need.
+int Form::HeightOfTexts() const {
+    return layout() != nullptr && layout()->hasHeightForWidth()
+               ? layout()->totalHeightForWidth(width())
+               : 0;
 }
 
 /// The title bar stays on the screen.
@@ -176,7 +195,9 @@ void Form::MakeScrollable() {
     outerLayout->addWidget(area);
     area->show();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    resize(content->minimumSizeHint() + QSize(2 * bar, 2 * bar));
+    const QSize needed =
+        content->minimumSizeHint().expandedTo({0, content->heightForWidth(width())});
+    resize(needed + QSize(2 * bar, 2 * bar));
     if (focused != nullptr) {
         focused->setFocus();
     }

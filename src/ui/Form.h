@@ -72,6 +72,10 @@ class Form : public QDialog {
     /// the form's width and the screen allow.
     void OpenAside(double side) { side_ = side; }
 
+    /// Makes the form high enough for a wrapped text that has become longer, as far as the screen
+    /// allows.
+    void GrowToTexts();
+
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -80,6 +84,7 @@ class Form : public QDialog {
     void PrepareButtons();
     void FollowFrame();
     void FitToScreen(const QMargins& frame);
+    int HeightOfTexts() const;
     void CentreOnScreen(const QMargins& frame);
     void MakeScrollable();
 

@@ -69,13 +69,16 @@ TEST(ConditionsFile, OneThatCannotBeUsedSaysWhy) {
         {replaced("3.3", "1e300"), "\"referenceVoltage\" is not a number above 0"},
         {replaced("\"stopped\"", "\"odd\""), "\"odd\" is not a valid value for \"outcome\""},
         {replaced("\"2023", "\"x"), "\"end\" is not a time"},
+        {replaced("\"a program\"", "null"), "\"program\" is not a text"},
+        {replaced("\"registers\"", "\"others\""), "\"registers\" is missing"},
     };
     for (const auto& [text, reason] : bad) {
         folder.Make("block.dat.json", text);
         EXPECT_NE(warning().find(reason), std::string::npos) << warning();
     }
     std::filesystem::resize_file(FilePath(folder.Path("block.dat.json")), 1U << 30U);
-    EXPECT_NE(warning().find("not a conditions file"), std::string::npos) << warning();
+    EXPECT_EQ(warning(), "the conditions of the reading are unknown: " + data +
+                             ".json: more than 1048576 bytes; that is not a conditions file");
     std::filesystem::remove(FilePath(folder.Path("block.dat.json")));
     std::filesystem::create_directory(FilePath(folder.Path("block.dat.json")));
     EXPECT_NE(warning(), "");

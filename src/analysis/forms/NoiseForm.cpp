@@ -24,10 +24,7 @@ AnalysedBlock Analyse(const CodeBlock& block, const std::optional<BlockCondition
                       const ConversionConditions& present) {
     const std::span<const double> codes = block.Codes();
     const std::optional<ConversionConditions> own = reading ? ConditionsOf(*reading) : std::nullopt;
-    return {{codes.begin(), codes.end()},
-            AnalyseNoise(codes, present, own),
-            reading,
-            reading ? reading->Interval() : std::nullopt};
+    return {{codes.begin(), codes.end()}, AnalyseNoise(codes, present, own), reading};
 }
 
 }  // namespace

@@ -63,9 +63,8 @@ void PlotForm::OfferChoices() {
         ui_->SegmentBox->addItem(tr("%1 readings").arg(length), QVariant::fromValue(length));
     }
     ui_->SegmentBox->setCurrentIndex(ui_->SegmentBox->findData(QVariant::fromValue(fitting)));
-    if (Block().interval) {
-        const double rate = 1 / *Block().interval;
-        ui_->RateEdit->setText(QString::number(rate, 'g', rateDigits));
+    if (const std::optional<double> interval = Block().Interval()) {
+        ui_->RateEdit->setText(QString::number(1 / *interval, 'g', rateDigits));
     }
     SelectTextOnFocus(ui_->RateEdit);
     On(ui_->ViewBox, &QComboBox::currentIndexChanged, &PlotForm::ChooseView);

@@ -119,7 +119,7 @@ QString SpectrumView::MainsText() const {
 
 QString SpectrumView::Summary() const {
     if (graph_->dataCount() == 0) {
-        return tr("The codes do not vary: the density is 0 or not defined.");
+        return tr("The codes do not vary beside their trend: the density is 0 or not defined.");
     }
     return tr("%1 of %2, every %3; %4")
         .arg(QString::fromStdString(

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "analysis/Rate.h"
+#include "analysis/ReadingTexts.h"
 #include "cli/board/BlockReading.h"
 #include "cli/commands/Command.h"
 #include "files/CodeFile.h"
@@ -117,30 +118,28 @@ FileBlock AnalysedFile::Load(std::ostream& err,
     if (checkCount) {
         checkCount(block.codes.size());
     }
-    LoadedConditions beside;
-    if (!alone) {
-        beside = LoadConditions(file_.path, converter_, block.codes);
-        if (!beside.warning.empty()) {
-            PrintWarnings({beside.warning}, err);
-        }
-        if (!beside.conditions || !ConditionsOf(*beside.conditions)) {
-            RequireScale();
-        }
+    std::optional<BlockConditions> reading = LoadConditionsOf(file_, converter_, block, err);
+    const std::optional<ConversionConditions> own = reading ? ConditionsOf(*reading) : std::nullopt;
+    if (!own) {
+        RequireScale();
     }
-    const ConversionConditions conversion = ConditionsOf(
-        converter_, ReferenceBeside(beside.conditions), ControlBeside(beside.conditions));
-    std::vector<BlockWarning> warnings = CheckWarnings(
-        file_, block, converter_, err,
-        {.codeStep = conversion.codeStep,
-         .missed = beside.conditions ? beside.conditions->missedConversions.value_or(0) : 0});
+    const ConversionConditions conversion =
+        ConditionsOf(converter_, ReferenceBeside(reading), ControlBeside(reading));
+    if (const std::string text = own ? ChangeByOptions(*own, conversion) : ""; !text.empty()) {
+        PrintWarnings({text}, err);
+    }
+    std::vector<BlockWarning> warnings =
+        CheckWarnings(file_, block, converter_, err,
+                      {.codeStep = conversion.codeStep,
+                       .missed = reading ? reading->missedConversions.value_or(0) : 0});
     std::optional<double> rate = rate_;
-    if (!rate && beside.conditions && beside.conditions->Interval()) {
-        rate = 1 / *beside.conditions->Interval();
+    if (!rate && reading && reading->Interval()) {
+        rate = 1 / *reading->Interval();
     }
     return {.codes = std::move(block.codes),
             .conditions = conversion,
             .warnings = std::move(warnings),
-            .reading = std::move(beside.conditions),
+            .reading = std::move(reading),
             .rate = rate};
 }
 

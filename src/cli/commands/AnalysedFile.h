@@ -70,12 +70,11 @@ class AnalysedFile final {
     CLI::Option* AddRange(CLI::App& parser);
     void Give(const RegisterMap::Field& field, std::int32_t code);
     void RequireScale() const;
-
-    const Converter& converter_;
-    BlockFile file_;
     std::int32_t ControlBeside(const std::optional<BlockConditions>& conditions) const;
     float ReferenceBeside(const std::optional<BlockConditions>& conditions) const;
 
+    const Converter& converter_;
+    BlockFile file_;
     /// What the control register held when FILE was read, as far as options say.
     std::int32_t control_ = 0;
     std::int32_t givenMask_ = 0;  ///< the bits of it that options were given for

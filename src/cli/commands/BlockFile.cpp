@@ -4,11 +4,13 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "cli/board/BlockReading.h"
 #include "cli/board/StopSignal.h"
 #include "cli/commands/Command.h"
 #include "files/CodeFile.h"
+#include "files/ConditionsFile.h"
 #include "link/CodeBlock.h"
 #include "link/Serial.h"
 #include "options/Validators.h"
@@ -55,6 +57,18 @@ ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err) {
         PrintWarnings({block.warning}, err);
     }
     return block;
+}
+
+std::optional<BlockConditions> LoadConditionsOf(const BlockFile& file, Converter converter,
+                                                const ParsedCodes& block, std::ostream& err) {
+    if (!file.IsRegular()) {
+        return std::nullopt;
+    }
+    LoadedConditions beside = LoadConditions(file.path, converter, block.codes);
+    if (!beside.warning.empty()) {
+        PrintWarnings({beside.warning}, err);
+    }
+    return std::move(beside.conditions);
 }
 
 std::vector<BlockWarning> CheckWarnings(const BlockFile& file, const ParsedCodes& block,

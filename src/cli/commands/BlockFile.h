@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "analysis/BlockWarnings.h"
 #include "cli/board/BoardSession.h"
 #include "files/CodeText.h"
+#include "link/BlockConditions.h"
 #include "link/Converter.h"
 #include "options/ExitCodes.h"
 
@@ -47,6 +49,11 @@ ExitCode RunOnFile(const CommandContext& context, const BlockFile& file,
 /// The codes of the file. Throws as LoadCodes does, and BadDataError for a code that is the value
 /// of a time-out. A warning about the file is printed to `err`.
 ParsedCodes LoadBlock(const BlockFile& file, std::ostream& err);
+
+/// How the block of the file was read, by the conditions file beside it; empty where unknown. Why a
+/// conditions file cannot be used is printed to `err`.
+std::optional<BlockConditions> LoadConditionsOf(const BlockFile& file, Converter converter,
+                                                const ParsedCodes& block, std::ostream& err);
 
 /// Prints a warning to `err` for each of the WarningsAbout the codes, which it returns, and where
 /// they look like those of the other notation. Throws BadDataError if that or one of the warnings

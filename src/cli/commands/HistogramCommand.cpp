@@ -2,12 +2,12 @@
 #include "cli/commands/HistogramCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <vector>
 
 #include "analysis/ConversionConditions.h"
 #include "analysis/PlotCsv.h"
 #include "cli/reports/HistogramReport.h"
-#include "files/ConditionsFile.h"
 #include "link/CodeBlock.h"
 
 namespace vx3260 {
@@ -42,20 +42,16 @@ ExitCode HistogramCommand::Run(const CommandContext& context) {
                      [this, &context] { context.streams.out << Report(context.streams); });
 }
 
-/// A histogram needs no volts, only the step of the codes.
-int HistogramCommand::StepOf(const ParsedCodes& block) const {
-    if (!file_.IsRegular()) {
-        return 1;
-    }
-    const LoadedConditions beside = LoadConditions(file_.path, converter_, block.codes);
-    const auto own = beside.conditions ? ConditionsOf(*beside.conditions) : std::nullopt;
-    return own ? own->codeStep : 1;
-}
-
 std::string HistogramCommand::Report(const CliStreams& streams) const {
     const ParsedCodes block = LoadBlock(file_, streams.err);
-    const int step = StepOf(block);
-    CheckWarnings(file_, block, converter_, streams.err, {.codeStep = step});
+    const std::optional<BlockConditions> reading =
+        LoadConditionsOf(file_, converter_, block, streams.err);
+    // A histogram needs no volts, only the step of the codes.
+    const std::optional<ConversionConditions> own = reading ? ConditionsOf(*reading) : std::nullopt;
+    const int step = own ? own->codeStep : 1;
+    CheckWarnings(
+        file_, block, converter_, streams.err,
+        {.codeStep = step, .missed = reading ? reading->missedConversions.value_or(0) : 0});
     const std::vector<double> codes = ToDoubles(block.codes);
     const bool csv = format_ == ReportFormat::Csv;
     const std::size_t fitting = csv ? MaxHistogramBins : maxBars;

@@ -17,7 +17,6 @@ class HistogramCommand final : public Command {
     ExitCode Run(const CommandContext& context) override;
 
   private:
-    int StepOf(const ParsedCodes& block) const;
     std::string Report(const CliStreams& streams) const;
 
     Converter converter_ = Converter::Main;

@@ -2,8 +2,8 @@
 #include "cli/commands/ReadCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <vector>
 
-#include "analysis/BlockWarnings.h"
 #include "cli/board/StopSignal.h"
 #include "cli/reports/BlockReport.h"
 #include "files/ConditionsFile.h"
@@ -105,14 +105,16 @@ void ReadCommand::RefuseToReplace(const CodeWriter& writer) const {
     }
 }
 
-std::string ReadCommand::TextOf(const BlockReading& reading, std::string_view board) const {
+std::string ReadCommand::TextOf(const BlockReading& reading, std::span<const BlockWarning> warnings,
+                                std::string_view board) const {
     if (format_ == ReportFormat::Text) {
         return FormatCodes(reading.codes, notation_);
     }
     const ReadBlockReport report{.board = board,
                                  .conversion = ConditionsOf(reading.conditions).value(),
                                  .conditions = reading.conditions,
-                                 .codes = reading.codes};
+                                 .codes = reading.codes,
+                                 .warnings = warnings};
     return format_ == ReportFormat::Csv ? BlockCsv(report) : BlockJson(report);
 }
 
@@ -131,15 +133,15 @@ ExitCode ReadCommand::Run(const CommandContext& context) {
                   {converter_, static_cast<std::int16_t>(count_), referenceVoltage_},
                   [&stop] { return stop.Requested(); });
     const ReadingEnd end = reading.conditions.outcome;
-    PrintWarnings(
-        TextsOf(WarningsAbout(ToDoubles(reading.codes), reading.conditions, reading.overRange)),
-        context.streams.err);
+    const std::vector<BlockWarning> warnings =
+        WarningsAbout(ToDoubles(reading.codes), reading.conditions, reading.overRange);
+    PrintWarnings(TextsOf(warnings), context.streams.err);
     if (reading.codes.empty()) {
         context.streams.err << "Nothing was written to " << writer.Name() << std::endl;
         return ExitCodeOf(end, stop.Requested());
     }
-    const std::string place =
-        Save(TextOf(reading, services.boardLabel), end, force_, writer, context.streams.err);
+    const std::string place = Save(TextOf(reading, warnings, services.boardLabel), end, force_,
+                                   writer, context.streams.err);
     context.streams.err << "Wrote "
                         << CountText(static_cast<std::int64_t>(reading.codes.size()), "code")
                         << " to " << place << std::endl;

@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 #include "app/StartUp.h"
 #include "cli/board/BlockReading.h"
@@ -26,7 +28,8 @@ class ReadCommand final : public Command {
     void AddFormatOptions();
     void RefuseToReplace(const CodeWriter& writer) const;
     bool WritesConditions(const CodeWriter& writer) const;
-    std::string TextOf(const BlockReading& reading, std::string_view board) const;
+    std::string TextOf(const BlockReading& reading, std::span<const BlockWarning> warnings,
+                       std::string_view board) const;
 
     Converter converter_ = Converter::Main;
     std::int64_t count_ = DefaultCount;

@@ -56,6 +56,8 @@ std::string SpectrumCommand::Report(std::ostream& err) const {
         .trend = trend_,
         .spectrum = ComputeSpectrum(ToDoubles(block.codes), KnownRate(block),
                                     SegmentFor(block.codes.size()), trend_),
+        .warnings = block.warnings,
+        .reading = block.reading,
     };
     switch (format_) {
         case ReportFormat::Csv:

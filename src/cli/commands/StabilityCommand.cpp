@@ -40,6 +40,8 @@ std::string StabilityCommand::Report(std::ostream& err) const {
         .count = block.codes.size(),
         .rate = KnownRate(block),
         .points = AllanDeviation(ToDoubles(block.codes), factors_),
+        .warnings = block.warnings,
+        .reading = block.reading,
     };
     switch (format_) {
         case ReportFormat::Csv:

@@ -6,6 +6,7 @@
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
+#include "cli/reports/ReportedConditions.h"
 #include "files/ConditionsFile.h"
 #include "numbers/NumberText.h"
 
@@ -40,6 +41,7 @@ std::string BlockJson(const ReadBlockReport& block) {
         {"count", static_cast<qint64>(block.codes.size())},
         {"end", OutcomeName(block.conditions.outcome)},
         {"conditions", ConditionsObject(block.conditions)},
+        {"warnings", WarningsValue(block.warnings)},
         {"values", values},
     });
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 
 namespace vx3260 {
@@ -16,6 +17,7 @@ struct ReadBlockReport {
     ConversionConditions conversion;
     const BlockConditions& conditions;  ///< with a time for each code
     std::span<const std::int32_t> codes;
+    std::span<const BlockWarning> warnings;
 };
 
 /// A line of column names, then index, from 1 on, time_s, code and volts of each code. A time has

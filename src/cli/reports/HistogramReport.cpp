@@ -77,10 +77,12 @@ Columns ColumnsFor(const FileHistogram& counted, std::size_t width) {
     return columns;
 }
 
+/// The bin of the result that is nearest to the mean.
 std::size_t MeanBin(const FileHistogram& counted) {
     const Histogram& histogram = counted.histogram;
-    const auto mean = static_cast<std::int64_t>(std::llround(counted.figures.exact.mean));
-    return static_cast<std::size_t>((mean - histogram.firstCode) / histogram.binWidth);
+    const std::int64_t nearest =
+        std::llround(counted.figures.exact.mean / histogram.step) * histogram.step;
+    return static_cast<std::size_t>((nearest - histogram.firstCode) / histogram.binWidth);
 }
 
 std::string Line(const FileHistogram& counted, const Columns& columns, std::size_t bin) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/reports/NoiseReport.h"
 
-#include <QJsonArray>
 #include <algorithm>
 #include <optional>
 
@@ -10,7 +9,7 @@
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
-#include "files/ConditionsFile.h"
+#include "cli/reports/ReportedConditions.h"
 #include "numbers/Columns.h"
 
 namespace vx3260 {
@@ -150,19 +149,6 @@ QJsonObject ValuesOf(const NoiseAnalysis& analysis) {
     return values;
 }
 
-QJsonArray ListOf(std::span<const BlockWarning> warnings) {
-    QJsonArray list;
-    for (const BlockWarning& warning : warnings) {
-        QJsonObject object{{"kind", QString::fromUtf8(NameOf(warning.kind))},
-                           {"text", QString::fromStdString(warning.text)}};
-        if (warning.count) {
-            object["count"] = static_cast<qint64>(*warning.count);
-        }
-        list.append(object);
-    }
-    return list;
-}
-
 }  // namespace
 
 std::string NoiseText(const NoiseReportContents& contents) {
@@ -187,9 +173,8 @@ std::string NoiseJson(const NoiseReportContents& contents) {
         {"converter", QString::fromUtf8(CommandLineName(analysis.own.converter))},
         {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
-        {"warnings", ListOf(contents.warnings)},
-        {"conditions",
-         contents.reading ? QJsonValue(ConditionsObject(*contents.reading)) : QJsonValue()},
+        {"warnings", WarningsValue(contents.warnings)},
+        {"conditions", ReadingValue(contents.reading)},
     });
 }
 

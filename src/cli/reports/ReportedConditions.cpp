@@ -3,6 +3,7 @@
 
 #include "cli/reports/ConditionValues.h"
 #include "cli/reports/ConverterName.h"
+#include "files/ConditionsFile.h"
 
 namespace vx3260 {
 
@@ -20,6 +21,23 @@ QJsonObject ConditionsObject(const ConversionConditions& conditions) {
         {"codeVolts", values.lsbVolts},
         {"codesPerLsb", conditions.codeStep},
     };
+}
+
+QJsonValue ReadingValue(const std::optional<BlockConditions>& reading) {
+    return reading ? QJsonValue(ConditionsObject(*reading)) : QJsonValue();
+}
+
+QJsonArray WarningsValue(std::span<const BlockWarning> warnings) {
+    QJsonArray list;
+    for (const BlockWarning& warning : warnings) {
+        QJsonObject object{{"kind", QString::fromUtf8(NameOf(warning.kind))},
+                           {"text", QString::fromStdString(warning.text)}};
+        if (warning.count) {
+            object["count"] = static_cast<qint64>(*warning.count);
+        }
+        list.append(object);
+    }
+    return list;
 }
 
 }  // namespace vx3260

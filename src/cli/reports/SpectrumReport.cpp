@@ -150,6 +150,8 @@ std::string SpectrumJson(const FileSpectrum& analysed) {
     object["integratedNoiseLsb"] = defined ? QJsonValue(noise * scale.lsb) : QJsonValue();
     object["mains"] = defined ? MainsValues(spectrum, scale) : QJsonArray();
     object["values"] = DensityValues(spectrum, scale);
+    object["warnings"] = WarningsValue(analysed.warnings);
+    object["conditions"] = ReadingValue(analysed.reading);
     return JsonText(object);
 }
 

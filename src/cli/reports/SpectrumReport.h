@@ -2,10 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 #include "analysis/Spectrum.h"
+#include "link/BlockConditions.h"
 
 namespace vx3260 {
 
@@ -16,6 +20,8 @@ struct FileSpectrum {
     std::size_t count;  ///< codes of the file
     Trend trend;
     Spectrum spectrum;
+    std::vector<BlockWarning> warnings{};
+    std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
 };
 
 /// What was averaged, the integrated noise, the mains, and a line for each octave of frequencies

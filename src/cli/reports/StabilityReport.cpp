@@ -90,6 +90,8 @@ std::string StabilityJson(const FileStability& analysed) {
                                  ? QJsonValue()
                                  : QJsonValue(MinimumOf(analysed).deviation * scale.volts);
     object["values"] = values;
+    object["warnings"] = WarningsValue(analysed.warnings);
+    object["conditions"] = ReadingValue(analysed.reading);
     return JsonText(object);
 }
 

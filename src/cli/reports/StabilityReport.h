@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "analysis/BlockWarnings.h"
 #include "analysis/ConversionConditions.h"
 #include "analysis/Stability.h"
+#include "link/BlockConditions.h"
 
 namespace vx3260 {
 
@@ -17,6 +20,8 @@ struct FileStability {
     std::size_t count;  ///< codes of the file
     double rate;        ///< readings per second, Hz
     std::vector<AllanPoint> points;
+    std::vector<BlockWarning> warnings{};
+    std::optional<BlockConditions> reading{};  ///< how it was read; empty where unknown
 };
 
 /// The time at which the deviation is smallest, and a line for each averaging time.

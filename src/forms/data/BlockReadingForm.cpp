@@ -87,6 +87,7 @@ void BlockReadingForm::ShowWarningsOfBlock() {
     const BlockConditions& conditions = State().ConditionsOf(converter_).value();
     if (conditions.outcome != ReadingEnd::TimedOut) {
         ShowWarnings(controls_.warnings, TextsOf(WarningsAbout(Block().Codes(), conditions)));
+        GrowToTexts();
     }
 }
 

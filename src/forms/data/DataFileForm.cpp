@@ -133,6 +133,7 @@ QString DataFileForm::Run() {
     try {
         ui_->ResultLabel->setText(Process(Path()));
         ui_->ResultLabel->setToolTip(ui_->ResultLabel->text());
+        GrowToTexts();
         ShowCounts();
     } catch (const std::runtime_error& error) {
         ShowFailure(error, traits_.failureDetail);

@@ -349,7 +349,7 @@ AnalysedBlock NoiseWithMains(double rate = 19.8) {
         block.codes[i] += 100 * std::sin(2 * std::numbers::pi * 50 / rate * static_cast<double>(i));
     }
     block.analysis = AnalyseNoise(block.codes, MainRange());
-    block.interval = 1 / rate;
+    block.reading = BlockConditions{.meanInterval = 1 / rate};
     return block;
 }
 

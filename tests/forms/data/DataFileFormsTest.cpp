@@ -67,6 +67,19 @@ TEST_F(DataFileFormsTest, KeepTheirWidthWithALongPath) {
     EXPECT_EQ(Find<QLabel>(*form, "ResultLabel").textFormat(), Qt::PlainText);
 }
 
+TEST_F(DataFileFormsTest, GrowToShowAllWarnings) {
+    Open<ReadFileForm>();
+    auto& result = Find<QLabel>(*form, "ResultLabel");
+    std::string codes;
+    for (int i = 0; i < 100; ++i) {
+        codes += i < 50 ? "0\n" : "9000000\n";
+    }
+    Do(folder.Make("clipped.dat", codes));
+    QCoreApplication::processEvents();
+    EXPECT_GE(result.height(), result.heightForWidth(result.width()))
+        << result.text().toStdString();
+}
+
 TEST_F(DataFileFormsTest, RememberTheLastChoiceAndAskAboutTheOtherNotation) {
     DataFileChoice choice;
     bench->Fill(Converter::Main, {1});
