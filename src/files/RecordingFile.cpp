@@ -148,12 +148,14 @@ void RecordingFile::Open(bool append) {
     lastSync_ = clock_();
 }
 
-void RecordingFile::WriteHead() {
-    for (const std::string& comment : comments_) {
-        buffer_ += "# " + comment + "\n";
-    }
+/// The columns come first: numpy.genfromtxt takes the names from the first line, comment or not.
+void RecordingFile::WriteHead(const std::string& gap) {
     if (!continues_ || columnsThere_.empty()) {
         buffer_ += columns_ + "\n";
+    }
+    buffer_ += gap;
+    for (const std::string& comment : comments_) {
+        buffer_ += "# " + comment + "\n";
     }
     Write();
 }
@@ -168,17 +170,18 @@ std::int64_t RecordingFile::Begin(std::vector<std::string> comments, std::string
     }
     Open(continues_);
     std::int64_t cut = 0;
+    std::string gapLine;
     if (continues_) {
         cut = file_->size() - wholeLines_;
         if ((cut > 0 && !file_->resize(wholeLines_)) || !file_->seek(wholeLines_)) {
             ThrowCannot("write", path_, *file_);
         }
-        buffer_ =
+        gapLine =
             "# gap: " + gap +
             (cut > 0 ? "; " + std::to_string(cut) + " bytes of a torn line were cut off" : "") +
             "\n";
     }
-    WriteHead();
+    WriteHead(gapLine);
     continues_ = false;
     return cut;
 }
@@ -264,7 +267,7 @@ void RecordingFile::BeginNext() {
     const bool moved = !place_.numbered && !FileExists(place_.path);
     path_ = moved ? place_.path : NextPath();
     Open(false);
-    WriteHead();
+    WriteHead({});
 }
 
 void RecordingFile::Close() {

@@ -32,7 +32,7 @@ struct RecordedMoment {
     double elapsed;  ///< seconds
 };
 
-/// Writes lines into a file as they come, a head of comments and a line of columns first. Every
+/// Writes lines into a file as they come, a line of columns and a head of comments first. Every
 /// write ends with a whole line; a process that is killed leaves a torn one only where the system
 /// ended a write in the middle.
 ///
@@ -56,7 +56,7 @@ class RecordingFile {
     /// The last line of the recording that is appended to; empty where there is none.
     const std::optional<RecordedMoment>& LastMoment() const { return lastMoment_; }
 
-    /// Opens the file and writes its head: `comments`, a line each, and the column line. In a
+    /// Opens the file and writes the column line and `comments`, a line each. In a
     /// recording that is appended to, a torn last line is cut off, `gap` is a comment in front and
     /// the columns are there. Returns how many bytes were cut. Throws FileAccessError, also for a
     /// file with other columns, which stays as it is.
@@ -93,7 +93,7 @@ class RecordingFile {
     void FindLastFile();
     void ReadLastMoment();
     void Open(bool append);
-    void WriteHead();
+    void WriteHead(const std::string& gap);
     void Write();
     void EndTornLine(std::string_view rest);
     void WaitForSync();

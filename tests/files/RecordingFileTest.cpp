@@ -11,7 +11,7 @@ namespace vx3260::test {
 namespace {
 
 const std::string columns = "utc,elapsed_s,converter,code,volts";
-const std::string head = "# VX\n" + columns + "\n";
+const std::string head = columns + "\n# VX\n";
 const std::string line = "2026-11-22T08:00:00.250Z,1.5,main,8388608,0";
 
 struct RecordingFileTest : testing::Test {
@@ -59,7 +59,7 @@ TEST_F(RecordingFileTest, AppendCutsATornLineAndRefusesOtherColumns) {
          head + line + "\n# gap: g; 7 bytes of a torn line were cut off\n# VX\n", 7, true},
         {head + line + "\n" + comments + "\n", head + line + "\n" + comments + "\n# gap: g\n# VX\n",
          0, true},
-        {"# VX\nutc,el", "# VX\n# gap: g; 6 bytes of a torn line were cut off\n" + head, 6, false},
+        {"utc,el", columns + "\n# gap: g; 6 bytes of a torn line were cut off\n# VX\n", 6, false},
         {head, head + "# gap: g\n# VX\n", 0, false},
     };
     for (const Case& each : cases) {
