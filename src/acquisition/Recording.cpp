@@ -99,7 +99,11 @@ bool RecordingRun::ReadConversion() {
     return true;
 }
 
+/// A conversion that ends after the recording's end is not part of it.
 void RecordingRun::Accept(std::int32_t code) {
+    if (AtEnd()) {
+        return;
+    }
     PassHeld();
     held_.emplace(HeldConversion{Now(), {{plan_.converters.front(), code}}});
     if (plan_.converters.size() > 1) {
