@@ -97,7 +97,7 @@ std::string RecordingFile::NumberedPath(int number) const {
                          QStringLiteral("-%1").arg(number, digits, decimal, QLatin1Char('0')) +
                          suffix;
     const bool plain = info.path() == QLatin1String(".") && !place_.path.starts_with("./");
-    return (plain ? name : info.dir().filePath(name)).toStdString();
+    return QDir::toNativeSeparators(plain ? name : info.dir().filePath(name)).toStdString();
 }
 
 /// A recording without numbers has later files with some, after a SIGHUP.
