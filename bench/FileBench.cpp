@@ -8,7 +8,9 @@
 #include <memory>
 #include <stdexcept>
 
+#include "acquisition/RecordingLines.h"
 #include "files/CodeFile.h"
+#include "files/RecordingFile.h"
 
 // Loading and saving the largest block, beside the bare conversion of the same bytes in memory and
 // beside that with plain input and output of a file. Saving a file as a whole means that it is on
@@ -150,6 +152,24 @@ void SavePlain(benchmark::State& state) {
         Check(std::rename(temporary.c_str(), file.path.c_str()) == 0);
     }
 }
+
+/// From codes to a file: items a second are lines a second.
+void RecordLines(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const RecordingLines lines({MainConditions(2.5F, 7, Polarity::Bipolar)}, std::nullopt);
+    RecordingFile file({folder.filePath(QStringLiteral("record.csv")).toStdString()});
+    file.Begin({}, lines.CodeColumns(), "");
+    RecordingMoment moment{UtcTime(std::chrono::milliseconds(1700000000000)), 0};
+    for (auto _ : state) {
+        moment.utc += std::chrono::milliseconds(10);
+        moment.elapsed += 0.01;
+        file.Line(lines.Line(moment, {Converter::Main, 8388608}));
+        file.Tick();
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
+BENCHMARK(RecordLines)->UseRealTime();
 
 void InBothNotations(benchmark::internal::Benchmark* benchmark) {
     benchmark->ArgName("hex")->Arg(decimal)->Arg(hexadecimal)->Unit(benchmark::kMicrosecond);

@@ -33,10 +33,16 @@ class ConverterReader {
     /// The next code, or ReadTimeout. A time-out of the other converter is ignored.
     std::int32_t ReadCode();
 
+    /// After a ReadCode with a time-out, clocks out the rest of the word that the chip waits for,
+    /// so that it takes the next access for what it is.
+    void CompleteWord();
+
     /// The other converter's code of the last ReadCode.
     std::int32_t CodeAlongside() const { return codeAlongside_; }
 
   private:
+    ParallelPort& parallelPort_;
+    const std::int16_t& portAddress_;
     Converter converter_;
     ReadData data_;
     ReadData otherData_;
@@ -45,6 +51,7 @@ class ConverterReader {
     std::int32_t mainControlValue_ = 0;
     std::int32_t auxControlValue_ = 0;
     std::int32_t codeAlongside_ = 0;
+    std::int32_t code_ = 0;  ///< of the last ReadCode
 };
 
 }  // namespace vx3260

@@ -15,6 +15,7 @@
 #include <ostream>
 #include <system_error>
 
+#include "files/FileFailure.h"
 #include "files/FileSystem.h"
 
 namespace vx3260 {
@@ -24,25 +25,6 @@ constexpr const char* standardInputName = "standard input";
 
 /// 128 bytes for each of the lines that a block can have.
 constexpr std::size_t maxBytesOfCodes = (MaxCodesInBlock + 1) * 128;
-
-[[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
-                              const std::string& reason) {
-    throw FileAccessError("cannot " + std::string(what) + " " + std::string(name) + ": " + reason);
-}
-
-/// Qt drops the reason when a file cannot be given its name; errno still holds it.
-std::string ReasonOf(const QFileDevice& file) {
-    const int error = errno;
-    const bool forgotten =
-        file.error() == QFileDevice::NoError || file.error() == QFileDevice::UnspecifiedError;
-    return forgotten && error != 0 ? std::generic_category().message(error)
-                                   : file.errorString().toStdString();
-}
-
-[[noreturn]] void ThrowCannot(std::string_view what, std::string_view name,
-                              const QFileDevice& file) {
-    ThrowCannot(what, name, ReasonOf(file));
-}
 
 /// The reported size is only a hint: it is 0 for a pipe, and a file may grow.
 std::size_t ChunkSize(const QFile& file, std::size_t maxBytes) {

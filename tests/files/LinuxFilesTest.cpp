@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "files/CodeFile.h"
+#include "files/RecordingFile.h"
 #include "support/Errors.h"
 #include "support/Folder.h"
 
@@ -111,6 +112,25 @@ TEST(LinuxFiles, ForbiddenFilesAreReported) {
     std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &limit);
     EndWithErrorOf(action);
+}
+
+TEST(LinuxFiles, FullDiskLeavesWholeLinesOfARecording) {
+    const Folder folder;
+    const std::string path = folder.Path("record.csv");
+    EXPECT_EXIT(TryOnFullDisk([&] {
+                    RecordingFile file({path});
+                    file.Begin({"VX"}, "a,b", "");
+                    for (int i = 0; i < 30; ++i) {
+                        file.Line("123456");
+                        file.Comment("note");
+                    }
+                }),
+                testing::ExitedWithCode(EXIT_SUCCESS),
+                "^cannot write .*record.csv: .*; the lines before are in the file");
+    const std::string bytes = folder.Bytes("record.csv");
+    EXPECT_TRUE(bytes.starts_with("a,b\n# VX\n123456\n# note\n"));
+    EXPECT_EQ(bytes.back(), '\n');
+    EXPECT_GT(bytes.size(), 85U);
 }
 
 TEST(LinuxFiles, FullDiskLeavesTheOldFile) {

@@ -26,17 +26,6 @@ namespace {
                            ". Check the cable and the board's power.");
 }
 
-void RequireEnabled(Services& services, const ConverterReader& reader, Converter converter) {
-    if (reader.Enabled()) {
-        return;
-    }
-    RequireAnswer(
-        services,
-        {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
-        NothingWritten);
-    throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
-}
-
 ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
                             const CliStreams& streams, ConditionsRecorder& recorder,
                             const std::function<bool()>& stopRequested) {
@@ -105,6 +94,17 @@ void EnsureContinuousConversion(Services& services, std::ostream& err) {
     }
     err << "The chip was not in Continuous Conversion Mode: mode register changed from "
         << PrefixedHex(before) << " to " << PrefixedHex(write.wanted) << std::endl;
+}
+
+void RequireEnabled(Services& services, const ConverterReader& reader, Converter converter) {
+    if (reader.Enabled()) {
+        return;
+    }
+    RequireAnswer(
+        services,
+        {RegisterMap::DescriptionOf(TraitsOf(converter).control), reader.Control(converter)},
+        NothingWritten);
+    throw CommandError(ExitCode::ConverterDisabled, MessageTexts::ConverterDisabled(converter));
 }
 
 BlockReading ReadCodes(Services& services, const CliStreams& streams, const BlockRequest& request,

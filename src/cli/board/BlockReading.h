@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "acquisition/ConverterReader.h"
 #include "acquisition/Reading.h"
 #include "cli/board/BoardSession.h"
 #include "link/BlockConditions.h"
@@ -18,6 +19,9 @@ namespace vx3260 {
 /// Puts the chip into continuous conversion where it is not, and says so on `err`. Throws
 /// CommandError when the mode register does not read back as written: no board answers.
 void EnsureContinuousConversion(Services& services, std::ostream& err);
+
+/// Throws CommandError when the converter is disabled, by what the reader's ReadControls found.
+void RequireEnabled(Services& services, const ConverterReader& reader, Converter converter);
 
 /// The outcome of reading a block.
 struct BlockReading {

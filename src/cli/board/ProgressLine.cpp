@@ -48,20 +48,39 @@ void ProgressLine::Clear() {
     drawn_ = 0;
 }
 
-void ProgressLine::Show(int done) {
+bool ProgressLine::IsDue() {
     constexpr std::chrono::milliseconds interval{100};
     const auto now = clock_();
     if (width_ == 0 || now < nextDrawing_) {
-        return;
+        return false;
     }
     nextDrawing_ = now + interval;
-    // The cursor behind the last column would begin a new line.
-    const std::size_t room = width_ - std::min(width_, echo.size() + 1);
-    const std::string text = ProgressText(done, total_, now - start_).substr(0, room);
-    const std::string line = Bar(done, total_, room - text.size()) + text;
+    return true;
+}
+
+/// The cursor behind the last column would begin a new line.
+std::size_t ProgressLine::Room() const {
+    return width_ - std::min(width_, echo.size() + 1);
+}
+
+void ProgressLine::Draw(const std::string& line) {
     const std::size_t rest = drawn_ - std::min(drawn_, line.size());
     drawn_ = line.size();
     terminal_ << '\r' << line << std::string(rest, ' ') << std::flush;
+}
+
+void ProgressLine::Show(int done) {
+    if (!IsDue()) {
+        return;
+    }
+    const std::string text = ProgressText(done, total_, clock_() - start_).substr(0, Room());
+    Draw(Bar(done, total_, Room() - text.size()) + text);
+}
+
+void ProgressLine::Show(const std::function<std::string()>& text) {
+    if (IsDue()) {
+        Draw(text().substr(0, Room()));
+    }
 }
 
 }  // namespace vx3260

@@ -25,10 +25,17 @@ class ProgressLine {
     /// Draws the line, at most ten times a second.
     void Show(int done);
 
+    /// The same for work without a known end: the text alone, made where it is drawn.
+    void Show(const std::function<std::string()>& text);
+
     /// Clears the line, for a text in its place; the next Show draws it again.
     void Clear();
 
   private:
+    bool IsDue();
+    std::size_t Room() const;
+    void Draw(const std::string& line);
+
     std::ostream& terminal_;
     int total_;
     std::size_t width_;

@@ -6,12 +6,15 @@
 
 namespace vx3260 {
 
+/// What SIGHUP, the signal of a closed terminal, requests.
+enum class HangUp { Stop, NewFile };
+
 /// While an object exists, SIGINT (Ctrl+C), SIGTERM and SIGHUP request a stop instead of ending the
-/// process; a second SIGINT or SIGTERM ends it. Signals ignored at process start (nohup) stay
-/// ignored. One object at a time.
+/// process, or SIGHUP a new file; a second SIGINT or SIGTERM ends it. Signals ignored at process
+/// start (nohup) stay ignored. One object at a time.
 class StopSignal {
   public:
-    StopSignal();
+    explicit StopSignal(HangUp hangUp = HangUp::Stop);
     ~StopSignal();
     StopSignal(const StopSignal&) = delete;
     StopSignal(StopSignal&&) = delete;
@@ -19,6 +22,9 @@ class StopSignal {
     StopSignal& operator=(StopSignal&&) = delete;
 
     bool Requested() const;
+
+    /// Whether SIGHUP has requested a new file since the last call.
+    bool NewFileRequested();
 
     /// How many signals there are; Windows has no SIGHUP.
 #if defined(_WIN32)

@@ -13,6 +13,7 @@
 #include "cli/commands/NoiseCommand.h"
 #include "cli/commands/PortsCommand.h"
 #include "cli/commands/ReadCommand.h"
+#include "cli/commands/RecordCommand.h"
 #include "cli/commands/RegistersCommand.h"
 #include "cli/commands/ReportCommand.h"
 #include "cli/commands/ResetCommand.h"
@@ -66,6 +67,7 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<CalibrateCommand>(parser));
     Add(std::make_unique<ResetCommand>(parser));
     Add(std::make_unique<ReadCommand>(parser));
+    Add(std::make_unique<RecordCommand>(parser));
     Add(std::make_unique<NoiseCommand>(parser));
     Add(std::make_unique<HistogramCommand>(parser));
     Add(std::make_unique<SpectrumCommand>(parser));

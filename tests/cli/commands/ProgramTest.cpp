@@ -68,6 +68,31 @@ class Program : public testing::Test {
     std::string err;
 };
 
+TEST_F(Program, SignalsEndARecordingAndBeginNewFiles) {
+    const auto waitFor = [this](const std::string& text) {
+        process.setReadChannel(QProcess::StandardError);
+        while (!Printed(text) && process.waitForReadyRead(-1)) {
+            err += process.readAllStandardError().toStdString();
+        }
+    };
+    for (const bool endless : {true, false}) {
+        err.clear();
+        const std::string path = folder.Path(endless ? "a.csv" : "b.csv");
+        QStringList words{"--simulated", "record", "main", "--output",
+                          QString::fromStdString(path)};
+        Start(endless ? words
+                      : words << "--duration"
+                              << "365d");
+        waitFor("Recording into " + path);
+        Send(SIGHUP);
+        waitFor("Recording into " + folder.Path(endless ? "a-002.csv" : "b-002.csv"));
+        Send(endless ? SIGINT : SIGTERM);
+        EXPECT_EQ(End(), endless ? ExitCode::Success : ExitCode::Interrupted) << err;
+        EXPECT_TRUE(Printed("Wrote ")) << err;
+        EXPECT_TRUE(folder.Bytes("a-002.csv").ends_with("\n"));
+    }
+}
+
 TEST_F(Program, SignalKeepsWhatWasRead) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         err.clear();

@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/Recording.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "acquisition/ConverterReader.h"
+#include "link/FilterRate.h"
+#include "link/RegisterLookup.h"
+#include "link/Reset.h"
+#include "link/Serial.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::chrono::seconds firstPause{1};
+constexpr std::chrono::seconds longestPause{60};
+
+/// A gap of more conversions than this between two readings is one with missed conversions.
+constexpr double longestGap = 1.5;
+
+struct HeldConversion {
+    RecordingMoment moment;
+    std::vector<RecordedCode> codes;
+};
+
+class RecordingRun {
+  public:
+    RecordingRun(Services& services, const RecordingPlan& plan, const Configuration& settings,
+                 const RecordingHooks& hooks);
+
+    RecordingEnd Run();
+
+  private:
+    RecordingMoment Now() const;
+    double ElapsedInRun() const { return Now().elapsed - plan_.elapsedBefore; }
+    bool StopRequested() const { return hooks_.stopRequested && hooks_.stopRequested(); }
+    bool AtEnd() const;
+    bool ReadConversion();
+    void Accept(std::int32_t code);
+    void CountMissed(double elapsed);
+    void PassHeld();
+    std::string SettingsThatDiffer() const;
+    std::string Recover();
+    void Pause();
+    void HandleTimeOut();
+    void AfterEach();
+    void Report(const std::string& text);
+
+    Services& services_;
+    const RecordingPlan& plan_;
+    const Configuration& settings_;
+    const RecordingHooks& hooks_;
+    ConverterReader reader_;
+    std::chrono::nanoseconds start_;
+    std::chrono::nanoseconds skipped_{};  ///< in pauses, beyond the board's clock
+    std::optional<double> interval_;      ///< seconds of a conversion
+    RecordingProgress progress_;
+    std::optional<HeldConversion> held_;
+    std::optional<double> lastElapsed_;  ///< of the conversion before, unless a time-out came since
+    std::optional<RecordingMoment> failingSince_;
+    std::int64_t failures_ = 0;  ///< time-outs since then
+    std::chrono::seconds nextPause_ = firstPause;
+};
+
+RecordingRun::RecordingRun(Services& services, const RecordingPlan& plan,
+                           const Configuration& settings, const RecordingHooks& hooks)
+    : services_(services),
+      plan_(plan),
+      settings_(settings),
+      hooks_(hooks),
+      reader_(services.port, services.state.PortAddress, plan.converters.front()),
+      start_(services.port.Now()) {
+    const std::optional<std::int32_t> word = SnapshotOf(settings).ValueOf(RegisterMap::Filter);
+    if (word && *word > 0) {
+        interval_ = 1 / UpdateRateOf(*word);
+    }
+}
+
+RecordingMoment RecordingRun::Now() const {
+    const std::chrono::nanoseconds sinceStart = services_.port.Now() - start_ + skipped_;
+    return {plan_.start + std::chrono::floor<std::chrono::milliseconds>(sinceStart),
+            plan_.elapsedBefore + std::chrono::duration<double>(sinceStart).count()};
+}
+
+bool RecordingRun::AtEnd() const {
+    return (plan_.count && progress_.conversions >= *plan_.count) ||
+           (plan_.duration && ElapsedInRun() >= *plan_.duration);
+}
+
+/// A time-out of the other converter leaves the interface out of step for this one as well.
+bool RecordingRun::ReadConversion() {
+    const std::int32_t code = reader_.ReadCode();
+    if (code == ReadTimeout || reader_.CodeAlongside() == ReadTimeout) {
+        return false;
+    }
+    Accept(code);
+    return true;
+}
+
+/// A conversion that ends after the recording's end is not part of it.
+void RecordingRun::Accept(std::int32_t code) {
+    if (AtEnd()) {
+        return;
+    }
+    PassHeld();
+    held_.emplace(HeldConversion{Now(), {{plan_.converters.front(), code}}});
+    if (plan_.converters.size() > 1) {
+        held_->codes.push_back({plan_.converters.back(), reader_.CodeAlongside()});
+    }
+    ++progress_.conversions;
+    CountMissed(held_->moment.elapsed);
+}
+
+void RecordingRun::CountMissed(double elapsed) {
+    if (lastElapsed_ && interval_) {
+        const double conversions = (elapsed - *lastElapsed_) / *interval_;
+        progress_.missed += conversions > longestGap ? std::llround(conversions) - 1 : 0;
+    }
+    lastElapsed_ = elapsed;
+}
+
+void RecordingRun::PassHeld() {
+    if (held_) {
+        hooks_.conversion(held_->moment, held_->codes);
+        held_.reset();
+    }
+}
+
+/// Why the settings are not those that the recording began with; empty where they are.
+std::string RecordingRun::SettingsThatDiffer() const {
+    std::string names;
+    std::size_t count = 0;
+    const Configuration present = ReadConfiguration(services_.port, services_.state.PortAddress);
+    for (std::size_t i = 0; i < present.size(); ++i) {
+        const auto& [description, wanted] = settings_[i];
+        if (((wanted ^ present[i].value) & ComparableBits(description, wanted)) != 0) {
+            names += (names.empty() ? "" : ", ") + std::string(description.name);
+            ++count;
+        }
+    }
+    if (count == present.size()) {
+        return "the board does not answer";
+    }
+    return names.empty() ? "" : "these registers do not hold the settings any more: " + names;
+}
+
+/// Returns why no conversion can be recorded; empty where one can.
+std::string RecordingRun::Recover() {
+    reader_.CompleteWord();
+    if (plan_.resetOnTimeout) {
+        SoftwareReset(services_.port, services_.state.PortAddress);
+        RestoreConfiguration(services_.port, services_.state.PortAddress, settings_);
+    }
+    return SettingsThatDiffer();
+}
+
+void RecordingRun::Report(const std::string& text) {
+    if (hooks_.report) {
+        hooks_.report(Now(), text);
+    }
+}
+
+void RecordingRun::Pause() {
+    const std::chrono::nanoseconds end = services_.port.Now() + nextPause_;
+    if (hooks_.pause) {
+        hooks_.pause(nextPause_);
+    }
+    if (!StopRequested()) {
+        skipped_ += std::max(std::chrono::nanoseconds(0), end - services_.port.Now());
+    }
+    nextPause_ = std::min(nextPause_ * 2, longestPause);
+}
+
+void RecordingRun::HandleTimeOut() {
+    ++progress_.timeOuts;
+    ++failures_;
+    lastElapsed_.reset();
+    const std::string reason = Recover();
+    if (!failingSince_) {
+        failingSince_ = Now();
+        if (reason.empty()) {
+            PassHeld();
+        }
+        progress_.conversions -= held_ ? 1 : 0;
+        Report("time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
+               (held_ ? "; the last code was discarded" : "") + "; trying again");
+        held_.reset();
+    }
+    AfterEach();
+    bool recovered = reason.empty();
+    do {
+        Pause();
+        recovered = recovered || AtEnd() || StopRequested() || Recover().empty();
+        if (!recovered) {
+            ++progress_.timeOuts;
+            ++failures_;
+            AfterEach();
+        }
+    } while (!recovered);
+}
+
+void RecordingRun::AfterEach() {
+    progress_.moment = Now();
+    if (hooks_.afterEach) {
+        hooks_.afterEach(progress_);
+    }
+}
+
+RecordingEnd RecordingRun::Run() {
+    reader_.ReadControls();
+    while (!AtEnd() && !StopRequested()) {
+        if (!ReadConversion()) {
+            HandleTimeOut();
+            continue;
+        }
+        if (failingSince_) {
+            const double seconds = Now().elapsed - failingSince_->elapsed;
+            Report("readings again after " + CountText(failures_, "time-out") + ", " +
+                   FixedText(seconds, 1) + " s" +
+                   (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
+            failingSince_.reset();
+            failures_ = 0;
+            nextPause_ = firstPause;
+        }
+        AfterEach();
+    }
+    const bool stopped = !AtEnd();
+    if (const std::string reason = held_ ? SettingsThatDiffer() : ""; !reason.empty()) {
+        --progress_.conversions;
+        held_.reset();
+        Report(reason + "; the last code was discarded");
+    }
+    PassHeld();
+    AfterEach();
+    return stopped ? RecordingEnd::Stopped : RecordingEnd::Complete;
+}
+
+}  // namespace
+
+RecordingEnd Record(Services& services, const RecordingPlan& plan, const Configuration& settings,
+                    const RecordingHooks& hooks) {
+    return RecordingRun(services, plan, settings, hooks).Run();
+}
+
+}  // namespace vx3260
