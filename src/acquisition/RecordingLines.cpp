@@ -35,7 +35,7 @@ std::string IsoTimeText(UtcTime time) {
     return text + fraction + "Z";
 }
 
-RecordingLines::RecordingLines(std::vector<ConversionConditions> conditions,
+RecordingLines::RecordingLines(const std::vector<ConversionConditions>& conditions,
                                std::optional<float> sensorSlope)
     : sensorSlope_(sensorSlope) {
     for (const ConversionConditions& each : conditions) {

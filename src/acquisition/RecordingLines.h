@@ -19,7 +19,8 @@ class RecordingLines {
   public:
     /// The conditions of the recorded converters. `sensorSlope`, in millivolts per kelvin, is
     /// given where the aux converter reads the temperature sensor.
-    RecordingLines(std::vector<ConversionConditions> conditions, std::optional<float> sensorSlope);
+    RecordingLines(const std::vector<ConversionConditions>& conditions,
+                   std::optional<float> sensorSlope);
 
     std::string CodeColumns() const;
     std::string IntervalColumns() const;
