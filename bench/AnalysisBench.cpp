@@ -14,14 +14,14 @@
 namespace vx3260::bench {
 namespace {
 
-constexpr std::size_t readings = 32767;
+constexpr std::size_t largestBlock = 32767;
 
 std::vector<double> NoisyCodes() {
     constexpr double mean = 8438977;
     constexpr double sigma = 12;
     std::mt19937 source(1);
     std::normal_distribution<double> normal(mean, sigma);
-    std::vector<double> codes(readings);
+    std::vector<double> codes(largestBlock);
     for (double& code : codes) {
         code = std::nearbyint(normal(source));
     }

@@ -14,12 +14,12 @@
 namespace vx3260 {
 namespace {
 
-constexpr double width = 720;
-constexpr double height = 360;
-constexpr double left = 80;
-constexpr double right = 110;
-constexpr double top = 16;
-constexpr double bottom = 48;
+constexpr double pictureWidth = 720;
+constexpr double pictureHeight = 360;
+constexpr double leftMargin = 80;
+constexpr double rightMargin = 110;
+constexpr double topMargin = 16;
+constexpr double bottomMargin = 48;
 constexpr int maxTicks = 9;
 
 /// Distinguishable with every kind of colour vision (Okabe and Ito); eight ranges have one each.
@@ -45,11 +45,11 @@ struct Axis {
 };
 
 Axis Horizontal(const AxisRange& range, bool logarithmic) {
-    return {range, logarithmic, left, width - right};
+    return {range, logarithmic, leftMargin, pictureWidth - rightMargin};
 }
 
 Axis Vertical(const AxisRange& range, bool logarithmic) {
-    return {range, logarithmic, height - bottom, top};
+    return {range, logarithmic, pictureHeight - bottomMargin, topMargin};
 }
 
 std::string Line(double x1, double y1, double x2, double y2, const std::string& style) {
@@ -89,14 +89,15 @@ std::string Grid(const Axis& x, const Axis& y, const std::function<std::string(d
 
 std::string Titles(const std::string& x, const std::string& y) {
     constexpr double margin = 8;
-    const double middle = (top + height - bottom) / 2;
-    return Text((left + width - right) / 2, height - margin, "middle", x) +
+    const double middle = (topMargin + pictureHeight - bottomMargin) / 2;
+    return Text((leftMargin + pictureWidth - rightMargin) / 2, pictureHeight - margin, "middle",
+                x) +
            Text(0, 0, "middle", y,
                 "transform=\"translate(14 " + Number(middle) + ") rotate(-90)\"");
 }
 
 std::string Svg(const std::string& content, const std::string& label) {
-    return "<svg viewBox=\"0 0 " + Number(width) + " " + Number(height) +
+    return "<svg viewBox=\"0 0 " + Number(pictureWidth) + " " + Number(pictureHeight) +
            "\" role=\"img\" aria-label=\"" + Escaped(label) + "\">\n" + content + "</svg>\n";
 }
 
@@ -159,9 +160,9 @@ std::string Legend(const std::vector<ChartSeries>& series) {
     constexpr double dash = 16;
     constexpr double gap = 12;
     std::string text;
-    double y = top + gap;
+    double y = topMargin + gap;
     for (std::size_t i = 0; i < series.size(); ++i, y += lineHeight) {
-        const double x = width - right + gap;
+        const double x = pictureWidth - rightMargin + gap;
         text += Line(x, y, x + dash, y,
                      "stroke-width=\"2\" stroke=\"" + std::string(colours.at(i % colours.size())) +
                          "\"") +

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/ReadAuxDataForm.h"
 
+#include "acquisition/Temperature.h"
 #include "analysis/NoiseStatistics.h"
 #include "analysis/forms/AuxNoiseForm.h"
 #include "link/RegisterMap.h"
@@ -10,13 +11,6 @@
 #include "ui_ReadAuxDataForm.h"
 
 namespace vx3260 {
-namespace {
-
-constexpr double millivoltsPerVolt = 1e3;
-constexpr double kelvinAtZeroCelsius = 273.15;
-
-}  // namespace
-
 ReadAuxDataForm::ReadAuxDataForm(Services& services, QWidget* parent)
     : BlockReadingForm(services, Converter::Aux, parent),
       ui_(std::make_unique<Ui::ReadAuxDataForm>()) {
@@ -59,9 +53,8 @@ void ReadAuxDataForm::ShowTemperature() {
     if (!measuredCode_) {
         return;
     }
-    const double millivolts =
-        Conditions(Converter::Aux).VoltsOf(*measuredCode_) * millivoltsPerVolt;
-    const double celsius = millivolts / State().TemperatureSlope - kelvinAtZeroCelsius;
+    const double volts = Conditions(Converter::Aux).VoltsOf(*measuredCode_);
+    const double celsius = CelsiusOf(volts, State().TemperatureSlope);
     ShowAtOnce(ui_->TemperatureText, FixedText(celsius, 2));
 }
 
