@@ -151,7 +151,7 @@ RecordingLines LinesFor(const Services& services, const Configuration& settings,
             slope = services.state.TemperatureSlope;
         }
     }
-    return {std::move(conditions), slope};
+    return {conditions, slope};
 }
 
 void CheckBoard(Services& services, const std::vector<Converter>& recorded, std::ostream& err) {
