@@ -30,23 +30,29 @@ incomplete fdatasync 1  1 disk  temporary 4
 incomplete fdatasync 1  2 disk  nowhere   7
 incomplete linkat    1 16 disk  temporary 4
 incomplete linkat    1 32 disk  nowhere   7
+conditions fdatasync 3  3 disk  replaced  7
+conditions linkat    3 40 disk  replaced  7
 '
 declare -A errors=([disk]='EIO ENOSPC EDQUOT' [other]='EINVAL EROFS EOPNOTSUPP')
 declare -A texts=([EIO]='Input/output error' [ENOSPC]='No space left on device'
     [EDQUOT]='Disk quota exceeded')
-declare -A commands=([complete]='--simulated' [incomplete]='--simulated --fault board-gone=60000')
+declare -A commands=([complete]='--simulated' [incomplete]='--simulated --fault board-gone=60000'
+    [conditions]='--simulated')
+# The conditions are saved after the codes, and only where that is what is tried.
+declare -A options=([complete]='--no-conditions' [incomplete]='--no-conditions' [conditions]='')
+declare -A failing=([complete]='old.dat' [incomplete]='old.dat' [conditions]='old.dat.json')
 
-# Read COMMAND OPTION...: under strace with these options, into the old file of new folders.
+# Read READING OPTION...: under strace with these options, into the old file of new folders.
 Read() {
     rm -rf "$data" "$temporary"
     mkdir "$data" "$temporary"
     echo old >"$data/old.dat"
     # shellcheck disable=SC2086 # words
-    TMPDIR=$temporary LC_ALL=C strace -o "$folder/trace" "${@:2}" "$program" $1 \
-        read main --output "$data/old.dat" --force 2>"$folder/err"
+    TMPDIR=$temporary LC_ALL=C strace -o "$folder/trace" "${@:2}" "$program" \
+        ${commands[$1]} read main --output "$data/old.dat" --force ${options[$1]} 2>"$folder/err"
 }
 
-# FirstWrite COMMAND: which of the program's writes is the first one for saving.
+# FirstWrite READING: which of the program's writes is the first one for saving.
 FirstWrite() {
     Read "$1" -y -e trace=write || true
     awk -v data="<$data/" '{ writes++ } index($0, data) { print writes; exit }' "$folder/trace"
@@ -62,7 +68,7 @@ Wrong() {
 Try() {
     local skipped=0 code=0 kept found pattern
     [ "$call" != write ] || skipped=$((firstWrite[$reading] - 1))
-    Read "${commands[$reading]}" -e trace="$call" \
+    Read "$reading" -e trace="$call" \
         -e inject="$call:error=$error:when=$((first + skipped))..$((last + skipped))" || code=$?
     tried=$((tried + 1))
     [ "$code" -eq "$expected" ] || Wrong "the exit code is $code"
@@ -78,7 +84,7 @@ Try() {
     [ "$place" = replaced ] || grep -qx old "$data/old.dat" || Wrong "the old file has changed"
     [ -z "$kept" ] || cmp -s "$kept" "$folder/$reading.dat" || Wrong "$kept has not the codes"
     [ -z "$kept" ] || grep -q " $kept\$" "$folder/err" || Wrong "$kept is not named"
-    [ "$code" -ne 7 ] || grep -q "cannot write $data/old.dat: ${texts[$error]:-}" "$folder/err" ||
+    [ "$code" -ne 7 ] || grep -q "cannot write $data/${failing[$reading]}: ${texts[$error]:-}" "$folder/err" ||
         Wrong "the message is another one"
 }
 
@@ -95,11 +101,11 @@ folder=$(mktemp -d "$PWD/build/failing-disk-XXXXXX")
 trap 'rm -r "$folder"' EXIT
 data=$folder/data temporary=$folder/temporary
 declare -A firstWrite
-for reading in complete incomplete; do
+for reading in complete incomplete conditions; do
     # shellcheck disable=SC2086 # words
     "$program" ${commands[$reading]} read main >"$folder/$reading.dat" 2>/dev/null ||
         true
-    firstWrite[$reading]=$(FirstWrite "${commands[$reading]}")
+    firstWrite[$reading]=$(FirstWrite "$reading")
 done
 tried=0 wrong=0
 while read -r reading call first last kind place expected; do
