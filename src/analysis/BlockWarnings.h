@@ -50,7 +50,7 @@ struct WarningContext {
 /// Outliers are farther from the median than 8 robust sigmas, 1.4826 x the median absolute
 /// deviation, of 10 codes or more. With less than 40 codes the limit is higher, up to 24 sigmas of
 /// 10: the median deviation of a few codes can be small by chance. Where rounding hides the median
-/// deviation, below 2 steps, sigma is no less than the 90 % deviation / 1.645, nor than
+/// deviation, below 2 steps, sigma is at least the 90 % deviation / 1.645 and at least
 /// step / sqrt(12).
 ///
 /// Drift is a difference of the halves' means that Student's t distribution allows once in 10^5

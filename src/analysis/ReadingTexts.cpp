@@ -69,14 +69,6 @@ std::string RateLine(const BlockConditions& reading) {
     return line;
 }
 
-std::string BoardText(const BoardName& board) {
-    std::string text = board.label.empty() ? "board on " + board.port : board.label;
-    for (const std::string& fault : board.faults) {
-        text += (&fault == &board.faults.front() ? " with " : ", ") + fault;
-    }
-    return text;
-}
-
 std::string_view OutcomeText(ReadingEnd outcome) {
     switch (outcome) {
         case ReadingEnd::TimedOut:
@@ -89,6 +81,14 @@ std::string_view OutcomeText(ReadingEnd outcome) {
 }
 
 }  // namespace
+
+std::string BoardText(const BoardName& board) {
+    std::string text = board.label.empty() ? "board on " + board.port : board.label;
+    for (const std::string& fault : board.faults) {
+        text += (&fault == &board.faults.front() ? " with " : ", ") + fault;
+    }
+    return text;
+}
 
 std::string TimeText(UtcTime time) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(time);

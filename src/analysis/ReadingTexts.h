@@ -23,6 +23,9 @@ std::string ChangeSinceReading(const ConversionConditions& own,
 /// The same where options of the command line say otherwise than the conditions of the reading.
 std::string ChangeByOptions(const ConversionConditions& own, const ConversionConditions& given);
 
+/// "Simulated board with bit-flip=5", "board on parport0".
+std::string BoardText(const BoardName& board);
+
 /// A moment to the second: "2026-11-22 07:12:31 UTC".
 std::string TimeText(UtcTime time);
 

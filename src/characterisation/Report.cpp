@@ -44,14 +44,6 @@ std::string FactsTable(const Facts& facts) {
     return html + "</table>\n";
 }
 
-std::string BoardText(const BoardName& board) {
-    std::string text = board.label.empty() ? board.port : board.label;
-    for (const std::string& fault : board.faults) {
-        text += ", fault " + fault;
-    }
-    return text;
-}
-
 std::string Conditions(const CharacterisationResults& results) {
     const CharacterisationPlan& plan = results.plan;
     return FactsTable({

@@ -33,7 +33,7 @@ BlockConditions ParseConditions(const std::string& text, std::span<const std::in
 
 struct LoadedConditions {
     std::optional<BlockConditions> conditions;
-    std::string warning;  ///< why those there are were not used; empty where there is no file
+    std::string warning;  ///< why the file was not used; empty if it was, or if none exists
 };
 
 /// The conditions beside a data file with these codes, which are used for a block of `converter`.

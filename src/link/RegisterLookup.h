@@ -23,7 +23,7 @@ const Field& FieldNamed(const RegisterDescription& description, std::string_view
 /// The name of a field's code; nothing where the field is a plain number or the code has no name.
 std::optional<std::string_view> NameOfCode(const Field& field, std::int32_t code);
 
-/// The same, or the number where there is no name.
+/// The name of a field's code, or the decimal number if the code has no name.
 std::string TextOfCode(const Field& field, std::int32_t code);
 
 /// "0x0045": a register's contents in upper-case hexadecimal with as many digits as it has.

@@ -27,7 +27,7 @@ class BlockView : public QObject {
     /// What the figures are made of, or what they lack; may be empty.
     virtual QString Summary() const = 0;
 
-    /// Both are empty where there is no point to read.
+    /// Both are empty for a graph without points.
     QString CursorText(PlotCursors::Name name) const;
     QString DifferenceText() const;
     PlotCursors::Name ChosenCursor() const { return cursors_->Chosen(); }

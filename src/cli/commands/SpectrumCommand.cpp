@@ -11,7 +11,7 @@
 namespace vx3260 {
 namespace {
 
-/// Of a single reading there is no spectrum.
+/// A single reading has no spectrum.
 constexpr int minSegment = 2;
 
 constexpr NamedChoice<Trend> trends[] = {{"mean", Trend::Mean}, {"linear", Trend::Linear}};

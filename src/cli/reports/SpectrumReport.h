@@ -31,7 +31,7 @@ std::string SpectrumText(const FileSpectrum& analysed);
 /// The columns of SpectrumCsv.
 std::string SpectrumCsv(const FileSpectrum& analysed);
 
-/// All figures in full precision as one JSON object; null for what is not defined.
+/// All figures in full precision as one JSON object; a figure that is not defined is null.
 std::string SpectrumJson(const FileSpectrum& analysed);
 
 }  // namespace vx3260

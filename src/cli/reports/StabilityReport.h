@@ -30,7 +30,7 @@ std::string StabilityText(const FileStability& analysed);
 /// The columns of StabilityCsv.
 std::string StabilityCsv(const FileStability& analysed);
 
-/// All figures in full precision as one JSON object; null for what is not defined.
+/// All figures in full precision as one JSON object; a figure that is not defined is null.
 std::string StabilityJson(const FileStability& analysed);
 
 }  // namespace vx3260
