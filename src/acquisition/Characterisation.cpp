@@ -159,8 +159,8 @@ CharacterisedBlock SettingRun::Measure(const CharacterisedSetting& setting) {
 
 /// A board that is gone gives equal bits only, in every register.
 bool BoardAnswers(Services& services, const Configuration& before) {
-    for (const RegisterReading& reading : before) {
-        const RegisterMap::RegisterAccess& access = reading.description.access;
+    for (const RegisterSetting& setting : before) {
+        const RegisterMap::RegisterAccess& access = setting.description.access;
         const std::int32_t value = ReadRegister(services.port, services.state.PortAddress, access);
         const std::int32_t allOnes = (std::int32_t{1} << access.wordLength) - 1;
         if (value != 0 && value != allOnes) {
@@ -229,7 +229,7 @@ CharacterisationEnd Characterise(Services& services, const CharacterisationPlan&
     const Configuration before = ReadConfiguration(services.port, services.state.PortAddress);
     const auto restore = [&] {
         const std::vector<RegisterMismatch> mismatches =
-            RestoreConfiguration(services.port, services.state.PortAddress, before);
+            MismatchesIn(RestoreConfiguration(services.port, services.state.PortAddress, before));
         if (hooks.restored) {
             hooks.restored(mismatches);
         }

@@ -134,8 +134,8 @@ std::string RecordingRun::SettingsThatDiffer() const {
     std::size_t count = 0;
     const Configuration present = ReadConfiguration(services_.port, services_.state.PortAddress);
     for (std::size_t i = 0; i < present.size(); ++i) {
-        const auto& [description, wanted] = settings_[i];
-        if (((wanted ^ present[i].value) & ComparableBits(description, wanted)) != 0) {
+        const auto& [description, wanted, bits] = settings_[i];
+        if (((wanted ^ present[i].value) & bits & ComparableBits(description, wanted)) != 0) {
             names += (names.empty() ? "" : ", ") + std::string(description.name);
             ++count;
         }

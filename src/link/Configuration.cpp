@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/Configuration.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "link/Register.h"
 
 namespace vx3260 {
 namespace {
+
+using RegisterMap::RegisterDescription;
 
 /// An I/O pin with a bit for its level: the driven one of an output, the actual one of an input.
 struct Pin {
@@ -15,8 +20,61 @@ struct Pin {
 constexpr Pin pins[] = {{RegisterMap::P3Direction, RegisterMap::P3State},
                         {RegisterMap::P4Direction, RegisterMap::P4State}};
 
-bool IsMode(const RegisterReading& reading) {
-    return reading.description.access.readByte == RegisterMap::Mode.readByte;
+bool IsMode(const RegisterDescription& description) {
+    return description.access.readByte == RegisterMap::Mode.readByte;
+}
+
+/// Writes the registers of a configuration, and reads them back.
+class Restoring {
+  public:
+    Restoring(ParallelPort& parallelPort, const std::int16_t& portAddress)
+        : port_(parallelPort), address_(portAddress) {}
+
+    /// What the register is to hold: the bits that do not count keep what they are.
+    RegisterReading WantedOf(const RegisterSetting& setting) {
+        const std::int32_t others =
+            setting.bits == AllBits ? 0 : Read(setting.description) & ~setting.bits;
+        const std::int32_t value = (setting.value & setting.bits) | others;
+        return {setting.description, IsMode(setting.description) ? LastingMode(value) : value};
+    }
+
+    void WritePowerDown() {
+        Register(port_, address_, RegisterMap::Mode).WriteValue(RegisterMap::PowerDown);
+    }
+
+    void Write(const RegisterReading& wanted) {
+        Register(port_, address_, wanted.description.access).WriteValue(wanted.value);
+        const std::int32_t readBack = Read(wanted.description);
+        restored_.push_back({wanted, readBack, readBack, Matches(wanted, readBack), false});
+    }
+
+    std::vector<RestoredRegister> CompareAll() && {
+        for (RestoredRegister& reg : restored_) {
+            reg.atEnd = Read(reg.wanted.description);
+            reg.verifiedAtEnd = Matches(reg.wanted, reg.atEnd);
+        }
+        return std::move(restored_);
+    }
+
+  private:
+    std::int32_t Read(const RegisterDescription& description) {
+        return ReadRegister(port_, address_, description.access);
+    }
+
+    static bool Matches(const RegisterReading& wanted, std::int32_t readBack) {
+        return ((wanted.value ^ readBack) & ComparableBits(wanted.description, wanted.value)) == 0;
+    }
+
+    ParallelPort& port_;
+    const std::int16_t& address_;
+    std::vector<RestoredRegister> restored_;
+};
+
+}  // namespace
+
+bool IsCoefficient(const RegisterDescription& description) {
+    return description.fields.data() == RegisterMap::Coefficient24 ||
+           description.fields.data() == RegisterMap::Coefficient16;
 }
 
 std::int32_t LastingMode(std::int32_t mode) {
@@ -25,11 +83,8 @@ std::int32_t LastingMode(std::int32_t mode) {
                : mode;
 }
 
-}  // namespace
-
-std::int32_t ComparableBits(const RegisterMap::RegisterDescription& description,
-                            std::int32_t written) {
-    std::int32_t bits = -1;
+std::int32_t ComparableBits(const RegisterDescription& description, std::int32_t written) {
+    std::int32_t bits = AllBits;
     for (const Pin& pin : pins) {
         const bool input = pin.direction.CodeIn(written) == 0;
         if (description.fields.data() == RegisterMap::IOControlFields && input) {
@@ -41,7 +96,7 @@ std::int32_t ComparableBits(const RegisterMap::RegisterDescription& description,
 
 Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& portAddress) {
     Configuration configuration;
-    for (const RegisterMap::RegisterDescription& description : RegisterMap::ReadableRegisters) {
+    for (const RegisterDescription& description : RegisterMap::ReadableRegisters) {
         if (description.access.writeByte != 0) {
             configuration.push_back(
                 {description, ReadRegister(parallelPort, portAddress, description.access)});
@@ -52,38 +107,72 @@ Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& 
 
 RegisterSnapshot SnapshotOf(const Configuration& configuration) {
     RegisterSnapshot snapshot;
-    for (const auto& [description, value] : configuration) {
-        snapshot.Set(description.access, value);
+    for (const RegisterSetting& setting : configuration) {
+        snapshot.Set(setting.description.access, setting.value);
     }
     return snapshot;
 }
 
-std::vector<RegisterMismatch> RestoreConfiguration(ParallelPort& parallelPort,
+Configuration InOrderOfWriting(const Configuration& configuration) {
+    const auto rank = [](const RegisterDescription& description) {
+        return IsMode(description) ? 2 : description.writesNeedPowerDown ? 0 : 1;
+    };
+    Configuration ordered;
+    for (int next = 0; next <= 2; ++next) {
+        std::ranges::copy_if(
+            configuration, std::back_inserter(ordered),
+            [&](const RegisterSetting& setting) { return rank(setting.description) == next; });
+    }
+    return ordered;
+}
+
+std::vector<RestoredRegister> RestoreConfiguration(ParallelPort& parallelPort,
                                                    const std::int16_t& portAddress,
                                                    const Configuration& configuration) {
-    Register mode(parallelPort, portAddress, RegisterMap::Mode);
-    mode.WriteValue(RegisterMap::PowerDown);
-    std::int32_t lastMode = RegisterMap::PowerDown;
-    for (const bool needPowerDown : {true, false}) {
-        for (const auto& [description, value] : configuration) {
-            if (description.access.readByte == RegisterMap::Mode.readByte) {
-                lastMode = LastingMode(value);
-            } else if (description.writesNeedPowerDown == needPowerDown) {
-                Register(parallelPort, portAddress, description.access).WriteValue(value);
-            }
-        }
+    Restoring restoring(parallelPort, portAddress);
+    std::vector<RegisterReading> wanted;
+    for (const RegisterSetting& setting : InOrderOfWriting(configuration)) {
+        wanted.push_back(restoring.WantedOf(setting));
     }
-    mode.WriteValue(lastMode);
+    restoring.WritePowerDown();
+    for (const RegisterReading& reading : wanted) {
+        restoring.Write(reading);
+    }
+    return std::move(restoring).CompareAll();
+}
+
+std::vector<RegisterMismatch> MismatchesIn(std::span<const RestoredRegister> restored) {
     std::vector<RegisterMismatch> mismatches;
-    for (const RegisterReading& reading : configuration) {
-        const std::int32_t wanted = IsMode(reading) ? lastMode : reading.value;
-        const std::int32_t readBack =
-            ReadRegister(parallelPort, portAddress, reading.description.access);
-        if (((wanted ^ readBack) & ComparableBits(reading.description, wanted)) != 0) {
-            mismatches.push_back({{reading.description, wanted}, readBack});
+    for (const RestoredRegister& reg : restored) {
+        if (!reg.Verified()) {
+            mismatches.push_back({reg.wanted, reg.verifiedAtEnd ? reg.afterWrite : reg.atEnd});
         }
     }
     return mismatches;
+}
+
+std::vector<FieldDifference> DifferencesBetween(const Configuration& left,
+                                                const Configuration& right) {
+    std::vector<FieldDifference> differences;
+    for (const RegisterSetting& one : left) {
+        const auto other = std::ranges::find_if(right, [&one](const RegisterSetting& setting) {
+            return setting.description.name == one.description.name;
+        });
+        if (other == right.end()) {
+            continue;
+        }
+        const std::int32_t compared = one.bits & other->bits &
+                                      ComparableBits(one.description, one.value) &
+                                      ComparableBits(one.description, other->value);
+        for (const RegisterMap::Field& field : one.description.fields) {
+            const bool counts = (field.mask & compared) == field.mask;
+            if (counts && field.CodeIn(one.value) != field.CodeIn(other->value)) {
+                differences.push_back(
+                    {one.description, field, field.CodeIn(one.value), field.CodeIn(other->value)});
+            }
+        }
+    }
+    return differences;
 }
 
 }  // namespace vx3260

@@ -19,6 +19,7 @@ enum class ExitCode : int {
     FileNotAccessible = 7,
     ReadBackMismatch = 8,
     NotInPowerDown = 9,
+    Different = 10,
     Interrupted = 130,   ///< what shells give a process that SIGINT ended
     OutputClosed = 141,  ///< what shells give a process that SIGPIPE ended
 };
@@ -42,6 +43,7 @@ inline constexpr std::array ExitCodeTexts{
                  "a file cannot be read or written, or exists and --force is missing"},
     ExitCodeText{ExitCode::ReadBackMismatch, "a register did not read back as it was written"},
     ExitCodeText{ExitCode::NotInPowerDown, "the register can be written in power-down mode only"},
+    ExitCodeText{ExitCode::Different, "something differs"},
     ExitCodeText{ExitCode::Interrupted, "interrupted; what was read by then is kept"},
     ExitCodeText{ExitCode::OutputClosed, "nobody reads standard output any more"},
 };

@@ -28,7 +28,7 @@ struct CharacterisationTest : testing::Test {
 
     std::string Contents() {
         std::string text;
-        for (const RegisterReading& reading :
+        for (const RegisterSetting& reading :
              ReadConfiguration(*bench.port, bench.state.PortAddress)) {
             text += std::to_string(reading.value) + " ";
         }

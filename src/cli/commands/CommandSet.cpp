@@ -9,6 +9,8 @@
 #include "cli/commands/CalibrateCommand.h"
 #include "cli/commands/CharacteriseCommand.h"
 #include "cli/commands/CheckCommand.h"
+#include "cli/commands/CompareCommand.h"
+#include "cli/commands/ExportCommand.h"
 #include "cli/commands/HistogramCommand.h"
 #include "cli/commands/NoiseCommand.h"
 #include "cli/commands/PortsCommand.h"
@@ -17,6 +19,8 @@
 #include "cli/commands/RegistersCommand.h"
 #include "cli/commands/ReportCommand.h"
 #include "cli/commands/ResetCommand.h"
+#include "cli/commands/RestoreCommand.h"
+#include "cli/commands/SaveCommand.h"
 #include "cli/commands/SetCommand.h"
 #include "cli/commands/SpectrumCommand.h"
 #include "cli/commands/StabilityCommand.h"
@@ -65,6 +69,10 @@ CommandSet::CommandSet(CLI::App& parser) {
     Add(std::make_unique<RegistersCommand>(parser));
     Add(std::make_unique<SetCommand>(parser));
     Add(std::make_unique<CalibrateCommand>(parser));
+    Add(std::make_unique<SaveCommand>(parser));
+    Add(std::make_unique<RestoreCommand>(parser));
+    Add(std::make_unique<CompareCommand>(parser));
+    Add(std::make_unique<ExportCommand>(parser));
     Add(std::make_unique<ResetCommand>(parser));
     Add(std::make_unique<ReadCommand>(parser));
     Add(std::make_unique<RecordCommand>(parser));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/board/StopSignal.h"
+#include "cli/commands/TextOutput.h"
 #include "cli/reports/BlockReport.h"
 #include "files/ConditionsFile.h"
 #include "link/CodeBlock.h"
@@ -20,10 +21,6 @@ void RefuseTraceAsOutput(const std::string& trace, const std::string& output) {
         throw CommandError(ExitCode::WrongCommandLine,
                            "--output and --trace name the same file: " + output);
     }
-}
-
-[[noreturn]] void RefuseToReplaceFile(const std::string& path) {
-    throw FileAccessError("cannot write " + path + ": the file exists; --force replaces it");
 }
 
 /// Returns where the text is. A file may have appeared during a reading of minutes.

@@ -5,8 +5,8 @@
 
 #include "cli/commands/CommandSet.h"
 #include "cli/commands/ReportErrors.h"
-#include "cli/commands/ScriptText.h"
 #include "files/CodeFile.h"
+#include "files/ScriptText.h"
 #include "options/Validators.h"
 
 namespace vx3260 {

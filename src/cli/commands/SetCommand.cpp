@@ -6,8 +6,8 @@
 
 #include "app/MessageTexts.h"
 #include "cli/board/BoardRegisters.h"
-#include "cli/commands/Assignment.h"
 #include "cli/reports/RegisterText.h"
+#include "link/Assignment.h"
 #include "link/Configuration.h"
 #include "link/FieldWrite.h"
 #include "link/Register.h"
@@ -46,6 +46,14 @@ std::string FieldHelp() {
         }
     }
     return help;
+}
+
+Assignment ParsedAssignment(const RegisterDescription& description, const std::string& text) {
+    try {
+        return ParseAssignment(description, text);
+    } catch (const AssignmentError& error) {
+        throw CommandError(ExitCode::WrongCommandLine, error.what());
+    }
 }
 
 /// The chip would ignore the write, which only the read-back would show.
@@ -116,7 +124,7 @@ ExitCode SetCommand::Run(const CommandContext& context) {
     const RegisterDescription& description = RegisterMap::RegisterNamed(register_);
     std::vector<Assignment> assignments;
     for (const std::string& text : assignments_) {
-        assignments.push_back(ParseAssignment(description, text));
+        assignments.push_back(ParsedAssignment(description, text));
     }
     Services& services = context.board.Services();
     RequirePowerDown(services, description);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,13 @@
 
 namespace vx3260 {
 
-/// One FIELD=VALUE of a command line, looked up.
+/// A text that does not assign a value to a field. The message lists what is valid.
+class AssignmentError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// One FIELD=VALUE of a command line or of a configuration, looked up.
 struct Assignment {
     const RegisterMap::Field& field;
     std::int32_t code;
@@ -21,8 +28,8 @@ struct Assignment {
 inline constexpr std::span CalibrationModes = std::span(RegisterMap::ModeValues).subspan(4);
 
 /// Looks up "FIELD=VALUE". VALUE is one of the field's names or a number, decimal or hexadecimal
-/// with 0x; a name takes precedence over a number. Throws CommandError, with the list of valid
-/// ones, for anything else and for a value that must not be written.
+/// with 0x; a name takes precedence over a number. Throws AssignmentError
+/// for anything else and for a value that must not be written.
 Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
                            std::string_view text);
 

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/Assignment.h"
+#include "link/Assignment.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
 #include "link/FilterRate.h"
 #include "numbers/WholeNumber.h"
-#include "options/ExitCodes.h"
 
 namespace vx3260 {
 namespace {
@@ -46,7 +45,7 @@ std::string Quoted(std::string_view text) {
 }
 
 [[noreturn]] void Refuse(const std::string& message) {
-    throw CommandError(ExitCode::WrongCommandLine, message);
+    throw AssignmentError(message);
 }
 
 std::optional<std::int64_t> CodeIn(const Field& field, std::string_view text) {
@@ -67,6 +66,14 @@ std::vector<std::string> WritableNames(const Field& field) {
         }
     }
     return names;
+}
+
+std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined.append(joined.empty() ? "" : separator).append(text);
+    }
+    return joined;
 }
 
 std::string NumberRange(const Field& field) {
@@ -91,7 +98,7 @@ std::int32_t CodeToWrite(const Field& field, std::string_view text) {
         std::vector<std::string> accepted = WritableNames(field);
         accepted.push_back("a number from " + NumberRange(field));
         Refuse(Quoted(text) + " is not a valid value for " + std::string(field.name) +
-               "; it takes: " + CLI::detail::join(accepted, ", "));
+               "; it takes: " + Joined(accepted, ", "));
     }
     return static_cast<std::int32_t>(*code);
 }
@@ -105,16 +112,18 @@ Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
     const auto field = std::find_if(description.fields.begin(), description.fields.end(),
                                     [name](const Field& f) { return f.name == name; });
     if (equals == std::string_view::npos || field == description.fields.end()) {
-        const auto nameOf = [](const Field& f) { return std::string(f.name); };
+        std::vector<std::string> names;
+        std::transform(description.fields.begin(), description.fields.end(),
+                       std::back_inserter(names),
+                       [](const Field& f) { return std::string(f.name); });
         Refuse(Quoted(text) + " is not a FIELD=VALUE of the register " +
-               std::string(description.name) +
-               "; it has the fields: " + CLI::detail::join(description.fields, nameOf, ", "));
+               std::string(description.name) + "; it has the fields: " + Joined(names, ", "));
     }
     return {*field, CodeToWrite(*field, text.substr(equals + 1))};
 }
 
 std::string ValueHelp(const Field& field) {
-    return field.values.empty() ? NumberRange(field) : CLI::detail::join(WritableNames(field), "|");
+    return field.values.empty() ? NumberRange(field) : Joined(WritableNames(field), "|");
 }
 
 }  // namespace vx3260

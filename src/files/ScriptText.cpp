@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/ScriptText.h"
+#include "files/ScriptText.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view spaces = " \t";
 
 /// Control characters never occur in a script. Bytes above 127 may be part of a file's name.
-bool IsBinary(char c) {
+bool IsForeignToScripts(char c) {
     return IsControl(c) && c != '\t';
 }
 
@@ -33,7 +33,7 @@ std::vector<ScriptLine> ScriptLines(std::string_view text, std::string_view sour
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = WithoutCarriageReturn(text.substr(0, end));
-        if (std::any_of(line.begin(), line.end(), IsBinary)) {
+        if (std::any_of(line.begin(), line.end(), IsForeignToScripts)) {
             throw BadDataError(std::string(source) + ":" + std::to_string(number) +
                                ": binary data, not a script");
         }

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/reports/DifferencesReport.h"
+
+#include <QJsonArray>
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "cli/reports/JsonText.h"
+#include "configuration/ConfigurationTexts.h"
+#include "numbers/Columns.h"
+
+namespace vx3260 {
+namespace {
+
+std::string LeftText(const FieldDifference& difference) {
+    return FieldValueText(difference.field, difference.left);
+}
+
+std::string RightText(const FieldDifference& difference) {
+    return FieldValueText(difference.field, difference.right);
+}
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text);
+}
+
+}  // namespace
+
+std::string DifferencesText(std::span<const FieldDifference> differences, const std::string& left,
+                            const std::string& right) {
+    constexpr std::size_t columns = 4;
+    if (differences.empty()) {
+        return "";
+    }
+    std::vector<std::array<std::string, columns>> rows{{"register", "field", left, right}};
+    for (const FieldDifference& difference : differences) {
+        rows.push_back({std::string(difference.description.name),
+                        std::string(difference.field.name), LeftText(difference),
+                        RightText(difference)});
+    }
+    std::array<std::size_t, columns> widths{};
+    for (const auto& row : rows) {
+        for (std::size_t i = 0; i < columns; ++i) {
+            widths.at(i) = std::max(widths.at(i), CharactersOf(row.at(i)) + 2);
+        }
+    }
+    std::string text;
+    for (const auto& row : rows) {
+        for (std::size_t i = 0; i + 1 < columns; ++i) {
+            text += Padded(row.at(i), widths.at(i));
+        }
+        text += row.back() + "\n";
+    }
+    return text;
+}
+
+std::string DifferencesJson(std::span<const FieldDifference> differences, const std::string& left,
+                            const std::string& right) {
+    QJsonArray array;
+    for (const FieldDifference& difference : differences) {
+        array.append(QJsonObject{{"register", Text(difference.description.name)},
+                                 {"field", Text(difference.field.name)},
+                                 {"left", Text(LeftText(difference))},
+                                 {"right", Text(RightText(difference))}});
+    }
+    return JsonText({{"left", Text(left)}, {"right", Text(right)}, {"differences", array}});
+}
+
+std::string ChangesText(std::span<const FieldDifference> differences) {
+    std::string text;
+    for (const FieldDifference& difference : differences) {
+        text += std::string(difference.description.name) + " " +
+                std::string(difference.field.name) + ": " + LeftText(difference) + " -> " +
+                RightText(difference) + "\n";
+    }
+    return text;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "configuration/ConfigurationTexts.h"
+
+#include <string_view>
+
+#include "analysis/ReadingTexts.h"
+#include "link/RegisterLookup.h"
+#include "numbers/NumberText.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::int32_t largestDecimal = 0xFF;
+constexpr int bitsOfDigit = 4;
+
+std::string MismatchText(const std::string& place, const std::string& expected,
+                         const std::string& found, const std::string& registers) {
+    return place + ": expected " + expected + ", found " + found + registers;
+}
+
+}  // namespace
+
+std::vector<std::string> HeadLines(const ConfigurationHead& head) {
+    return {"Configuration of the VX3260, " + TimeText(head.time),
+            "Board: " + BoardText(head.board), "Program: " + head.program};
+}
+
+std::string FieldValueText(const RegisterMap::Field& field, std::int32_t code) {
+    if (field.LargestCode() <= largestDecimal) {
+        return RegisterMap::TextOfCode(field, code);
+    }
+    return PrefixedHex(code, std::popcount(static_cast<std::uint32_t>(field.mask)) / bitsOfDigit);
+}
+
+std::string FieldsText(const RegisterReading& reading) {
+    std::string text;
+    for (const RegisterMap::Field& field : reading.description.fields) {
+        text += (text.empty() ? "" : " ") + std::string(field.name) + "=" +
+                FieldValueText(field, field.CodeIn(reading.value));
+    }
+    return text;
+}
+
+std::vector<std::string> MismatchLines(const RegisterMismatch& mismatch) {
+    const RegisterMap::RegisterDescription& description = mismatch.wanted.description;
+    const std::string name(description.name);
+    const std::string wanted = RegisterMap::RegisterHex(mismatch.wanted.value, description.access);
+    const std::string found = RegisterMap::RegisterHex(mismatch.readBack, description.access);
+    const std::int32_t compared = ComparableBits(description, mismatch.wanted.value);
+    std::vector<std::string> lines;
+    for (const RegisterMap::Field& field : description.fields) {
+        const std::int32_t expected = field.CodeIn(mismatch.wanted.value);
+        const std::int32_t present = field.CodeIn(mismatch.readBack);
+        if ((field.mask & compared) != 0 && expected != present) {
+            lines.push_back(
+                MismatchText(name + " " + std::string(field.name), FieldValueText(field, expected),
+                             FieldValueText(field, present), " (" + wanted + ", " + found + ")"));
+        }
+    }
+    if (lines.empty()) {
+        lines.push_back(MismatchText(name, wanted, found, " in bits without a name"));
+    }
+    return lines;
+}
+
+std::string NamesOf(std::span<const RestoredRegister> restored, bool verified) {
+    std::string names;
+    for (const RestoredRegister& reg : restored) {
+        if (reg.Verified() == verified) {
+            names += (names.empty() ? "" : ", ") + std::string(reg.wanted.description.name);
+        }
+    }
+    return names;
+}
+
+}  // namespace vx3260
