@@ -13,12 +13,8 @@ bool IsReady(ParallelPort& parallelPort, std::int16_t port) {
 }
 
 bool WaitForReady(ParallelPort& parallelPort, std::int16_t port, std::int32_t maxPolls) {
-    for (std::int32_t polls = 0; polls < maxPolls; ++polls) {
-        if (IsReady(parallelPort, port)) {
-            return true;
-        }
-    }
-    return false;
+    return parallelPort.WaitForLow(ToInt16(port + BoardLines::StatusRegister), BoardLines::NotReady,
+                                   maxPolls);
 }
 
 }  // namespace vx3260

@@ -11,8 +11,7 @@ namespace vx3260 {
 /// is the base address. One read of the port.
 bool IsReady(ParallelPort& parallelPort, std::int16_t port);
 
-/// Reads the port without a pause until IsReady, at most `maxPolls` times. False when no read
-/// showed it.
+/// Waits until IsReady, for as long as `maxPolls` reads of the port take. False when it was not.
 bool WaitForReady(ParallelPort& parallelPort, std::int16_t port, std::int32_t maxPolls);
 
 }  // namespace vx3260

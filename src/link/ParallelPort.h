@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "link/ChipAnswers.h"
@@ -15,6 +16,13 @@ struct ParallelPortInfo {
     std::int32_t size = 12;    ///< bytes of the record; set by the caller
     std::int32_t address = 0;  ///< base I/O address of the port
     std::int32_t reserved = 0;
+};
+
+/// One access of a transfer: a write of `value`, or a read into it.
+struct PortTransfer {
+    std::int16_t address;
+    std::int16_t value;
+    bool write;
 };
 
 /// The printer port: the seam between the program and whatever carries the wires. The operations
@@ -65,6 +73,21 @@ class ParallelPort {
 
     /// Reads an I/O address; only the low 8 bits are significant. Reports no errors.
     virtual std::int16_t InByte(std::int16_t address) = 0;
+
+    /// Makes the accesses in their order, one after the other; a port for which that is slow makes
+    /// them all at once.
+    virtual void Transfer(std::span<PortTransfer> accesses);
+
+    /// Whether Transfer makes the accesses at once, so that they have no times of their own.
+    virtual bool TransfersAtOnce() const { return false; }
+
+    /// Waits until the lines of `mask` are low at an I/O address, for as long as `polls` reads of
+    /// it take; false where they were not. Reads it without a pause, at most `polls` times; a port
+    /// that can sleep until a line changes does that.
+    virtual bool WaitForLow(std::int16_t address, std::int16_t mask, std::int32_t polls);
+
+    /// Whether WaitForLow does not read the address.
+    virtual bool WaitsWithoutReading() const { return false; }
 
   protected:
     ParallelPort() = default;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/Serial.h"
 
+#include <vector>
+
 #include "link/BoardLines.h"
 #include "link/DataReady.h"
 #include "link/PortAccess.h"
@@ -27,19 +29,85 @@ bool WaitForResult(ParallelPort& parallelPort, std::int16_t port) {
     return false;
 }
 
-/// The chip changes its data line on the falling edge, so the line is read while the clock is low.
-std::int32_t ClockIn(ParallelPort& parallelPort, std::int16_t bits, std::int16_t port) {
-    const std::int16_t status = ToInt16(port + BoardLines::StatusRegister);
-    std::int32_t word = 0;
-    for (int bit = bits - 1; bit >= 0; --bit) {
-        PortOut(parallelPort, port, BoardLines::ClockLowZero);
-        const std::int16_t lines = PortIn(parallelPort, status);
-        PortOut(parallelPort, port, BoardLines::Idle);
-        if ((lines & BoardLines::Dout) != 0) {
-            word |= std::int32_t{1} << bit;
+/// The word with one more bit, of which the lines of the status register have the level.
+std::int32_t WithBit(std::int32_t word, std::int16_t lines) {
+    return word * 2 + ((lines & BoardLines::Dout) != 0 ? 1 : 0);
+}
+
+/// Makes the accesses of a word one by one.
+class SingleAccesses {
+  public:
+    SingleAccesses(ParallelPort& parallelPort, std::int16_t port)
+        : parallelPort_(parallelPort),
+          port_(port),
+          status_(ToInt16(port + BoardLines::StatusRegister)) {}
+
+    void Write(std::int16_t pattern) { PortOut(parallelPort_, port_, pattern); }
+    void ReadBit() { word_ = WithBit(word_, PortIn(parallelPort_, status_)); }
+
+    /// Completes the accesses. Returns the bits that were read.
+    std::int32_t Finish() const { return word_; }
+
+  private:
+    ParallelPort& parallelPort_;
+    std::int16_t port_;
+    std::int16_t status_;
+    std::int32_t word_ = 0;
+};
+
+/// Collects the accesses of a word, which the port then makes in one transfer.
+class CollectedAccesses {
+  public:
+    CollectedAccesses(ParallelPort& parallelPort, std::int16_t port)
+        : parallelPort_(parallelPort),
+          port_(port),
+          status_(ToInt16(port + BoardLines::StatusRegister)) {}
+
+    void Write(std::int16_t pattern) { accesses_.push_back({port_, pattern, true}); }
+    void ReadBit() { accesses_.push_back({status_, 0, false}); }
+
+    std::int32_t Finish() {
+        parallelPort_.Transfer(accesses_);
+        std::int32_t word = 0;
+        for (const PortTransfer& access : accesses_) {
+            word = access.write ? word : WithBit(word, access.value);
         }
+        return word;
     }
-    return word;
+
+  private:
+    ParallelPort& parallelPort_;
+    std::int16_t port_;
+    std::int16_t status_;
+    std::vector<PortTransfer> accesses_;
+};
+
+template <typename Accesses>
+void ClockOut(Accesses accesses, std::int32_t value, std::int16_t bits) {
+    for (int bit = bits - 1; bit >= 0; --bit) {
+        const bool one = (value & (std::int32_t{1} << bit)) != 0;
+        accesses.Write(BoardLines::Idle);
+        accesses.Write(one ? BoardLines::ClockLowOne : BoardLines::ClockLowZero);
+        accesses.Write(one ? BoardLines::ClockHighOne : BoardLines::Idle);
+    }
+    accesses.Write(BoardLines::Idle);
+    accesses.Finish();
+}
+
+/// The chip changes its data line on the falling edge, so the line is read while the clock is low.
+template <typename Accesses>
+std::int32_t ClockIn(Accesses accesses, std::int16_t bits) {
+    for (std::int16_t bit = 0; bit < bits; ++bit) {
+        accesses.Write(BoardLines::ClockLowZero);
+        accesses.ReadBit();
+        accesses.Write(BoardLines::Idle);
+    }
+    return accesses.Finish();
+}
+
+std::int32_t ClockIn(ParallelPort& parallelPort, std::int16_t port, std::int16_t bits) {
+    return parallelPort.TransfersAtOnce() ? ClockIn(CollectedAccesses(parallelPort, port), bits)
+                                          : ClockIn(SingleAccesses(parallelPort, port), bits);
 }
 
 }  // namespace
@@ -47,19 +115,17 @@ std::int32_t ClockIn(ParallelPort& parallelPort, std::int16_t bits, std::int16_t
 void SerialWrite(ParallelPort& parallelPort, std::int32_t value, std::int16_t port,
                  std::int16_t bits) {
     CheckBitCount(bits);
-    for (int bit = bits - 1; bit >= 0; --bit) {
-        const bool one = (value & (std::int32_t{1} << bit)) != 0;
-        PortOut(parallelPort, port, BoardLines::Idle);
-        PortOut(parallelPort, port, one ? BoardLines::ClockLowOne : BoardLines::ClockLowZero);
-        PortOut(parallelPort, port, one ? BoardLines::ClockHighOne : BoardLines::Idle);
+    if (parallelPort.TransfersAtOnce()) {
+        ClockOut(CollectedAccesses(parallelPort, port), value, bits);
+    } else {
+        ClockOut(SingleAccesses(parallelPort, port), value, bits);
     }
-    PortOut(parallelPort, port, BoardLines::Idle);
 }
 
 std::int32_t SerialRead(ParallelPort& parallelPort, std::int16_t bits, std::int16_t port) {
     CheckBitCount(bits);
     PortOut(parallelPort, port, BoardLines::Idle);
-    return ClockIn(parallelPort, bits, port);
+    return ClockIn(parallelPort, port, bits);
 }
 
 std::int32_t SerialReadWhenReady(ParallelPort& parallelPort, std::int16_t bits, std::int16_t port) {
@@ -68,7 +134,7 @@ std::int32_t SerialReadWhenReady(ParallelPort& parallelPort, std::int16_t bits, 
     if (!WaitForResult(parallelPort, port)) {
         return ReadTimeout;
     }
-    return ClockIn(parallelPort, bits, port);
+    return ClockIn(parallelPort, port, bits);
 }
 
 }  // namespace vx3260
