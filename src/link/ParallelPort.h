@@ -44,6 +44,10 @@ class ParallelPort {
     /// What the user calls the port, such as "parport0"; empty if unknown.
     virtual std::string Name() const { return {}; }
 
+    /// Which lines carry the board, for a person, where there is no printer port: "SCLK on GPIO24,
+    /// DIN on GPIO23, ..."; empty for a printer port.
+    virtual std::string Wiring() const { return {}; }
+
     /// What the accesses to the chip have met, kept by Register and ReadData.
     ChipAnswers& Answers() { return answers_; }
     const ChipAnswers& Answers() const { return answers_; }

@@ -13,6 +13,7 @@
 #include "numbers/WholeNumber.h"
 #include "options/Validators.h"
 #include "ports/FaultyPort.h"
+#include "ports/LineChoice.h"
 
 namespace vx3260 {
 namespace {
@@ -79,6 +80,17 @@ std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
     return std::chrono::nanoseconds(std::llround(TextToDouble(microseconds) * 1e3));
 }
 
+std::string RefuseBadLines(const std::string& port) {
+    try {
+        if (IsLineChoice(port)) {
+            ParseLineChoice(port);
+        }
+        return "";
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+}
+
 void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated) {
     app.add_option_function<std::string>(
            "--port-access",
@@ -89,8 +101,19 @@ void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated)
         ->check(CLI::IsMember({driverMethod, directMethod}))
         ->default_str(driverMethod)
         ->excludes(simulated);
-    app.add_option("--port", choice.device, "The printer port; without it, the first there is")
-        ->type_name("/dev/parportN")
+    app.add_option_function<std::string>(
+           "--port",
+           [&choice](const std::string& port) {
+               if (choice.method == PortMethod::Direct && IsLineChoice(port)) {
+                   throw CLI::ValidationError("--port", "lines have no --port-access=direct");
+               }
+               choice.device = port;
+           },
+           "The printer port; without it, the first there is. Or lines of a GPIO chip, by "
+           "names or numbers: gpio:sclk=GPIO24,din=GPIO23,reset=GPIO22,dout=GPIO18,"
+           "rdy=GPIO17[,held=...][,chip=/dev/gpiochip0]; what is left out is as here")
+        ->type_name("/dev/parportN|gpio:...")
+        ->check(CLI::Validator(RefuseBadLines, ""))
         ->excludes(simulated);
     app.add_option_function<std::string>(
            "--port-address",

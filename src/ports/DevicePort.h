@@ -26,6 +26,14 @@ class DevicePort : public ParallelPort {
 
     std::int32_t BaseAddress() const { return baseAddress_; }
 
+    /// The minimum time of a read.
+    std::chrono::nanoseconds PollTime() const { return pace_.MinTime(); }
+
+    /// Whether an address is that of one of the port's registers, and can be reached.
+    bool IsRegister(std::int16_t address, std::int16_t offset) const {
+        return Reaches(address) && address - baseAddress_ == offset;
+    }
+
     /// Claims the port. False on failure; FailureDetail then gives the reason.
     virtual bool Claim() = 0;
 

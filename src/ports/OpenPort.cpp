@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/OpenPort.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "app/MessageTexts.h"
@@ -10,7 +11,10 @@
 #include "ports/TracePort.h"
 
 #if defined(__linux__)
+#include "ports/DeviceFiles.h"
 #include "ports/DirectPort.h"
+#include "ports/GpioLines.h"
+#include "ports/LinePort.h"
 #include "ports/ParportDevices.h"
 #include "ports/PpdevPort.h"
 #else
@@ -22,11 +26,35 @@ namespace {
 
 #if defined(__linux__)
 
+std::unique_ptr<Lines> OpenLines(const LineChoice& choice) {
+    return std::make_unique<GpioLines>(choice);
+}
+
 std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
+    if (IsLineChoice(choice.device)) {
+        const LineChoice lines = ParseLineChoice(choice.device);
+        return std::make_unique<LinePort>(OpenLines(lines), lines.lines, choice.pollTime);
+    }
     if (choice.method == PortMethod::Direct) {
         return std::make_unique<DirectPort>(choice.address, choice.device, choice.pollTime);
     }
     return std::make_unique<PpdevPort>(choice.device, choice.pollTime);
+}
+
+/// Claiming a chip's lines would drive them.
+PortListing ListingOf(const std::string& path) {
+    PortListing listing{.name = "gpio:chip=" + path,
+                        .permissions = PermissionsOf(path),
+                        .claim = PortClaim::NotTried};
+    if (const std::optional<GpioChip> chip = GpioChipAt(path)) {
+        const std::string held = HeldLinesText(*chip);
+        listing.remarks = chip->label + ", lines 0 to " +
+                          std::to_string(static_cast<std::int64_t>(chip->lines.size()) - 1) +
+                          (held.empty() ? "" : "; held: " + held);
+    } else {
+        listing.remarks = GpioOpenFailureDetail(path, errno);
+    }
+    return listing;
 }
 
 std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
@@ -35,7 +63,11 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
         PpdevPort port(device.path, choice.pollTime);
         const bool claimed = port.ClaimParallelPort(1, -1) != 0;
         ports.push_back({device.path, device.baseAddress, PermissionsOf(device.path),
+                         claimed ? PortClaim::Possible : PortClaim::Failed,
                          claimed ? "" : port.FailureDetail()});
+    }
+    for (const std::string& path : FindGpioChips()) {
+        ports.push_back(ListingOf(path));
     }
     return ports;
 }
@@ -54,7 +86,11 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
         const std::string failure = claimed ? "" : library.FailureDetail();
         ParallelPortInfo info;
         library.GetParallelPortInfo(number, info);
-        ports.push_back({"port " + std::to_string(number), info.address, {}, failure});
+        ports.push_back({"port " + std::to_string(number),
+                         info.address,
+                         {},
+                         claimed ? PortClaim::Possible : PortClaim::Failed,
+                         failure});
     }
     return ports;
 }

@@ -59,16 +59,22 @@ struct OpenedPort {
 /// Throws FileAccessError when the trace cannot be written; its time is the board's.
 OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress);
 
+/// Whether a port can be claimed.
+enum class PortClaim { Possible, Failed, NotTried };
+
 /// A port of this machine as `ports` lists it.
 struct PortListing {
-    std::string name;            ///< as --port takes it, where ports are devices; "simulated"
-    std::int32_t address = 0;    ///< base I/O address; 0 where it is not known
-    std::string permissions;     ///< "rw-rw---- root lp"; empty for a port without
-    std::string claimFailure{};  ///< why it cannot be claimed; empty where it can
+    std::string name;           ///< as --port takes it, where ports are devices; "simulated"
+    std::int32_t address = 0;   ///< base I/O address; 0 where it is not known
+    std::string permissions{};  ///< "rw-rw---- root lp"; empty for a port without
+    PortClaim claim = PortClaim::Possible;
+    /// Why it cannot be claimed; of a chip with lines, what it is and who holds lines of it.
+    std::string remarks{};
 };
 
-/// The ports there are, each claimed, those that are devices for a moment; the simulated one alone
-/// where that was chosen.
+/// The ports there are. Printer ports are claimed, those that are devices for a moment; chips with
+/// lines are not, because that would drive the lines. The simulated one alone where that was
+/// chosen.
 std::vector<PortListing> ListPorts(const PortChoice& choice);
 
 /// What to do where there is no port.

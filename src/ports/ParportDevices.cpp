@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/ParportDevices.h"
 
-#include <grp.h>
-#include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,6 +11,7 @@
 #include <system_error>
 
 #include "app/PrinterPorts.h"
+#include "ports/DeviceFiles.h"
 
 namespace vx3260 {
 namespace {
@@ -22,7 +20,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view devicePrefix = "/dev/parport";
 constexpr std::string_view kernelFolder = "/proc/sys/dev/parport/";
-constexpr mode_t groupMayReadAndWrite = S_IRGRP | S_IWGRP;
 
 /// "3" of "/dev/parport3"; empty for any other path.
 std::string NumberOf(std::string_view path) {
@@ -47,17 +44,6 @@ std::int32_t BaseAddressOf(const std::string& path) {
 
 std::string ReasonOf(int error) {
     return std::generic_category().message(error);
-}
-
-/// Entries of a folder by name; none where it cannot be read.
-std::vector<std::string> NamesIn(const std::string& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        names.push_back(entry->path().filename().string());
-    }
-    return names;
 }
 
 std::string NameOfProcess(const std::string& id) {
@@ -101,41 +87,6 @@ std::string HoldingDriver(const std::string& path) {
     return names.empty() && fs::exists("/sys/module/lp", error) ? "lp" : "";
 }
 
-std::string GroupName(gid_t id) {
-    const group* const found = getgrgid(id);
-    return found != nullptr ? found->gr_name : std::to_string(id);
-}
-
-std::string UserName(uid_t id) {
-    const passwd* const found = getpwuid(id);
-    return found != nullptr ? found->pw_name : std::to_string(id);
-}
-
-std::optional<struct stat> StatusOf(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
-}
-
-std::string OwningGroupOf(const std::string& path) {
-    const auto status = StatusOf(path);
-    return status ? GroupName(status->st_gid) : std::string();
-}
-
-std::string PermissionDetail(const std::string& path) {
-    const std::string group = OwningGroupOf(path);
-    const auto status = StatusOf(path);
-    const bool groupMay =
-        status && (status->st_mode & groupMayReadAndWrite) == groupMayReadAndWrite;
-    if (group.empty() || group == "root" || !groupMay) {
-        return "You have no permission to use " + path +
-               ". Have the administrator give the device to a group (usually \"lp\") and you to "
-               "that group.";
-    }
-    return "You have no permission to use " + path + ", which belongs to the group \"" + group +
-           "\". Join it with\n    sudo usermod -aG " + group + " " + UserName(getuid()) +
-           "\nthen log out and in again.";
-}
-
 }  // namespace
 
 std::vector<ParportDevice> FindParportDevices() {
@@ -161,20 +112,6 @@ ParportDevice ParportDeviceAt(const std::string& path) {
     return {path, BaseAddressOf(path)};
 }
 
-std::string PermissionsOf(const std::string& path) {
-    const auto status = StatusOf(path);
-    if (!status) {
-        return {};
-    }
-    constexpr std::string_view letters = "rwxrwxrwx";
-    std::string text;
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        const bool set = (status->st_mode >> (letters.size() - 1 - i) & 1U) != 0;
-        text += set ? letters[i] : '-';
-    }
-    return text + " " + UserName(status->st_uid) + " " + GroupName(status->st_gid);
-}
-
 std::int32_t ReportedAddress(const ParportDevice& device) {
     const bool known =
         std::any_of(PrinterPorts.begin(), PrinterPorts.end(),
@@ -192,7 +129,9 @@ std::string OpenFailureDetail(const std::string& path, int error) {
     switch (error) {
         case EACCES:
         case EPERM:
-            return PermissionDetail(path);
+            return PermissionDetail(path,
+                                    "Have the administrator give the device to a group (usually "
+                                    "\"lp\") and you to that group.");
         case ENOENT:
         case ENXIO:
         case ENODEV:

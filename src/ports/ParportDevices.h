@@ -29,9 +29,6 @@ ParportDevice ParportDeviceAt(const std::string& path);
 /// reached without an address.
 std::int32_t ReportedAddress(const ParportDevice& device);
 
-/// Permissions, owner and group of a device: "rw-rw---- root lp".
-std::string PermissionsOf(const std::string& path);
-
 /// What to do where there is no printer port; `path` is the one that was looked for.
 std::string NoDeviceDetail(const std::string& path);
 

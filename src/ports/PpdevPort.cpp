@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "link/BoardLines.h"
+#include "ports/Ioctl.h"
 
 namespace vx3260 {
 namespace {
@@ -28,16 +29,6 @@ std::optional<ParportDevice> ChosenDevice(const std::string& path) {
         return missing ? std::nullopt : std::optional(ParportDeviceAt(path));
     }
     return FirstParportDevice();
-}
-
-/// An ioctl that a signal interrupted is repeated.
-template <typename... Argument>
-int Ioctl(int device, unsigned long request, Argument... argument) {
-    int result = 0;
-    do {
-        result = ioctl(device, request, argument...);
-    } while (result == -1 && errno == EINTR);
-    return result;
 }
 
 }  // namespace

@@ -15,6 +15,8 @@ class ReadPace {
   public:
     explicit ReadPace(std::chrono::nanoseconds minTime) : minTime_(minTime) {}
 
+    std::chrono::nanoseconds MinTime() const { return minTime_; }
+
     /// Calls `read`, waits out the rest of the time and returns what was read.
     template <typename Read>
     auto Paced(const Read& read) const {

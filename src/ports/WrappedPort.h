@@ -21,6 +21,7 @@ class WrappedPort : public ParallelPort {
         return inner_->GetParallelPortInfo(portNumber, info);
     }
     std::string Name() const final { return inner_->Name(); }
+    std::string Wiring() const final { return inner_->Wiring(); }
     std::chrono::nanoseconds Now() const final { return inner_->Now(); }
     std::string FailureDetail() const final { return inner_->FailureDetail(); }
 
@@ -28,6 +29,7 @@ class WrappedPort : public ParallelPort {
     explicit WrappedPort(std::unique_ptr<ParallelPort> inner) : inner_(std::move(inner)) {}
 
     ParallelPort& Inner() { return *inner_; }
+    const ParallelPort& Inner() const { return *inner_; }
 
   private:
     std::unique_ptr<ParallelPort> inner_;

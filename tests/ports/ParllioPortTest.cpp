@@ -77,7 +77,7 @@ TEST_F(ParllioPortTest, StartsUpAndReadsTheBoard) {
     const std::vector<PortListing> ports = ListPorts({});
     ASSERT_EQ(ports.size(), 1U);
     EXPECT_EQ(ports[0].address, 888);
-    EXPECT_EQ(ports[0].claimFailure, "");
+    EXPECT_EQ(ports[0].claim, PortClaim::Possible);
     EXPECT_EQ(port.ClaimParallelPort(2, -1), 0);
     EXPECT_TRUE(port.FailureDetail().starts_with("The port library could not claim port 2."));
     ParallelPortInfo info;

@@ -167,9 +167,9 @@ TEST_F(PpdevPortTest, IsListedWithTheReasonOfAFailedClaim) {
     EXPECT_EQ(free.name, "/dev/parport0");
     EXPECT_EQ(free.address, 888);
     EXPECT_TRUE(free.permissions.starts_with("rw-r----- ")) << free.permissions;
-    EXPECT_EQ(free.claimFailure, "");
+    EXPECT_EQ(free.claim, PortClaim::Possible);
     parport.Fail(PPCLAIM, EBUSY);
-    EXPECT_TRUE(ListPorts({}).at(0).claimFailure.starts_with("/dev/parport0 cannot be claimed: "));
+    EXPECT_TRUE(ListPorts({}).at(0).remarks.starts_with("/dev/parport0 cannot be claimed: "));
 }
 
 TEST_F(PpdevPortTest, ReadsOpenLinesWhenItFailsInTheMiddleOfABlock) {

@@ -18,11 +18,21 @@ std::string AddressText(const PortListing& port) {
     return port.address == 0 ? "unknown" : PrefixedHex(port.address);
 }
 
+std::string ClaimText(PortClaim claim) {
+    switch (claim) {
+        case PortClaim::Possible:
+            return "yes";
+        case PortClaim::Failed:
+            return "no";
+        default:
+            return "not tried";
+    }
+}
+
 std::string Text(const std::vector<PortListing>& ports) {
     std::vector<std::array<std::string, 4>> rows{{"port", "address", "permissions", "claim"}};
     for (const PortListing& port : ports) {
-        rows.push_back({port.name, AddressText(port), port.permissions,
-                        port.claimFailure.empty() ? "yes" : "no"});
+        rows.push_back({port.name, AddressText(port), port.permissions, ClaimText(port.claim)});
     }
     std::array<std::size_t, 4> widths{};
     for (const auto& row : rows) {
@@ -40,6 +50,10 @@ std::string Text(const std::vector<PortListing>& ports) {
     return text;
 }
 
+QJsonValue TextIf(bool applies, const std::string& text) {
+    return applies ? QJsonValue(QString::fromStdString(text)) : QJsonValue();
+}
+
 std::string Json(const std::vector<PortListing>& ports) {
     QJsonArray list;
     for (const PortListing& port : ports) {
@@ -47,10 +61,11 @@ std::string Json(const std::vector<PortListing>& ports) {
             {"port", QString::fromUtf8(port.name)},
             {"address", port.address == 0 ? QJsonValue() : QJsonValue(port.address)},
             {"permissions", QString::fromUtf8(port.permissions)},
-            {"canBeClaimed", port.claimFailure.empty()},
-            {"claimFailure", port.claimFailure.empty()
+            {"canBeClaimed", port.claim == PortClaim::NotTried
                                  ? QJsonValue()
-                                 : QJsonValue(QString::fromUtf8(port.claimFailure))},
+                                 : QJsonValue(port.claim == PortClaim::Possible)},
+            {"claimFailure", TextIf(port.claim == PortClaim::Failed, port.remarks)},
+            {"remarks", TextIf(port.claim == PortClaim::NotTried, port.remarks)},
         });
     }
     return JsonText({{"ports", list}});
@@ -71,7 +86,8 @@ void RefuseChosenPort(const CLI::App& program) {
 }  // namespace
 
 PortsCommand::PortsCommand(CLI::App& program)
-    : Command(program, "ports", "List the printer ports and whether each can be claimed") {
+    : Command(program, "ports",
+              "List the printer ports, whether each can be claimed, and the GPIO chips") {
     AddFormat(Parser(), format_, {ReportFormat::Json});
     Parser().final_callback([&program] { RefuseChosenPort(program); });
 }
@@ -83,8 +99,8 @@ ExitCode PortsCommand::Run(const CommandContext& context) {
     }
     context.streams.out << (format_ == ReportFormat::Json ? Json(ports) : Text(ports));
     for (const PortListing& port : ports) {
-        if (!port.claimFailure.empty()) {
-            context.streams.err << port.name << ": " << port.claimFailure << std::endl;
+        if (!port.remarks.empty()) {
+            context.streams.err << port.name << ": " << port.remarks << std::endl;
         }
     }
     return ExitCode::Success;

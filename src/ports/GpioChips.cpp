@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ports/GpioChips.h"
+
+#include <fcntl.h>
+#include <linux/gpio.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include "numbers/SimilarText.h"
+#include "numbers/WholeNumber.h"
+#include "ports/DeviceFiles.h"
+#include "ports/Ioctl.h"
+
+namespace vx3260 {
+namespace {
+
+constexpr std::string_view chipPrefix = "gpiochip";
+
+constexpr const char* accessRule =
+    "Give the chips to a group, with a line in /etc/udev/rules.d/60-vx3260-gpio.rules:\n"
+    "    SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\", GROUP=\"dialout\", MODE=\"0660\"\n"
+    "and then: sudo udevadm control --reload, sudo udevadm trigger";
+
+/// A text of the kernel's that may fill its field without an end.
+template <std::size_t Size>
+std::string TextOf(const char (&field)[Size]) {
+    return {field, std::find(field, field + Size, '\0')};
+}
+
+/// Copies what the ioctls report about an open chip.
+std::optional<GpioChip> Inspect(const std::string& path, int device) {
+    gpiochip_info about{};
+    if (Ioctl(device, GPIO_GET_CHIPINFO_IOCTL, &about) == -1) {
+        return std::nullopt;
+    }
+    GpioChip chip{.path = path, .label = TextOf(about.label)};
+    for (std::uint32_t offset = 0; offset < about.lines; ++offset) {
+        gpio_v2_line_info info{};
+        info.offset = offset;
+        GpioLineInfo& line = chip.lines.emplace_back();
+        if (Ioctl(device, GPIO_V2_GET_LINEINFO_IOCTL, &info) == 0) {
+            line = {TextOf(info.name), TextOf(info.consumer),
+                    (info.flags & GPIO_V2_LINE_FLAG_USED) != 0};
+        }
+    }
+    return chip;
+}
+
+std::string NameOf(const GpioChip& chip, std::size_t offset) {
+    const std::string& name = chip.lines[offset].name;
+    return name.empty() ? "line " + std::to_string(offset) : name;
+}
+
+/// A line by its offset or, otherwise, by its name.
+std::optional<std::uint32_t> OffsetOf(const GpioChip& chip, const std::string& line) {
+    if (const std::optional<std::int64_t> number = DecimalNumber(line)) {
+        const bool there = *number >= 0 && *number < static_cast<std::int64_t>(chip.lines.size());
+        return there ? std::optional(static_cast<std::uint32_t>(*number)) : std::nullopt;
+    }
+    const auto found = std::ranges::find(chip.lines, line, &GpioLineInfo::name);
+    return found == chip.lines.end()
+               ? std::nullopt
+               : std::optional(static_cast<std::uint32_t>(found - chip.lines.begin()));
+}
+
+/// The first of the names that the chip does not have.
+std::optional<std::string> MissingOn(const GpioChip& chip, const LineNames& names) {
+    for (const std::string& name : names) {
+        if (!name.empty() && !OffsetOf(chip, name)) {
+            return name;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string MissingDetail(const GpioChip& chip, const std::string& line) {
+    std::vector<std::string> names;
+    for (const GpioLineInfo& info : chip.lines) {
+        if (!info.name.empty()) {
+            names.push_back(info.name);
+        }
+    }
+    return chip.path + " (" + chip.label + ", lines 0 to " +
+           std::to_string(static_cast<std::int64_t>(chip.lines.size()) - 1) + ") has no line " +
+           line + Suggestion(line, names);
+}
+
+std::vector<GpioChip> AllChips() {
+    std::vector<GpioChip> chips;
+    for (const std::string& path : FindGpioChips()) {
+        if (std::optional<GpioChip> chip = GpioChipAt(path)) {
+            chips.push_back(std::move(*chip));
+        }
+    }
+    return chips;
+}
+
+/// Where no chip can be looked at.
+std::string NoChipDetail() {
+    const std::vector<std::string> paths = FindGpioChips();
+    if (paths.empty()) {
+        return "This machine has no GPIO chip (/dev/gpiochip0 ...).";
+    }
+    GpioChipAt(paths.front());
+    return GpioOpenFailureDetail(paths.front(), errno);
+}
+
+/// The chip that has the most of the names shows which one is missing.
+std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
+    const bool offsets = std::ranges::any_of(
+        names, [](const std::string& name) { return DecimalNumber(name).has_value(); });
+    if (offsets) {
+        failure = "Lines that are numbers need the chip too: chip=/dev/gpiochip0";
+        return std::nullopt;
+    }
+    const std::vector<GpioChip> chips = AllChips();
+    if (chips.empty()) {
+        failure = NoChipDetail();
+        return std::nullopt;
+    }
+    const auto namesOn = [&names](const GpioChip& chip) {
+        return std::ranges::count_if(
+            names, [&chip](const std::string& name) { return OffsetOf(chip, name).has_value(); });
+    };
+    const GpioChip& best = *std::ranges::max_element(chips, {}, namesOn);
+    if (const std::optional<std::string> missing = MissingOn(best, names)) {
+        failure = MissingDetail(best, *missing) +
+                  ". All lines have to be on one chip; \"vx3260-cli ports\" lists the chips.";
+        return std::nullopt;
+    }
+    return best;
+}
+
+}  // namespace
+
+std::optional<GpioChip> GpioChipAt(const std::string& path) {
+    const int device = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (device == -1) {
+        return std::nullopt;
+    }
+    std::optional<GpioChip> chip = Inspect(path, device);
+    const int error = errno;
+    close(device);
+    errno = error;
+    return chip;
+}
+
+std::vector<std::string> FindGpioChips() {
+    std::vector<std::string> paths;
+    for (const std::string& name : NamesIn("/dev")) {
+        if (name.starts_with(chipPrefix)) {
+            paths.push_back("/dev/" + name);
+        }
+    }
+    std::ranges::sort(paths, {},
+                      [](const std::string& path) { return std::pair(path.size(), path); });
+    return paths;
+}
+
+std::string GpioOpenFailureDetail(const std::string& path, int error) {
+    switch (error) {
+        case EACCES:
+        case EPERM:
+            return PermissionDetail(path, accessRule);
+        case ENOTTY:
+        case EINVAL:
+            return path + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.";
+        case ENOENT:
+        case ENXIO:
+        case ENODEV: {
+            std::string there;
+            for (const std::string& chip : FindGpioChips()) {
+                there += (there.empty() ? "; there are " : ", ") + chip;
+            }
+            return "There is no " + path + there + ".";
+        }
+        default:
+            return path + " cannot be opened: " + std::generic_category().message(error);
+    }
+}
+
+std::string HeldLinesText(const GpioChip& chip) {
+    std::string text;
+    for (std::size_t offset = 0; offset < chip.lines.size(); ++offset) {
+        const GpioLineInfo& line = chip.lines[offset];
+        if (line.used) {
+            text += (text.empty() ? "" : ", ") + NameOf(chip, offset) + " by " +
+                    (line.consumer.empty() ? "the system" : line.consumer);
+        }
+    }
+    return text;
+}
+
+std::optional<GpioPlace> FindGpioLines(const std::string& path, const LineNames& names,
+                                       std::string& failure) {
+    std::optional<GpioChip> chip = path.empty() ? ChipWith(names, failure) : GpioChipAt(path);
+    if (!chip) {
+        failure = path.empty() ? failure : GpioOpenFailureDetail(path, errno);
+        return std::nullopt;
+    }
+    if (const std::optional<std::string> missing = MissingOn(*chip, names)) {
+        failure = MissingDetail(*chip, *missing);
+        return std::nullopt;
+    }
+    GpioPlace place{.chip = std::move(*chip)};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        place.offsets.at(i) =
+            names.at(i).empty() ? std::nullopt : OffsetOf(place.chip, names.at(i));
+        const auto* const twice =
+            std::find(place.offsets.begin(), place.offsets.begin() + i, place.offsets.at(i));
+        if (place.offsets.at(i) && twice != place.offsets.begin() + i) {
+            failure = names.at(i) + " and " +
+                      names.at(static_cast<std::size_t>(twice - place.offsets.begin())) +
+                      " are the same line of " + place.chip.path;
+            return std::nullopt;
+        }
+    }
+    return place;
+}
+
+}  // namespace vx3260

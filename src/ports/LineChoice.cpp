@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ports/LineChoice.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+#include "numbers/SimilarText.h"
+
+namespace vx3260 {
+namespace {
+
+struct KindTraits {
+    LineKind kind;
+    std::string_view prefix;
+    std::string_view deviceKey;
+    std::array<std::string_view, LineRoles.size()> defaults;  ///< by role
+};
+
+/// The defaults are those of the wiring tables: of the 40-pin header of single-board computers, and
+/// of a UART's pins.
+constexpr KindTraits kinds[] = {
+    {LineKind::Gpio, "gpio:", "chip", {"GPIO24", "GPIO23", "GPIO22", "GPIO18", "GPIO17", ""}},
+    {LineKind::Ftdi, "ftdi:", "serial", {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
+};
+
+const KindTraits* KindOf(std::string_view port) {
+    const auto* const kind = std::ranges::find_if(
+        kinds, [port](const KindTraits& traits) { return port.starts_with(traits.prefix); });
+    return kind == std::end(kinds) ? nullptr : kind;
+}
+
+[[noreturn]] void Refuse(const std::string& reason) {
+    throw std::invalid_argument(reason);
+}
+
+/// The line or the device that a key names.
+std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& choice) {
+    if (key == kind.deviceKey) {
+        return choice.device;
+    }
+    std::vector<std::string> names{std::string(kind.deviceKey)};
+    for (const LineRoleTraits& role : LineRoles) {
+        if (role.name == key) {
+            return choice.lines.at(IndexOf(role.role));
+        }
+        names.emplace_back(role.name);
+    }
+    Refuse("'" + std::string(key) + "' is neither a line of the board nor \"" +
+           std::string(kind.deviceKey) + "\"" + Suggestion(key, names));
+}
+
+void RefuseLineUsedTwice(const LineNames& lines) {
+    for (const LineRoleTraits& one : LineRoles) {
+        for (const LineRoleTraits& other : LineRoles) {
+            const std::string& name = lines.at(IndexOf(one.role));
+            if (one.role < other.role && !name.empty() && name == lines.at(IndexOf(other.role))) {
+                Refuse("the line " + name + " is named twice, for " + std::string(one.name) +
+                       " and for " + std::string(other.name));
+            }
+        }
+    }
+}
+
+}  // namespace
+
+bool IsLineChoice(std::string_view port) {
+    return KindOf(port) != nullptr;
+}
+
+LineChoice ParseLineChoice(std::string_view port) {
+    const KindTraits* const kind = KindOf(port);
+    if (kind == nullptr) {
+        Refuse("'" + std::string(port) + "' does not begin with gpio: or ftdi:");
+    }
+    LineChoice choice{.kind = kind->kind};
+    std::ranges::transform(kind->defaults, choice.lines.begin(),
+                           [](std::string_view name) { return std::string(name); });
+    std::vector<std::string_view> seen;
+    std::string_view rest = port.substr(kind->prefix.size());
+    while (!rest.empty()) {
+        const std::string_view entry = rest.substr(0, rest.find(','));
+        rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+        const std::size_t equals = std::min(entry.find('='), entry.size());
+        const std::string_view key = entry.substr(0, equals);
+        std::string& place = PlaceOf(key, *kind, choice);
+        if (equals + 1 >= entry.size()) {
+            Refuse(std::string(key) + " has no value; write " + std::string(key) + "=NAME");
+        }
+        if (std::ranges::find(seen, key) != seen.end()) {
+            Refuse(std::string(key) + " is given twice");
+        }
+        seen.push_back(key);
+        place = entry.substr(equals + 1);
+    }
+    RefuseLineUsedTwice(choice.lines);
+    return choice;
+}
+
+std::string WiringText(const LineNames& lines) {
+    std::string text;
+    for (const LineRoleTraits& role : LineRoles) {
+        if (const std::string& line = lines.at(IndexOf(role.role)); !line.empty()) {
+            text += (text.empty() ? "" : ", ") + std::string(role.signal) + " on " + line;
+        }
+    }
+    return text;
+}
+
+}  // namespace vx3260

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ports/Lines.h"
+
+namespace vx3260 {
+
+/// A kind of chip that has lines.
+enum class LineKind { Gpio, Ftdi };
+
+/// Which lines carry the board: "gpio:sclk=GPIO24,din=GPIO23,...,chip=/dev/gpiochip0" or
+/// "ftdi:serial=XXXX,sclk=TXD,...". What is not named has a default, but for the held line.
+struct LineChoice {
+    LineKind kind = LineKind::Gpio;
+    std::string device{};  ///< the chip's path or the device's serial number; empty for any
+    LineNames lines{};     ///< names or numbers
+};
+
+/// Whether a port is chosen in this manner.
+bool IsLineChoice(std::string_view port);
+
+/// Throws std::invalid_argument with the reason.
+LineChoice ParseLineChoice(std::string_view port);
+
+/// The wires for a person: "SCLK on GPIO24, DIN on GPIO23, ...".
+std::string WiringText(const LineNames& lines);
+
+}  // namespace vx3260
