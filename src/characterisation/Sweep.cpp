@@ -58,25 +58,37 @@ std::int64_t CodesOfSweep(const CharacterisationPlan& plan, std::size_t settings
 
 CharacterisationEnd MeasureRemaining(Services& services, ResultsFolder& folder,
                                      const SweepHooks& hooks) {
+    using Seconds = std::chrono::duration<double>;
     const CharacterisationPlan plan = folder.Results().plan;
     const std::vector<CharacterisedSetting> settings = folder.Remaining();
-    std::int64_t before = 0;
+    const Seconds whole = DurationOf(plan, settings);
+    std::int64_t codesBefore = 0;
+    Seconds before{};
+    Seconds present{};
+    const auto starting = [&](const CharacterisedSetting& setting) {
+        present = DurationOf(plan, setting);
+        if (hooks.starting) {
+            hooks.starting(setting);
+        }
+    };
+    const auto afterEach = [&](int codes) {
+        if (hooks.afterEach) {
+            hooks.afterEach(
+                {codes, codesBefore + codes, (before + present * codes / plan.count) / whole});
+        }
+    };
+    const auto finished = [&](const CharacterisedBlock& block) {
+        folder.Add(block);
+        codesBefore += plan.count;
+        before += present;
+        if (hooks.finished) {
+            hooks.finished(block);
+        }
+    };
     return Characterise(services, plan, settings,
-                        {.starting = hooks.starting,
-                         .afterEach =
-                             [&](int codes) {
-                                 if (hooks.afterEach) {
-                                     hooks.afterEach(codes, before + codes);
-                                 }
-                             },
-                         .finished =
-                             [&](const CharacterisedBlock& block) {
-                                 folder.Add(block);
-                                 before += plan.count;
-                                 if (hooks.finished) {
-                                     hooks.finished(block);
-                                 }
-                             },
+                        {.starting = starting,
+                         .afterEach = afterEach,
+                         .finished = finished,
                          .stopRequested = hooks.stopRequested,
                          .restored = hooks.restored});
 }

@@ -39,11 +39,16 @@ std::string SweepText(const CharacterisationPlan& plan,
 /// That all registers were restored and verified, or which were not, a line each.
 std::vector<std::string> RestoredLines(const std::vector<RegisterMismatch>& mismatches);
 
+/// How far a sweep is after a code.
+struct SweepProgress {
+    int codes;         ///< of the present setting
+    std::int64_t sum;  ///< of the sweep, with those of settings that failed
+    double part;       ///< of the time that the chip needs, 0 to 1
+};
+
 struct SweepHooks {
     std::function<void(const CharacterisedSetting&)> starting{};
-    /// After each code: how many there are of this setting, and of the sweep with those of settings
-    /// that failed.
-    std::function<void(int codes, std::int64_t sum)> afterEach{};
+    std::function<void(const SweepProgress&)> afterEach{};
     std::function<void(const CharacterisedBlock&)> finished{};  ///< it is in the folder then
     std::function<bool()> stopRequested{};
     std::function<void(const std::vector<RegisterMismatch>&)> restored{};

@@ -192,7 +192,7 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
         err << text << std::endl;
     };
     const SweepHooks hooks{
-        .afterEach = [&](int, std::int64_t sum) { progress.Show(static_cast<int>(sum)); },
+        .afterEach = [&](const SweepProgress& now) { progress.Show(static_cast<int>(now.sum)); },
         .finished =
             [&](const CharacterisedBlock& block) {
                 say(SettingText(plan.converter, block.setting) + ": " +
