@@ -286,6 +286,7 @@ CharacterisationEnd CharacteriseForm::RunSweep(ResultsFolder& folder,
         {.starting =
              [&](const CharacterisedSetting& setting) {
                  present_ = setting;
+                 RevealPresent();
                  ShowProgress({}, finished, settings);
              },
          .afterEach =
@@ -310,6 +311,18 @@ CharacterisationEnd CharacteriseForm::RunSweep(ResultsFolder& folder,
                  restored = RestoredLines(mismatches);
                  ui_->StateLabel->setText(QString::fromStdString(Joined(restored)));
              }});
+}
+
+/// The user may look at another table while the settings of one polarity are measured.
+void CharacteriseForm::RevealPresent() {
+    QTableWidgetItem* const item = ItemOf(present_);
+    if (item == nullptr) {
+        return;
+    }
+    if (item->row() == 0 && item->column() == 0) {
+        ui_->TablesTab->setCurrentWidget(item->tableWidget()->parentWidget());
+    }
+    item->tableWidget()->scrollToItem(item);
 }
 
 /// A setting that begins keeps the bar where it is.

@@ -57,6 +57,7 @@ class CharacteriseForm final : public Form {
     CharacterisationEnd RunSweep(ResultsFolder& folder, std::vector<std::string>& restored);
     void UseRunningControls(bool running);
     void ShowProgress(const SweepProgress& now, std::size_t finished, std::size_t settings);
+    void RevealPresent();
     void ReportEnd(CharacterisationEnd end, const std::vector<std::string>& restored);
     void Stop() { stopRequested_ = true; }
 
