@@ -235,6 +235,19 @@ TEST_F(CharacteriseFormTest, OpensACellInTheNoiseForm) {
     EXPECT_EQ(bench->messages.Take(), "");
 }
 
+TEST_F(CharacteriseFormTest, MeasuresTheAuxAdcInBothPolarities) {
+    Open();
+    Click(*form, "OptAux");
+    Find<QComboBox>(*form, "PolarityBox").setCurrentIndex(2);
+    EXPECT_EQ(ClickOn("StartButton"), "");
+    EXPECT_EQ(LoadResults(results).rows.size(), 8U);
+    EXPECT_TRUE(WhileModal(
+        [this] { emit Find<QTableWidget>(*form, "UnipolarTable").cellDoubleClicked(1, 1); },
+        [](QDialog& noise) { EXPECT_EQ(noise.objectName(), QStringLiteral("AuxNoiseForm")); }));
+    EXPECT_EQ(bench->state.AuxConditions->Control().value() & 0x08, 0x08);  // unipolar
+    EXPECT_EQ(bench->state.AuxCodeCount, 50);
+}
+
 TEST_F(CharacteriseFormTest, SavesReports) {
     Open();
     EXPECT_FALSE(Find(*form, "ReportButton").isEnabled());
