@@ -6,6 +6,13 @@
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
+namespace {
+
+std::string LeftText(double seconds) {
+    return DurationText(std::chrono::seconds(std::llround(std::ceil(seconds)))) + " left";
+}
+
+}  // namespace
 
 std::string ProgressText(std::int64_t done, std::int64_t total,
                          std::chrono::duration<double> elapsed, std::optional<double> rate) {
@@ -16,8 +23,14 @@ std::string ProgressText(std::int64_t done, std::int64_t total,
     if (!rate || done >= total) {
         return text;
     }
-    const double left = std::ceil(static_cast<double>(total - done) / *rate);
-    return text + ", " + DurationText(std::chrono::seconds(std::llround(left))) + " left";
+    return text + ", " + LeftText(static_cast<double>(total - done) / *rate);
+}
+
+std::string TimeLeftText(double part, std::chrono::duration<double> elapsed) {
+    if (part <= 0 || part >= 1 || elapsed < std::chrono::seconds(1)) {
+        return {};
+    }
+    return LeftText(elapsed.count() * (1 - part) / part);
 }
 
 }  // namespace vx3260

@@ -15,4 +15,8 @@ std::string ProgressText(std::int64_t done, std::int64_t total,
                          std::chrono::duration<double> elapsed,
                          std::optional<double> rate = std::nullopt);
 
+/// The time left where `part` of the work, 0 to 1, took `elapsed`: "2:41 left"; empty before a
+/// second has passed and at the end.
+std::string TimeLeftText(double part, std::chrono::duration<double> elapsed);
+
 }  // namespace vx3260

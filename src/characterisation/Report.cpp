@@ -27,9 +27,9 @@ namespace {
 
 constexpr std::size_t maxBins = 60;
 
-std::string Template() {
+std::string Resource(const QString& name) {
     LoadTemplate();
-    QFile file(QStringLiteral(":/characterisation/report.html"));
+    QFile file(QStringLiteral(":/characterisation/") + name);
     file.open(QIODevice::ReadOnly);
     return file.readAll().toStdString();
 }
@@ -58,44 +58,25 @@ std::string Conditions(const CharacterisationResults& results) {
     });
 }
 
-/// From red to green by the place of a resolution among all; readable in black.
-std::string Shade(double bits, double worst, double best) {
+/// From red to green; readable in black.
+std::string Shade(double place) {
     constexpr double greenHue = 130;
-    const double place = best > worst ? (bits - worst) / (best - worst) : 1;
-    return "background: hsl(" + FixedText(place * greenHue, 0) + ", 65%, 86%)";
-}
-
-struct BitsRange {
-    double worst = HUGE_VAL;
-    double best = -HUGE_VAL;
-};
-
-BitsRange BitsRangeOf(const CharacterisationResults& results) {
-    BitsRange range;
-    for (const CharacterisationRow& row : results.rows) {
-        if (row.effective) {
-            range.worst = std::min(range.worst, row.effective->bits);
-            range.best = std::max(range.best, row.effective->bits);
-        }
-    }
-    return range;
+    return "background-color: hsl(" + FixedText(place * greenHue, 0) + ", 65%, 86%)";
 }
 
 std::string Cell(const TableCell& cell, const BitsRange& range) {
     const std::string style =
-        cell.effectiveBits
-            ? " style=\"" + Shade(*cell.effectiveBits, range.worst, range.best) + "\""
-            : "";
+        cell.effectiveBits ? " style=\"" + Shade(range.PlaceOf(*cell.effectiveBits)) + "\"" : "";
     return "<td" + style + ">" + Escaped(cell.text) + (cell.remarks.empty() ? "" : "*") + "</td>";
 }
 
 std::string TableHtml(const NoiseTable& table, const BitsRange& range) {
-    std::string html =
-        "<h3>" + Escaped(table.title) + "</h3>\n<table>\n<tr><th>Word</th><th>Rate (Hz)</th>";
+    std::string html = "<h3>" + Escaped(table.title) +
+                       "</h3>\n<table>\n<thead><tr><th>Word</th><th>Rate (Hz)</th>";
     for (const std::string& heading : table.ranges) {
         html += "<th>" + Escaped(heading) + "</th>";
     }
-    html += "</tr>\n";
+    html += "</tr></thead>\n";
     for (const TableLine& line : table.lines) {
         html += "<tr><th>" + line.word + "</th><th>" + line.rate + "</th>";
         for (const TableCell& cell : line.cells) {
@@ -135,11 +116,12 @@ std::vector<ChartSeries> SeriesOf(const CharacterisationResults& results, Polari
     return series;
 }
 
-std::string NoiseCharts(const CharacterisationResults& results) {
+std::string NoiseCharts(const CharacterisationResults& results, const ChartHtml& chartHtml) {
     std::string html;
     for (const Polarity polarity : results.plan.polarities) {
-        if (const std::vector<ChartSeries> series = SeriesOf(results, polarity); !series.empty()) {
-            html += "<h3>" + PolarityName(polarity) + "</h3>\n" + NoiseChart(series);
+        if (std::vector<ChartSeries> series = SeriesOf(results, polarity); !series.empty()) {
+            html += "<h3>" + PolarityName(polarity) + "</h3>\n" +
+                    chartHtml(NoiseChart(std::move(series)));
         }
     }
     return html.empty() ? "<p>No setting with noise was measured.</p>\n" : html;
@@ -152,25 +134,33 @@ int StepOf(const CharacterisationResults& results) {
     return control ? ConditionsOf(converter, results.plan.referenceVoltage, *control).codeStep : 1;
 }
 
+/// Where the blocks are, and how charts are put into the page.
+struct ReportSource {
+    const std::string& folder;
+    const ChartHtml& chartHtml;
+};
+
 std::string HistogramOf(const CharacterisationResults& results, const CharacterisationRow& row,
-                        const std::string& what, const std::string& folder) {
+                        const std::string& what, const ReportSource& source) {
     const Converter converter = results.plan.converter;
     const std::string heading = "<h3>" + what + ": " +
                                 Escaped(SettingText(converter, row.setting)) + "</h3>\n<p>" +
                                 Escaped(RowText(row)) + "</p>\n";
     try {
-        const std::vector<double> codes = ToDoubles(
-            LoadCodes(PathIn(folder, DataFileName(converter, row.setting)), Notation::Decimal)
-                .codes);
+        const std::vector<double> codes =
+            ToDoubles(LoadCodes(PathIn(source.folder, DataFileName(converter, row.setting)),
+                                Notation::Decimal)
+                          .codes);
         const int step = StepOf(results);
         const NormalFit fit = FitNormal(codes, ComputeExactStatistics(codes), step);
-        return heading + HistogramChart(ComputeHistogram(codes, maxBins, step), fit, codes.size());
+        return heading + source.chartHtml(HistogramChart(ComputeHistogram(codes, maxBins, step),
+                                                         fit, codes.size()));
     } catch (const std::runtime_error& error) {
         return heading + "<p>" + Escaped(error.what()) + "</p>\n";
     }
 }
 
-std::string Histograms(const CharacterisationResults& results, const std::string& folder) {
+std::string Histograms(const CharacterisationResults& results, const ReportSource& source) {
     const auto bits = [](const CharacterisationRow& row) {
         return row.effective ? row.effective->bits : std::nan("");
     };
@@ -186,8 +176,8 @@ std::string Histograms(const CharacterisationResults& results, const std::string
     if (best == nullptr) {
         return "<p>No setting was measured.</p>\n";
     }
-    return HistogramOf(results, *best, "Best resolution", folder) +
-           (worst == best ? "" : HistogramOf(results, *worst, "Worst resolution", folder));
+    return HistogramOf(results, *best, "Best resolution", source) +
+           (worst == best ? "" : HistogramOf(results, *worst, "Worst resolution", source));
 }
 
 std::string Remarks(const CharacterisationResults& results) {
@@ -223,27 +213,44 @@ std::string Registers(const CharacterisationResults& results) {
 
 }  // namespace
 
+std::string ReportTitle(const CharacterisationResults& results) {
+    return "VX3260 " + std::string(TraitsOf(results.plan.converter).name) + " ADC Noise";
+}
+
 std::string ReportHtml(const CharacterisationResults& results, const std::string& folder) {
-    const std::string title =
-        "VX3260 " + std::string(TraitsOf(results.plan.converter).name) + " ADC Noise";
+    return ReportHtml(results, folder, Resource(QStringLiteral("report.css")), SvgOf);
+}
+
+void WriteReport(const CharacterisationResults& results, const std::string& folder) {
+    ReplaceFile(PathIn(folder, ReportName), ReportHtml(results, folder));
+}
+
+std::string ReportHtml(const CharacterisationResults& results, const std::string& folder,
+                       const std::string& style, const ChartHtml& chartHtml) {
+    const std::string title = ReportTitle(results);
     const std::string subtitle =
         TimeText(results.start) + ", " + BoardText(results.board) + ", " + results.program;
     const std::pair<std::string, std::string> parts[] = {
-        {"{{title}}", Escaped(title)},           {"{{subtitle}}", Escaped(subtitle)},
-        {"{{conditions}}", Conditions(results)}, {"{{tables}}", Tables(results)},
-        {"{{noise}}", NoiseCharts(results)},     {"{{histograms}}", Histograms(results, folder)},
-        {"{{remarks}}", Remarks(results)},       {"{{registers}}", Registers(results)},
+        {"{{style}}", style},
+        {"{{title}}", Escaped(title)},
+        {"{{subtitle}}", Escaped(subtitle)},
+        {"{{conditions}}", Conditions(results)},
+        {"{{tables}}", Tables(results)},
+        {"{{noise}}", NoiseCharts(results, chartHtml)},
+        {"{{histograms}}", Histograms(results, {folder, chartHtml})},
+        {"{{remarks}}", Remarks(results)},
+        {"{{registers}}", Registers(results)},
     };
     // The template is searched, not what is put in its places.
-    const std::string source = Template();
+    const std::string page = Resource(QStringLiteral("report.html"));
     std::string html;
-    for (std::size_t at = 0; at < source.size();) {
+    for (std::size_t at = 0; at < page.size();) {
         const auto* const part =
             std::find_if(std::begin(parts), std::end(parts), [&](const auto& candidate) {
-                return source.compare(at, candidate.first.size(), candidate.first) == 0;
+                return page.compare(at, candidate.first.size(), candidate.first) == 0;
             });
         if (part == std::end(parts)) {
-            html += source[at++];
+            html += page[at++];
         } else {
             html += part->second;
             at += part->first.size();

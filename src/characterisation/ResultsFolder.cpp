@@ -55,10 +55,23 @@ CharacterisationResults LoadResults(const std::string& folder) {
     }
 }
 
+bool HasResults(const std::string& folder) {
+    return FileExists(PathIn(folder, resultsName));
+}
+
+FolderContents ContentsOf(const std::string& path, const CharacterisationPlan& plan) {
+    if (HasResults(path)) {
+        return LoadResults(path).plan == plan ? FolderContents::SamePlan
+                                              : FolderContents::OtherPlan;
+    }
+    return DirOf(path).isEmpty() || !FileExists(path) ? FolderContents::Nothing
+                                                      : FolderContents::OtherFiles;
+}
+
 ResultsFolder::ResultsFolder(std::string path, const CharacterisationResults& beginning,
                              FolderUse use)
     : path_(std::move(path)), results_(beginning) {
-    const bool hasResults = FileExists(PathIn(path_, resultsName));
+    const bool hasResults = HasResults(path_);
     MakeFolder(path_);
     if (hasResults && use == FolderUse::New) {
         throw FileAccessError("the folder " + path_ +

@@ -15,6 +15,20 @@ enum class FolderUse {
     Replace,  ///< delete that one's files
 };
 
+/// What there is under the path of a folder.
+enum class FolderContents {
+    Nothing,     ///< an empty folder, or none
+    OtherFiles,  ///< no characterisation
+    SamePlan,    ///< one that can be resumed
+    OtherPlan,
+};
+
+/// Throws FileAccessError and BadDataError for a characterisation that cannot be read.
+FolderContents ContentsOf(const std::string& path, const CharacterisationPlan& plan);
+
+/// Whether a folder holds a characterisation, readable or not.
+bool HasResults(const std::string& folder);
+
 /// The folder of a characterisation: `characterisation.json`, `table.csv`, and for each measured
 /// setting a data file and its conditions. All of it is on the disk after each Add.
 class ResultsFolder {

@@ -131,6 +131,18 @@ NoiseTable ResolutionTable(const CharacterisationResults& results, Polarity pola
     return TableOf(results, polarity, "Effective resolution (noise-free) in bits", ResolutionCell);
 }
 
+BitsRange BitsRangeOf(const CharacterisationResults& results) {
+    std::optional<BitsRange> range;
+    for (const CharacterisationRow& row : results.rows) {
+        if (row.effective) {
+            const double bits = row.effective->bits;
+            range = range ? BitsRange{std::min(range->worst, bits), std::max(range->best, bits)}
+                          : BitsRange{bits, bits};
+        }
+    }
+    return range.value_or(BitsRange());
+}
+
 std::string TablesText(const CharacterisationResults& results) {
     std::string text;
     for (const Polarity polarity : results.plan.polarities) {

@@ -34,6 +34,18 @@ struct NoiseTable {
 NoiseTable RmsTable(const CharacterisationResults& results, Polarity polarity);
 NoiseTable ResolutionTable(const CharacterisationResults& results, Polarity polarity);
 
+/// The effective resolutions of all settings, from the worst to the best.
+struct BitsRange {
+    double worst = 0;
+    double best = 0;
+
+    /// 0 at the worst, 1 at the best; 1 where all are equal.
+    double PlaceOf(double bits) const { return best > worst ? (bits - worst) / (best - worst) : 1; }
+};
+
+/// Both are 0 where there is none.
+BitsRange BitsRangeOf(const CharacterisationResults& results);
+
 /// All tables, with columns of spaces, and the remarks as notes below.
 std::string TablesText(const CharacterisationResults& results);
 

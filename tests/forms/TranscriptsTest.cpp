@@ -2,6 +2,7 @@
 #include "support/Transcripts.h"
 
 #include <QAccessible>
+#include <QAction>
 
 #include "forms/shell/MainMenuForm.h"
 #include "link/RegisterLookup.h"
@@ -47,14 +48,23 @@ void ExpectNames(const QWidget& form) {
     }
 }
 
-/// Clicks the Command buttons of those numbers, each in the form that the one before has opened.
+/// Clicks the Command button of that number, or chooses the menu item of that name.
+void OpenBy(const QString& name, QDialog& form) {
+    if (auto* const item = form.findChild<QAction*>(name)) {
+        item->trigger();
+    } else {
+        Click(form, "Command" + name.toStdString());
+    }
+}
+
+/// Does that for each of them, in the form that the one before has opened.
 void OpenBy(const QStringList& numbers, QDialog& form,
             const std::function<void(QDialog&)>& inspect) {
     if (numbers.isEmpty()) {
         inspect(form);
         return;
     }
-    const bool opened = WhileModal([&] { Click(form, "Command" + numbers.front().toStdString()); },
+    const bool opened = WhileModal([&] { OpenBy(numbers.front(), form); },
                                    [&](QDialog& next) { OpenBy(numbers.mid(1), next, inspect); });
     EXPECT_TRUE(opened) << "no form";
 }

@@ -3,19 +3,15 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cmath>
 
-#include "acquisition/ConditionsRecorder.h"
-#include "app/ApplicationInfo.h"
-#include "app/BoardState.h"
 #include "characterisation/Report.h"
+#include "characterisation/Sweep.h"
 #include "characterisation/Tables.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
 #include "cli/board/StopSignal.h"
 #include "cli/board/StuckReadyLine.h"
 #include "cli/reports/JsonText.h"
-#include "files/CodeFile.h"
 #include "files/CodeText.h"
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
@@ -26,7 +22,6 @@ namespace vx3260 {
 namespace {
 
 constexpr std::string_view all = "all";
-constexpr int maxSettle = 10000;
 
 /// The code of a name; the command line is wrong where there is none.
 std::int32_t CodeNamed(const RegisterMap::Field& field, const std::string& name,
@@ -42,13 +37,6 @@ std::int32_t CodeNamed(const RegisterMap::Field& field, const std::string& name,
                        option + ": '" + name + "' is not one of " + known);
 }
 
-template <typename Value>
-void AddOnce(std::vector<Value>& values, Value value) {
-    if (std::find(values.begin(), values.end(), value) == values.end()) {
-        values.push_back(value);
-    }
-}
-
 std::vector<std::int32_t> CodesOf(Converter converter, const std::vector<std::string>& names) {
     const RegisterMap::Field& field = ScaleField(converter);
     std::vector<std::int32_t> codes;
@@ -62,37 +50,6 @@ std::vector<std::int32_t> CodesOf(Converter converter, const std::vector<std::st
         }
     }
     return codes;
-}
-
-std::chrono::duration<double> DurationOf(const CharacterisationPlan& plan,
-                                         const std::vector<CharacterisedSetting>& settings) {
-    std::chrono::duration<double> duration{};
-    for (const CharacterisedSetting& setting : settings) {
-        duration += DurationOf(plan, setting);
-    }
-    return duration;
-}
-
-void Announce(const CharacterisationPlan& plan, const std::vector<CharacterisedSetting>& settings,
-              std::ostream& err) {
-    const auto seconds = static_cast<std::int64_t>(std::ceil(DurationOf(plan, settings).count()));
-    err << "Measuring " << CountText(static_cast<std::int64_t>(settings.size()), "setting")
-        << " with " << CountText(plan.count, "code") << " each, after " << plan.settle
-        << " to settle; " << DurationText(std::chrono::seconds(seconds))
-        << " at the chip's rates, Ctrl+C stops" << std::endl;
-}
-
-void ReportRestored(const std::vector<RegisterMismatch>& mismatches, std::ostream& err) {
-    if (mismatches.empty()) {
-        err << "All registers are as they were before, verified" << std::endl;
-        return;
-    }
-    for (const RegisterMismatch& mismatch : mismatches) {
-        const RegisterMap::RegisterAccess& access = mismatch.wanted.description.access;
-        err << "Not restored: " << mismatch.wanted.description.name << " was "
-            << RegisterMap::RegisterHex(mismatch.wanted.value, access) << " and reads "
-            << RegisterMap::RegisterHex(mismatch.readBack, access) << std::endl;
-    }
 }
 
 ExitCode ExitCodeFor(CharacterisationEnd end, bool restored,
@@ -160,7 +117,7 @@ void CharacteriseCommand::AddMeasurement() {
     AddWholeNumber(Parser(), "--settle", settle_,
                    "Results to drop first; the default is enough for a filter of third order, with "
                    "one to spare")
-        ->check(CLI::Range(0, maxSettle));
+        ->check(CLI::Range(0, MaxSettle));
     AddWord(
         Parser(), "--calibrate", {"internal", "none"}, "none",
         [this](const std::string& name) { calibrate_ = name == "internal"; },
@@ -205,20 +162,13 @@ ExitCode CharacteriseCommand::Run(const CommandContext& context) {
     Services& services = context.board.Services();
     const RegisterReading control = ReadAnswered(
         services, RegisterMap::DescriptionOf(TraitsOf(converter_).control), NothingWritten);
-    const CharacterisationResults beginning{
-        .plan = PlanFor(control.value),
-        .program = std::string(TitleAndVersion),
-        .board = BoardNameOf(services),
-        .start = PresentTime(),
-        .registers = SnapshotOf(ReadConfiguration(services.port, services.state.PortAddress))};
     const FolderUse use = resume_  ? FolderUse::Resume
                           : force_ ? FolderUse::Replace
                                    : FolderUse::New;
-    ResultsFolder folder(output_, beginning, use);
+    ResultsFolder folder(output_, BeginningOf(services, PlanFor(control.value)), use);
     const ExitCode exitCode = Measure(context, services, folder);
-    const std::string report = PathIn(output_, ReportName);
-    ReplaceFile(report, ReportHtml(folder.Results(), output_));
-    context.streams.err << "Wrote " << report << std::endl;
+    WriteReport(folder.Results(), output_);
+    context.streams.err << "Wrote " << PathIn(output_, ReportName) << std::endl;
     context.streams.out << Report(folder.Results());
     return exitCode;
 }
@@ -232,22 +182,19 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
         err << "All settings have been measured" << std::endl;
         return ExitCode::Success;
     }
-    Announce(plan, settings, err);
+    err << "Measuring " << SweepText(plan, settings) << ", Ctrl+C stops" << std::endl;
     const StopSignal stop;
     bool restored = false;
-    int before = 0;
-    ProgressLine progress(err, static_cast<int>(settings.size()) * plan.count,
+    ProgressLine progress(err, static_cast<int>(CodesOfSweep(plan, settings.size())),
                           context.streams.errWidth);
     const auto say = [&](const std::string& text) {
         progress.Clear();
         err << text << std::endl;
     };
-    const CharacterisationHooks hooks{
-        .afterEach = [&](int codes) { progress.Show(before + codes); },
+    const SweepHooks hooks{
+        .afterEach = [&](const SweepProgress& now) { progress.Show(static_cast<int>(now.sum)); },
         .finished =
             [&](const CharacterisedBlock& block) {
-                folder.Add(block);
-                before += plan.count;
                 say(SettingText(plan.converter, block.setting) + ": " +
                     RowText(folder.Results().rows.back()));
                 for (const std::string& warning : TextsOf(block.warnings)) {
@@ -259,10 +206,12 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
             [&](const std::vector<RegisterMismatch>& mismatches) {
                 restored = mismatches.empty();
                 progress.Clear();
-                ReportRestored(mismatches, err);
+                for (const std::string& line : RestoredLines(mismatches)) {
+                    err << line << std::endl;
+                }
             }};
     CheckReadyLine(services);
-    const CharacterisationEnd end = Characterise(services, plan, settings, hooks);
+    const CharacterisationEnd end = MeasureRemaining(services, folder, hooks);
     if (end == CharacterisationEnd::NoBoard) {
         err << "The board does not answer any more. Check the cable and the board's power; "
                "--resume "

@@ -6,7 +6,6 @@
 
 #include "characterisation/Report.h"
 #include "characterisation/ResultsFolder.h"
-#include "files/CodeFile.h"
 #include "options/Validators.h"
 
 namespace vx3260 {
@@ -20,9 +19,8 @@ ReportCommand::ReportCommand(CLI::App& program)
 }
 
 ExitCode ReportCommand::Run(const CommandContext& context) {
-    const std::string path = PathIn(folder_, ReportName);
-    ReplaceFile(path, ReportHtml(LoadResults(folder_), folder_));
-    context.streams.err << "Wrote " << path << std::endl;
+    WriteReport(LoadResults(folder_), folder_);
+    context.streams.err << "Wrote " << PathIn(folder_, ReportName) << std::endl;
     return ExitCode::Success;
 }
 

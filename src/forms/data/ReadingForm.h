@@ -9,9 +9,9 @@
 
 #include "acquisition/ConverterReader.h"
 #include "analysis/ConversionConditions.h"
-#include "forms/data/PositiveEntry.h"
 #include "forms/data/ReadingLoop.h"
 #include "ui/Form.h"
+#include "ui/PositiveEntry.h"
 
 namespace vx3260 {
 

@@ -19,6 +19,7 @@
 #include "forms/shell/ProgramForm.h"
 #include "forms/shell/ResetForm.h"
 #include "forms/shell/aboutform.h"
+#include "forms/tools/CharacteriseForm.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
@@ -65,6 +66,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     On(ui_->Command10, &QPushButton::clicked, &MainMenuForm::AnalyseAuxNoise);
     On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
+    On(ui_->MnuCharacterise, &QAction::triggered, &MainMenuForm::OpenForm<CharacteriseForm>);
     ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "forms/data/PositiveEntry.h"
+#include "ui/PositiveEntry.h"
 
 #include <limits>
 
