@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <random>
