@@ -2,11 +2,12 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <iterator>
 #include <optional>
-#include <ranges>
 
 namespace vx3260 {
 
@@ -15,6 +16,25 @@ struct TimedCode {
     std::chrono::nanoseconds time;  ///< by the board's clock
     std::int32_t code;
     bool first;  ///< of its reading: between it and the code before, nothing was read
+};
+
+/// Codes in the order they were read; valid until the next one is added.
+class TimedCodes {
+  public:
+    using Place = std::deque<TimedCode>::const_iterator;
+
+    TimedCodes(Place first, Place end) : first_(first), end_(end) {}
+
+    Place begin() const { return first_; }
+    Place end() const { return end_; }
+    std::size_t size() const { return static_cast<std::size_t>(end_ - first_); }
+
+    /// There is one.
+    const TimedCode& back() const { return *std::prev(end_); }
+
+  private:
+    Place first_;
+    Place end_;
 };
 
 /// Figures of the codes in a window.
@@ -54,9 +74,8 @@ class CodeWindow {
     void Clear();
 
     /// The codes of the window, the oldest first.
-    auto Codes() const {
-        return std::ranges::subrange(kept_.begin() + static_cast<std::ptrdiff_t>(begin_),
-                                     kept_.end());
+    TimedCodes Codes() const {
+        return {kept_.begin() + static_cast<std::ptrdiff_t>(begin_), kept_.end()};
     }
 
     /// Empty without a code.

@@ -211,7 +211,7 @@ bool StripChart::FollowRange() {
 }
 
 void StripChart::SetCodes() {
-    const auto codes = Shown().Codes();
+    const TimedCodes codes = Shown().Codes();
     const TimeUnit unit = TimeUnitOf(Shown().Span());
     QVector<QCPGraphData> points;
     points.reserve(static_cast<qsizetype>(codes.size()) + 1);
