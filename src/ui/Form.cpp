@@ -138,14 +138,39 @@ void Form::FitToScreen(const QMargins& frame) {
         return;
     }
     const QSize space = screen()->availableGeometry().marginsRemoved(frame).size();
+    MakeScrollableBeyond(space);
+    GrowToTexts();
+    resize(size().boundedTo(space));
+    CentreOnScreen(frame);
+}
+
+void Form::MakeScrollableBeyond(const QSize& space) {
     const QSize needed =
         minimumSizeHint().expandedTo(minimumSize()).expandedTo({0, HeightOfTexts()});
     if (needed.width() > space.width() || needed.height() > space.height()) {
         MakeScrollable();
     }
-    GrowToTexts();
-    resize(size().boundedTo(space));
-    CentreOnScreen(frame);
+}
+
+/// The height that comes with the part goes with it. The form's upper end stays where it is, unless
+/// the lower one would leave the screen.
+void Form::ShowPart(QWidget* part, bool shown) {
+    const int before = height();
+    part->setVisible(shown);
+    if (isMaximized() || windowHandle() == nullptr) {
+        return;
+    }
+    const QMargins frame = windowHandle()->frameMargins();
+    const QRect space = screen()->availableGeometry().marginsRemoved(frame);
+    layout()->activate();
+    MakeScrollableBeyond(space.size());
+    const int with = shown ? part->sizeHint().height() + layout()->spacing() : -partHeight_;
+    resize(width(), std::min(before + with, space.height()));
+    partHeight_ = shown ? height() - before : 0;
+    const int surplus = geometry().bottom() - space.bottom();
+    if (surplus > 0) {
+        move(x(), y() - surplus);
+    }
 }
 
 void Form::GrowToTexts() {

@@ -72,6 +72,10 @@ class Form : public QDialog {
     /// the form's width and the screen allow.
     void OpenAside(double side) { side_ = side; }
 
+    /// Shows or hides a part of the form's layout; the form grows or shrinks by the part's height,
+    /// as far as the screen allows.
+    void ShowPart(QWidget* part, bool shown);
+
     /// Makes the form high enough for a wrapped text that has become longer, as far as the screen
     /// allows.
     void GrowToTexts();
@@ -84,6 +88,7 @@ class Form : public QDialog {
     void PrepareButtons();
     void FollowFrame();
     void FitToScreen(const QMargins& frame);
+    void MakeScrollableBeyond(const QSize& space);
     int HeightOfTexts() const;
     void CentreOnScreen(const QMargins& frame);
     void MakeScrollable();
@@ -92,6 +97,7 @@ class Form : public QDialog {
     QLabel* boardLabel_ = nullptr;
     bool prepared_ = false;
     bool scrollable_ = false;
+    int partHeight_ = 0;  ///< that came with the part
     int frameChecks_ = 0;
     double side_ = 0;
 };

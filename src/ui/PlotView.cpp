@@ -151,6 +151,12 @@ void PlotView::SetUpLegend() {
     legend->setVisible(true);
 }
 
+void PlotView::HideLegend() {
+    legend->setVisible(false);
+    legend->setMargins({});
+    setAutoAddPlottableToLegend(false);
+}
+
 void PlotView::SetTheme(std::function<void(const PlotTheme&)> useTheme) {
     useTheme_ = std::move(useTheme);
     UseTheme(ThemeOf(palette()));

@@ -49,6 +49,9 @@ class PlotView final : public QCustomPlot {
     /// after it.
     void SetTheme(std::function<void(const PlotTheme&)> useTheme);
 
+    /// For a plot that needs none; its place goes to the plot.
+    void HideLegend();
+
     /// Sets the limits and shows everything.
     void SetExtent(const PlotExtent& extent);
     void ShowAll();

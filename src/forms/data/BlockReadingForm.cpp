@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "acquisition/ConditionsRecorder.h"
 #include "acquisition/ProgressText.h"
 #include "acquisition/Reading.h"
 #include "analysis/BlockWarnings.h"
@@ -64,7 +63,7 @@ void BlockReadingForm::ReadForAnalysis() {
     conditions.reset();
     ConditionsRecorder recorder(Shared(), converter_);
     const ReadingEnd end = Loop().Run([&, this](ReadingHooks hooks) {
-        hooks.afterEach = [&recorder] { recorder.CodeRead(); };
+        hooks.afterEach = [&, this] { FollowBlock(recorder); };
         return ReadBlock(Reader(), Block(), size, hooks);
     });
     ShowProgress(Block().count);
@@ -107,6 +106,13 @@ void BlockReadingForm::PrepareReading() {
     sinceProgress_.invalidate();
 }
 
+/// The count is the number of the code that was just read.
+void BlockReadingForm::FollowBlock(ConditionsRecorder& recorder) {
+    recorder.CodeRead();
+    const CodeBlock block = Block();
+    AddToCharts({ToInt32(block.codes.at(static_cast<std::size_t>(block.count) - 1))});
+}
+
 void BlockReadingForm::FollowProgress() {
     if (sinceProgress_.isValid() && sinceProgress_.elapsed() >= progressMilliseconds) {
         // The count is the number of the code that is read next.
@@ -134,6 +140,7 @@ void BlockReadingForm::ShowProgress(int done) {
 void BlockReadingForm::ShowCode(std::int32_t code) {
     ShowAtOnce(controls_.currentCode, HexText(code));
     ExplainHex(controls_.currentCode, code);
+    AddToCharts({code});
 }
 
 }  // namespace vx3260

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "acquisition/ConditionsRecorder.h"
 #include "forms/data/ReadingForm.h"
 
 namespace vx3260 {
@@ -33,7 +34,7 @@ class BlockReadingForm : public ReadingForm {
     void LoadTwin(const Ui& ui) {
         Load({ui.NumCodesText, ui.CurrentCodeText, ui.ReadingProgress, ui.Command1, ui.Command3,
               ui.WarningsLabel});
-        ReadingForm::Load(ControlsOf(ui));
+        ReadingForm::Load(ControlsOf(ui), {ui.Chart});
         On(&Loop(), &ReadingLoop::NextRead, &BlockReadingForm::FollowProgress);
     }
 
@@ -49,6 +50,7 @@ class BlockReadingForm : public ReadingForm {
     void Load(const BlockControls& controls);
     void ReadForAnalysis();
     void AnalyseBlock();
+    void FollowBlock(ConditionsRecorder& recorder);
     void FollowProgress();
     std::optional<double> Rate();
     void ShowProgress(int done);

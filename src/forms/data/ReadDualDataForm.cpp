@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/data/ReadDualDataForm.h"
 
-#include <cmath>
-
+#include "analysis/WindowTexts.h"
 #include "link/Serial.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
@@ -10,15 +9,6 @@
 #include "ui_ReadDualDataForm.h"
 
 namespace vx3260 {
-namespace {
-
-/// As many decimals as one code needs, so that the point stays where it is from code to code.
-std::string SteadyVoltsText(const ConversionConditions& conditions, std::int32_t code) {
-    const int decimals = static_cast<int>(std::ceil(-std::log10(conditions.lsbVolts)));
-    return FixedText(conditions.VoltsOf(code), std::max(0, decimals)) + " V";
-}
-
-}  // namespace
 
 ReadDualDataForm::ReadDualDataForm(Services& services, QWidget* parent)
     : ReadingForm(services, {Converter::Main, Converter::Aux}, parent),
@@ -28,7 +18,10 @@ ReadDualDataForm::ReadDualDataForm(Services& services, QWidget* parent)
          {ui_->MainCodeText, ui_->MainVoltsText, ui_->AuxCodeText, ui_->AuxVoltsText}) {
         UseFixedFont(box);
     }
-    Load(ControlsOf(*ui_));
+    Load(ControlsOf(*ui_), {ui_->MainChart, ui_->AuxChart});
+    ShowCharts();
+    // Without it Qt opens a window with two thirds of the screen's height at most.
+    resize(sizeHint());
 }
 
 ReadDualDataForm::~ReadDualDataForm() = default;
@@ -46,6 +39,7 @@ void ReadDualDataForm::ShowCode(std::int32_t code) {
     ShowAtOnce(ui_->AuxCodeText, HexText(auxCode));
     ExplainHex(ui_->AuxCodeText, auxCode);
     ShowAtOnce(ui_->AuxVoltsText, SteadyVoltsText(Conditions(Converter::Aux), auxCode));
+    AddToCharts({code, auxCode});
 }
 
 }  // namespace vx3260

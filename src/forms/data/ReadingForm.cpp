@@ -39,7 +39,7 @@ ReadingForm::ReadingForm(Services& services, std::vector<Converter> converters, 
       converters_(std::move(converters)),
       reader_(services.port, services.state.PortAddress, converters_.front()) {}
 
-void ReadingForm::Load(const Controls& controls) {
+void ReadingForm::Load(const Controls& controls, const std::vector<StripChart*>& charts) {
     controls_ = controls;
     loop_ = new ReadingLoop(controls.prompt, controls.stop, controls.keyTarget, this);
     // Composed input is a key press too, and must stop the loop instead of filling this line edit.
@@ -55,6 +55,42 @@ void ReadingForm::Load(const Controls& controls) {
     On(controls.back, &QPushButton::clicked, &ReadingForm::reject);
 
     reader_.ReadControls();
+    SetUpCharts(charts);
+}
+
+void ReadingForm::SetUpCharts(const std::vector<StripChart*>& charts) {
+    charts_ = charts;
+    for (std::size_t i = 0; i < charts_.size(); ++i) {
+        const std::string_view name = TraitsOf(converters_.at(i)).name;
+        charts_[i]->setAccessibleName(tr("%1 ADC Chart").arg(QString::fromUtf8(name)));
+    }
+    UseConditions();
+    On(controls_.reference, &QLineEdit::textChanged, &ReadingForm::UseConditions);
+    controls_.chartControls->Control(charts_);
+    controls_.chartFrame->hide();
+    connect(controls_.chartControls, &ChartControls::ShownChanged, this,
+            [this](bool shown) { ShowPart(controls_.chartFrame, shown); });
+}
+
+void ReadingForm::UseConditions() {
+    for (std::size_t i = 0; i < charts_.size(); ++i) {
+        charts_[i]->SetConditions(Conditions(converters_.at(i)));
+    }
+}
+
+void ReadingForm::AddToCharts(std::initializer_list<std::int32_t> codes) {
+    const std::chrono::nanoseconds time = Shared().port.Now();
+    auto chart = charts_.begin();
+    for (const std::int32_t code : codes) {
+        (*chart++)->Add(time, code);
+    }
+}
+
+void ReadingForm::PrepareReading() {
+    closeRequested_ = false;
+    for (StripChart* chart : charts_) {
+        chart->StartReading();
+    }
 }
 
 void ReadingForm::reject() {

@@ -5,19 +5,22 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <cstdint>
+#include <initializer_list>
 #include <vector>
 
 #include "acquisition/ConverterReader.h"
 #include "analysis/ConversionConditions.h"
+#include "forms/data/ChartControls.h"
 #include "forms/data/ReadingLoop.h"
+#include "forms/data/StripChart.h"
 #include "ui/Form.h"
 #include "ui/PositiveEntry.h"
 
 namespace vx3260 {
 
 /// What the forms that read conversion results share: codes for display until a key is pressed,
-/// with a delay between them, and the reference voltage. Which converters are enabled, and how they
-/// are set, is read from the chip once, when the form opens.
+/// with a delay between them, the reference voltage, and charts of the codes. Which converters are
+/// enabled, and how they are set, is read from the chip once, when the form opens.
 class ReadingForm : public Form {
     Q_OBJECT
 
@@ -37,21 +40,30 @@ class ReadingForm : public Form {
         QPushButton* display;
         QPushButton* back;
         QLabel* boardLabel;
+        ChartControls* chartControls;
+        QWidget* chartFrame;
     };
 
     /// All reading forms have them by the same names.
     template <typename Ui>
     static Controls ControlsOf(const Ui& ui) {
-        return {ui.HeadingLabel, ui.DelayText, ui.RefText,  ui.ReadingLabel, ui.StopButton,
-                ui.Text1,        ui.Command2,  ui.Command4, ui.BoardLabel};
+        return {ui.HeadingLabel, ui.DelayText, ui.RefText,   ui.ReadingLabel,
+                ui.StopButton,   ui.Text1,     ui.Command2,  ui.Command4,
+                ui.BoardLabel,   ui.ChartRow,  ui.ChartFrame};
     }
 
     /// `converters` are those that must be enabled. The codes are the first one's; the other
     /// converter is read alongside.
     ReadingForm(Services& services, std::vector<Converter> converters, QWidget* parent);
 
-    /// Takes the controls and reads both control registers.
-    void Load(const Controls& controls);
+    /// Takes the controls and the charts, one for each of the converters, and reads both control
+    /// registers.
+    void Load(const Controls& controls, const std::vector<StripChart*>& charts);
+
+    /// A code that was just read for each chart.
+    void AddToCharts(std::initializer_list<std::int32_t> codes);
+
+    void ShowCharts() { controls_.chartControls->SetShown(true); }
 
     ConverterReader& Reader() { return reader_; }
     ReadingLoop& Loop() { return *loop_; }
@@ -74,16 +86,19 @@ class ReadingForm : public Form {
     virtual void ShowCode(std::int32_t code) = 0;
 
     /// Called before a reading starts.
-    virtual void PrepareReading() { closeRequested_ = false; }
+    virtual void PrepareReading();
 
   private:
     void ReadForDisplay();
+    void SetUpCharts(const std::vector<StripChart*>& charts);
+    void UseConditions();
 
     std::vector<Converter> converters_;
     ConverterReader reader_;
     Controls controls_{};
     ReadingLoop* loop_ = nullptr;
     PositiveEntry* reference_ = nullptr;
+    std::vector<StripChart*> charts_;
     bool closeRequested_ = false;
 };
 

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QComboBox>
 #include <QPushButton>
 #include <QScreen>
+#include <algorithm>
+#include <cmath>
 
+#include "analysis/NoiseStatistics.h"
+#include "analysis/WindowTexts.h"
 #include "forms/data/ReadAuxDataForm.h"
 #include "forms/data/ReadDualDataForm.h"
 #include "forms/data/ReadMainDataForm.h"
@@ -29,6 +34,51 @@ class ReadingFormTest : public FormTest {
     int HexIn(const char* box) { return Box(box).text().toInt(nullptr, 16); }
     void Type(const char* box, const char* text) { Box(box).setText(QString::fromUtf8(text)); }
     void PressAKey() { QTest::keyClick(&Box("Text1"), Qt::Key_Space); }
+
+    StripChart& Chart(const char* name) {
+        auto& chart = Find<StripChart>(*form, name);
+        chart.Draw();
+        return chart;
+    }
+
+    /// The codes that a chart draws, without the breaks between readings.
+    std::vector<double> PointsOn(const char* chart) {
+        std::vector<double> codes;
+        for (const QCPGraphData& point : *Find<PlotView>(Chart(chart), "Plot").graph(0)->data()) {
+            if (!std::isnan(point.value)) {
+                codes.push_back(point.value);
+            }
+        }
+        return codes;
+    }
+    int BreaksIn(const char* chart) {
+        const auto points = Find<PlotView>(Chart(chart), "Plot").graph(0)->data();
+        return static_cast<int>(std::count_if(points->begin(), points->end(),
+                                              [](const auto& p) { return std::isnan(p.value); }));
+    }
+
+    /// Expects a chart of these codes and labels with their figures.
+    void ExpectChartOf(const char* name, Converter converter, const std::vector<double>& codes) {
+        EXPECT_EQ(PointsOn(name), codes);
+        WindowTexts texts;
+        if (!codes.empty()) {
+            const ExactStatistics exact = ComputeExactStatistics(codes);
+            const auto [smallest, largest] = std::minmax_element(codes.begin(), codes.end());
+            const ConversionConditions conditions = ConditionsOf(
+                converter, bench->state.ReferenceVoltage,
+                static_cast<std::int32_t>(
+                    Contents(converter == Converter::Main ? mainControlAt : auxControlAt)));
+            texts = vx3260::TextsOf(
+                {codes.size(), exact.mean, exact.sigma, static_cast<std::int32_t>(*smallest),
+                 static_cast<std::int32_t>(*largest)},
+                conditions);
+        }
+        const auto shown = [&](const char* label) { return TextOf(Chart(name), label); };
+        EXPECT_EQ(shown("MeanLabel") + shown("MeanVoltsLabel"), texts.mean + texts.meanVolts);
+        EXPECT_EQ(shown("SigmaLabel") + shown("SigmaVoltsLabel"), texts.sigma + texts.sigmaVolts);
+        EXPECT_EQ(shown("PeakToPeakLabel") + shown("PeakToPeakVoltsLabel"),
+                  texts.peakToPeak + texts.peakToPeakVolts);
+    }
 
     /// Runs `act` from the event loop once a reading runs.
     void DuringReading(const std::function<void()>& act) { QTimer::singleShot(0, form.get(), act); }
@@ -152,6 +202,68 @@ TEST_P(ReadDataFormTest, ReportsThatNoResultBecomesReady) {
     EXPECT_EQ(Block().codes.at(0), -2147483648.0);
 }
 
+TEST_P(ReadDataFormTest, ChartIsFoldedAwayUntilAskedFor) {
+    Open();
+    const auto visible = [this](const char* name) { return Find(*form, name).isVisible(); };
+    const QSize folded = form->size();
+    EXPECT_FALSE(visible("Chart") || visible("SpanBox") || visible("PauseButton"));
+    ClickOn("ShowCheck");
+    EXPECT_TRUE(visible("Chart") && visible("SpanBox") && visible("PauseButton"));
+    EXPECT_GT(form->height(), folded.height());
+    EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
+    ClickOn("ShowCheck");
+    EXPECT_FALSE(visible("Chart") || visible("SpanBox") || visible("PauseButton"));
+    EXPECT_EQ(form->size(), folded);
+}
+
+TEST_P(ReadDataFormTest, ChartsTheCodesOfABlockAndTheirFigures) {
+    Open();
+    Click(*form, "ShowCheck");
+    Type("NumCodesText", "100");  // 5 seconds
+    EXPECT_EQ(ClickOn("Command1"), "");
+    const std::vector<double> first(Block().codes);
+    ExpectChartOf("Chart", GetParam().converter, first);
+    Type("NumCodesText", "20");
+    ClickOn("Command1");
+    std::vector<double> both(first);
+    both.insert(both.end(), Block().codes.begin(), Block().codes.end());
+    ExpectChartOf("Chart", GetParam().converter, both);
+    EXPECT_EQ(BreaksIn("Chart"), 1) << "nothing was read between the two blocks";
+    Type("RefText", "5");
+    ExpectChartOf("Chart", GetParam().converter, both);
+    Click(*form, "ClearButton");
+    ExpectChartOf("Chart", GetParam().converter, {});
+    EXPECT_EQ(Block().codes.size(), 20U);
+}
+
+TEST_P(ReadDataFormTest, PauseKeepsTheChartWhileReadingGoesOn) {
+    Open();
+    Click(*form, "ShowCheck");
+    ClickOn("Command1");
+    Find<QComboBox>(*form, "SpanBox").setCurrentIndex(2);
+    const std::vector<double> first(Block().codes);
+    ExpectChartOf("Chart", GetParam().converter, first);
+    Click(*form, "PauseButton");
+    ClickOn("Command1");
+    ExpectChartOf("Chart", GetParam().converter, first);
+    Click(*form, "PauseButton");
+    std::vector<double> both(first);
+    both.insert(both.end(), Block().codes.begin(), Block().codes.end());
+    ExpectChartOf("Chart", GetParam().converter, both);
+}
+
+TEST_P(ReadDataFormTest, ChartCostsNoAccesses) {
+    std::vector<std::chrono::nanoseconds> ends;
+    for (const bool chart : {false, true}) {
+        UseBoardWith("");
+        Open();
+        Find<QAbstractButton>(*form, "ShowCheck").setChecked(chart);
+        ClickOn("Command1");
+        ends.push_back(bench->port->Now());
+    }
+    EXPECT_EQ(ends[0], ends[1]) << "each access takes time by the board's clock";
+}
+
 using ReadAuxDataFormTest = ReadingFormTest;
 
 TEST_F(ReadAuxDataFormTest, ShowsTheTemperatureOfItsSensor) {
@@ -212,6 +324,34 @@ TEST_F(ReadDualDataFormTest, ShowsBothCodesInHexadecimalAndInVolts) {
     EXPECT_EQ(auxVolts.size(), std::string("0.12345 V").size());
     EXPECT_NEAR(std::stod(mainVolts), 0.01 * 0.996 + 0.002 * 2.56, 3e-5);
     EXPECT_NEAR(std::stod(auxVolts), 0.29815 * 0.996 + 0.002 * 2.5, 1e-3);
+}
+
+TEST_F(ReadDualDataFormTest, ChartsTheCodesOfBothConverters) {
+    Open<ReadDualDataForm>();
+    EXPECT_TRUE(Find(*form, "MainChart").isVisible() && Find(*form, "AuxChart").isVisible());
+    Type("DelayText", "0");
+    std::vector<double> mainCodes;
+    std::vector<double> auxCodes;
+    QObject::connect(&Box("AuxVoltsText"), &QLineEdit::textChanged, form.get(), [&] {
+        mainCodes.push_back(HexIn("MainCodeText"));
+        auxCodes.push_back(HexIn("AuxCodeText"));
+        if (auxCodes.size() == 50) {
+            PressAKey();
+        }
+    });
+    EXPECT_EQ(ClickOn("Command2"), "");
+    const auto atTextChanges = [this](const char* chart) {
+        // A code whose voltage text is that of the one before is on the chart, and not counted.
+        std::vector<double> points = PointsOn(chart);
+        EXPECT_GE(points.size(), 50U);
+        return points;
+    };
+    const std::vector<double> mainPoints = atTextChanges("MainChart");
+    const std::vector<double> auxPoints = atTextChanges("AuxChart");
+    EXPECT_EQ(mainPoints.back(), mainCodes.back());
+    EXPECT_EQ(auxPoints.back(), auxCodes.back());
+    ExpectChartOf("MainChart", Converter::Main, mainPoints);
+    ExpectChartOf("AuxChart", Converter::Aux, auxPoints);
 }
 
 }  // namespace
