@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "configuration/ConfigurationTexts.h"
 
-#include <string_view>
+#include <bit>
+#include <optional>
 
 #include "analysis/ReadingTexts.h"
+#include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
 #include "numbers/NumberText.h"
 
@@ -30,6 +32,11 @@ std::string FieldValueText(const RegisterMap::Field& field, std::int32_t code) {
         return RegisterMap::TextOfCode(field, code);
     }
     return PrefixedHex(code, std::popcount(static_cast<std::uint32_t>(field.mask)) / bitsOfDigit);
+}
+
+std::string RateRemark(const RegisterReading& reading) {
+    const std::optional<double> rate = UpdateRate(reading);
+    return rate ? " (" + FormatNumber(*rate, "0.0000") + " Hz)" : "";
 }
 
 std::string FieldsText(const RegisterReading& reading) {

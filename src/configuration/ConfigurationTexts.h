@@ -26,6 +26,9 @@ std::vector<std::string> HeadLines(const ConfigurationHead& head);
 /// "0x800000".
 std::string FieldValueText(const RegisterMap::Field& field, std::int32_t code);
 
+/// " (19.7874 Hz)", the rate that the filter register sets; empty for other registers.
+std::string RateRemark(const RegisterReading& reading);
+
 /// The fields of a register: "enable=on word-length=24 ...".
 std::string FieldsText(const RegisterReading& reading);
 

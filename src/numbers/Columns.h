@@ -38,4 +38,7 @@ std::string CaptionedLines(const std::vector<CaptionedText>& rows);
 /// Rows of as many cells as the first one has, each column aligned at the right.
 std::string TableText(const std::vector<std::vector<std::string>>& rows);
 
+/// The same, each column aligned at the left; no spaces end a line.
+std::string LeftAlignedTable(const std::vector<std::vector<std::string>>& rows);
+
 }  // namespace vx3260

@@ -48,6 +48,16 @@ ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<Fi
     return {dialog->selectedFiles().value(0), dialog->defaultSuffix()};
 }
 
+QString AskForExistingFile(QWidget* parent, const QString& title, const QString& path) {
+    const QFileInfo proposed(path);
+    const FileDialog dialog(new QFileDialog(parent, title, proposed.absolutePath()));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->selectFile(proposed.fileName());
+    return dialog->exec() == QDialog::Accepted
+               ? QDir::toNativeSeparators(dialog->selectedFiles().value(0))
+               : QString();
+}
+
 QString AskForFolder(QWidget* parent, const QString& title, const QString& folder) {
     const FileDialog dialog(new QFileDialog(parent, title, folder));
     dialog->setFileMode(QFileDialog::Directory);

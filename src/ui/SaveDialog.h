@@ -31,6 +31,10 @@ struct ChosenFile {
 /// returns the name of an existing file.
 ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds);
 
+/// Asks for a file that exists, with `path` proposed. With the system's separators; empty if the
+/// user cancels.
+QString AskForExistingFile(QWidget* parent, const QString& title, const QString& path);
+
 /// Asks for a folder that exists or can be made, beginning at `folder`. Empty if the user cancels.
 QString AskForFolder(QWidget* parent, const QString& title, const QString& folder);
 

@@ -5,9 +5,15 @@
 #include <QStringList>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vx3260 {
+
+/// UTF-8 as Qt has it.
+inline QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text);
+}
 
 /// Lines of UTF-8 as Qt has them.
 QStringList ToQStrings(const std::vector<std::string>& lines);

@@ -3,7 +3,6 @@
 
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
-#include <algorithm>
 #include <vector>
 
 #include "cli/reports/JsonText.h"
@@ -30,24 +29,11 @@ std::string ClaimText(PortClaim claim) {
 }
 
 std::string Text(const std::vector<PortListing>& ports) {
-    std::vector<std::array<std::string, 4>> rows{{"port", "address", "permissions", "claim"}};
+    std::vector<std::vector<std::string>> rows{{"port", "address", "permissions", "claim"}};
     for (const PortListing& port : ports) {
         rows.push_back({port.name, AddressText(port), port.permissions, ClaimText(port.claim)});
     }
-    std::array<std::size_t, 4> widths{};
-    for (const auto& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], row[i].size());
-        }
-    }
-    std::string text;
-    for (const auto& row : rows) {
-        for (std::size_t i = 0; i + 1 < row.size(); ++i) {
-            text += Padded(row[i], widths[i] + 2);
-        }
-        text += row.back() + "\n";
-    }
-    return text;
+    return LeftAlignedTable(rows);
 }
 
 QJsonValue TextIf(bool applies, const std::string& text) {

@@ -2,8 +2,6 @@
 #include "cli/reports/DifferencesReport.h"
 
 #include <QJsonArray>
-#include <algorithm>
-#include <array>
 #include <vector>
 
 #include "cli/reports/JsonText.h"
@@ -29,30 +27,16 @@ QString Text(std::string_view text) {
 
 std::string DifferencesText(std::span<const FieldDifference> differences, const std::string& left,
                             const std::string& right) {
-    constexpr std::size_t columns = 4;
     if (differences.empty()) {
         return "";
     }
-    std::vector<std::array<std::string, columns>> rows{{"register", "field", left, right}};
+    std::vector<std::vector<std::string>> rows{{"register", "field", left, right}};
     for (const FieldDifference& difference : differences) {
         rows.push_back({std::string(difference.description.name),
                         std::string(difference.field.name), LeftText(difference),
                         RightText(difference)});
     }
-    std::array<std::size_t, columns> widths{};
-    for (const auto& row : rows) {
-        for (std::size_t i = 0; i < columns; ++i) {
-            widths.at(i) = std::max(widths.at(i), CharactersOf(row.at(i)) + 2);
-        }
-    }
-    std::string text;
-    for (const auto& row : rows) {
-        for (std::size_t i = 0; i + 1 < columns; ++i) {
-            text += Padded(row.at(i), widths.at(i));
-        }
-        text += row.back() + "\n";
-    }
-    return text;
+    return LeftAlignedTable(rows);
 }
 
 std::string DifferencesJson(std::span<const FieldDifference> differences, const std::string& left,

@@ -2,14 +2,12 @@
 #include "cli/reports/RegistersReport.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "cli/reports/JsonText.h"
+#include "configuration/ConfigurationTexts.h"
 #include "files/RegisterJson.h"
-#include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
 #include "numbers/Columns.h"
-#include "numbers/NumberText.h"
 
 namespace vx3260 {
 namespace {
@@ -34,11 +32,7 @@ std::string HexOf(const RegisterReading& reading) {
 
 std::string FieldText(const RegisterMap::Field& field, const RegisterReading& reading) {
     const std::int32_t code = field.CodeIn(reading.value);
-    std::string text = RegisterMap::TextOfCode(field, code);
-    if (const std::optional<double> rate = UpdateRate(reading)) {
-        text += " (" + FormatNumber(*rate, "0.0000") + " Hz)";
-    }
-    return text;
+    return RegisterMap::TextOfCode(field, code) + RateRemark(reading);
 }
 
 }  // namespace

@@ -17,9 +17,13 @@
 #include "forms/data/ReadMainDataForm.h"
 #include "forms/data/WriteFileForm.h"
 #include "forms/shell/ProgramForm.h"
+#include "forms/shell/RegisterForms.h"
 #include "forms/shell/ResetForm.h"
 #include "forms/shell/aboutform.h"
 #include "forms/tools/CharacteriseForm.h"
+#include "forms/tools/CompareConfigurationForm.h"
+#include "forms/tools/RegisterOverviewForm.h"
+#include "forms/tools/SaveConfigurationForm.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
@@ -67,6 +71,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
     On(ui_->MnuCharacterise, &QAction::triggered, &MainMenuForm::OpenForm<CharacteriseForm>);
+    ConnectConfigurationItems();
     ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {
@@ -93,6 +98,27 @@ void MainMenuForm::ConnectPrinterPortMenu() {
         item->setEnabled(State().PrinterPortEnabled[i]);
         connect(item, &QAction::triggered, this, [this, i] { ChoosePort(PrinterPorts[i]); });
     }
+}
+
+void MainMenuForm::ConnectConfigurationItems() {
+    On(ui_->MnuSaveConfiguration, &QAction::triggered, &MainMenuForm::SaveConfiguration);
+    On(ui_->MnuRestoreConfiguration, &QAction::triggered, &MainMenuForm::RestoreConfiguration);
+    On(ui_->MnuOverview, &QAction::triggered, &MainMenuForm::ShowRegisters);
+}
+
+void MainMenuForm::SaveConfiguration() {
+    OpenForm<SaveConfigurationForm>(&configurationPath_);
+}
+
+void MainMenuForm::RestoreConfiguration() {
+    OpenForm<CompareConfigurationForm>(&configurationPath_);
+}
+
+void MainMenuForm::ShowRegisters() {
+    OpenForm<RegisterOverviewForm>(
+        [this](const RegisterMap::RegisterDescription& description, QWidget* over) {
+            OpenRegisterForm(Shared(), description, over);
+        });
 }
 
 void MainMenuForm::ConnectHelpMenu() {

@@ -46,6 +46,10 @@ class MainMenuForm final : public Form {
     bool EnsureContinuousConversion();
     QAction* ItemOf(const PrinterPort& port);
     void ConnectPrinterPortMenu();
+    void ConnectConfigurationItems();
+    void SaveConfiguration();
+    void RestoreConfiguration();
+    void ShowRegisters();
     void ConnectHelpMenu();
     void ChoosePort(const PrinterPort& port);
     void ShowPort();
@@ -56,6 +60,7 @@ class MainMenuForm final : public Form {
     std::unique_ptr<Ui::MainMenuForm> ui_;
     DataFileChoice readChoice_;
     DataFileChoice writeChoice_;
+    QString configurationPath_;  ///< of the last one that was saved or chosen
     Register modeRegister_;
 };
 

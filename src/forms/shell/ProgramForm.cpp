@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/shell/ProgramForm.h"
 
-#include "app/MessageTexts.h"
 #include "forms/config/AuxCalForm.h"
 #include "forms/config/AuxControlForm.h"
-#include "forms/config/Filterform.h"
 #include "forms/config/IOControlForm.h"
 #include "forms/config/MainCalForm.h"
 #include "forms/config/MainControlForm.h"
 #include "forms/config/ModeForm.h"
+#include "forms/shell/RegisterForms.h"
 #include "forms/shell/StatusForm.h"
-#include "link/Register.h"
+#include "link/RegisterLookup.h"
 #include "ui/Fonts.h"
 #include "ui_ProgramForm.h"
 
@@ -34,13 +33,7 @@ ProgramForm::ProgramForm(Services& services, QWidget* parent)
 ProgramForm::~ProgramForm() = default;
 
 void ProgramForm::OpenFilterform() {
-    const std::int32_t mode = ReadRegister(Shared().port, State().PortAddress, RegisterMap::Mode);
-    if (!RegisterMap::IsPowerDown(mode)) {
-        ShowMessage({.text = std::string(MessageTexts::FilterNeedsPowerDown),
-                     .icon = MessageIcon::Exclamation});
-        return;
-    }
-    OpenForm<Filterform>();
+    OpenRegisterForm(Shared(), RegisterMap::DescriptionOf(RegisterMap::Filter), this);
 }
 
 }  // namespace vx3260

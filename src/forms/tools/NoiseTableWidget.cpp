@@ -3,19 +3,10 @@
 
 #include <QCoreApplication>
 
+#include "ui/TableItems.h"
+
 namespace vx3260 {
 namespace {
-
-QTableWidgetItem* ItemAt(QTableWidget& widget, int row, int column) {
-    QTableWidgetItem* item = widget.item(row, column);
-    if (item == nullptr) {
-        item = new QTableWidgetItem;
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-        widget.setItem(row, column, item);
-    }
-    return item;
-}
 
 QString TipOf(const TableCell& cell) {
     const QString open = cell.effectiveBits
@@ -68,7 +59,9 @@ void ShowTable(QTableWidget& widget, const NoiseTable& table, const BitsRange& b
             QCoreApplication::translate("NoiseTableWidget", "%1: %2 Hz")
                 .arg(QString::fromStdString(line.word), QString::fromStdString(line.rate)));
         for (int column = 0; column < widget.columnCount(); ++column) {
-            ShowCell(*ItemAt(widget, row, column), line.cells[static_cast<std::size_t>(column)],
+            QTableWidgetItem& item = TableItemAt(widget, row, column);
+            item.setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            ShowCell(item, line.cells[static_cast<std::size_t>(column)],
                      bits, widget.palette());
         }
     }

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/tools/SaveConfigurationForm.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <array>
+
+#include "configuration/FirmwareExport.h"
+#include "files/CodeFile.h"
+#include "forms/tools/PresentConfiguration.h"
+#include "ui/Fonts.h"
+#include "ui/SaveDialog.h"
+#include "ui_SaveConfigurationForm.h"
+
+namespace vx3260 {
+
+SaveConfigurationForm::SaveConfigurationForm(Services& services, QString* path, QWidget* parent)
+    : Form(services, parent), ui_(std::make_unique<Ui::SaveConfigurationForm>()), path_(path) {
+    ui_->setupUi(this);
+    UseHeadingFont(ui_->HeadingLabel);
+    ShowBoardLabel(ui_->BoardLabel);
+    On(ui_->SaveButton, &QPushButton::clicked, &SaveConfigurationForm::Save);
+    On(ui_->BackButton, &QPushButton::clicked, &SaveConfigurationForm::reject);
+}
+
+SaveConfigurationForm::~SaveConfigurationForm() = default;
+
+std::string SaveConfigurationForm::TextOf(const Configuration& configuration) const {
+    const Coefficients coefficients =
+        ui_->CoefficientsBox->isChecked() ? Coefficients::Include : Coefficients::LeaveOut;
+    const ConfigurationHead head = PresentHead(Shared());
+    const std::pair<QRadioButton*, ExportFormat> exports[] = {{ui_->OptHeader, ExportFormat::C},
+                                                              {ui_->OptJson, ExportFormat::Json},
+                                                              {ui_->OptCsv, ExportFormat::Csv}};
+    for (const auto& [option, format] : exports) {
+        if (option->isChecked()) {
+            return ExportText(configuration, head, coefficients, format);
+        }
+    }
+    return ConfigurationText(configuration, head, coefficients);
+}
+
+FileKind SaveConfigurationForm::Kind() const {
+    if (ui_->OptHeader->isChecked()) {
+        return {tr("C Header (*.h)"), QStringLiteral("h")};
+    }
+    if (ui_->OptJson->isChecked()) {
+        return {tr("JSON (*.json)"), QStringLiteral("json")};
+    }
+    if (ui_->OptCsv->isChecked()) {
+        return {tr("CSV (*.csv)"), QStringLiteral("csv")};
+    }
+    return {tr("Configuration (*.vx3260)"), QStringLiteral("vx3260")};
+}
+
+/// The registers are read before the name is asked for: what is saved is what was there then.
+void SaveConfigurationForm::Save() {
+    ui_->ResultLabel->clear();
+    const std::optional<Configuration> present =
+        ReadPresentConfiguration(Shared(), "Nothing was saved.");
+    if (!present) {
+        return;
+    }
+    try {
+        const std::string text = TextOf(*present);
+        const FileKind kind = Kind();
+        const QDir folder = path_->isEmpty() ? QDir() : QFileInfo(*path_).dir();
+        const ChosenFile file = AskForFile(
+            this, folder.filePath(QStringLiteral("configuration.") + kind.suffix), {kind});
+        if (file.path.isEmpty()) {
+            return;
+        }
+        ReplaceFile(file.NativePath(), text);
+        if (ui_->OptConfiguration->isChecked()) {
+            *path_ = QDir::toNativeSeparators(file.path);
+        }
+        ui_->ResultLabel->setText(tr("Wrote %1").arg(QDir::toNativeSeparators(file.path)));
+        GrowToTexts();
+    } catch (const std::runtime_error& error) {
+        ShowFailure(error, "Nothing was saved.");
+    }
+}
+
+}  // namespace vx3260
+
+#include "moc_SaveConfigurationForm.cpp"

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "link/Configuration.h"
+#include "ui/Form.h"
+#include "ui/SaveDialog.h"
+
+namespace Ui {
+class SaveConfigurationForm;
+}
+
+namespace vx3260 {
+
+/// Saves the chip's settings as a configuration file, or as register writes for firmware. Reads
+/// only.
+class SaveConfigurationForm final : public Form {
+    Q_OBJECT
+
+  public:
+    /// `path` is where the form keeps the name of a configuration it has saved; it outlives the
+    /// form.
+    SaveConfigurationForm(Services& services, QString* path, QWidget* parent = nullptr);
+    ~SaveConfigurationForm() override;
+
+  private:
+    void Save();
+    std::string TextOf(const Configuration& configuration) const;
+    FileKind Kind() const;
+
+    std::unique_ptr<Ui::SaveConfigurationForm> ui_;
+    QString* path_;
+};
+
+}  // namespace vx3260
