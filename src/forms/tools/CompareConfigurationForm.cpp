@@ -170,7 +170,7 @@ void CompareConfigurationForm::ShowDifferences(const Configuration& file,
         differences.empty()
             ? tr("Nothing differs.")
             : ToQString(CountText(static_cast<std::int64_t>(differences.size()), "field") +
-                   (differences.size() == 1 ? " differs." : " differ.")));
+                        (differences.size() == 1 ? " differs." : " differ.")));
 }
 
 void CompareConfigurationForm::Restore() {

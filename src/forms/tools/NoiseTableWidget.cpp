@@ -61,8 +61,7 @@ void ShowTable(QTableWidget& widget, const NoiseTable& table, const BitsRange& b
         for (int column = 0; column < widget.columnCount(); ++column) {
             QTableWidgetItem& item = TableItemAt(widget, row, column);
             item.setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            ShowCell(item, line.cells[static_cast<std::size_t>(column)],
-                     bits, widget.palette());
+            ShowCell(item, line.cells[static_cast<std::size_t>(column)], bits, widget.palette());
         }
     }
     widget.setVerticalHeaderLabels(rates);

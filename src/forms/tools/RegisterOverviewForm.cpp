@@ -24,7 +24,14 @@ namespace {
 
 constexpr std::chrono::seconds automaticInterval(1);
 
-enum OverviewColumn { RegisterColumn, ContentsColumn, BitsColumn, FieldColumn, ValueColumn, FileColumn };
+enum OverviewColumn {
+    RegisterColumn,
+    ContentsColumn,
+    BitsColumn,
+    FieldColumn,
+    ValueColumn,
+    FileColumn
+};
 constexpr int overviewColumns = FileColumn + 1;
 
 void MakeBold(QTableWidgetItem& item, bool bold) {
@@ -34,9 +41,9 @@ void MakeBold(QTableWidgetItem& item, bool bold) {
 }
 
 QString ChangedText(const OverviewRow& row) {
-    return row.before
-               ? RegisterOverviewForm::tr("%1, was %2").arg(ToQString(row.value), ToQString(*row.before))
-               : ToQString(row.value);
+    return row.before ? RegisterOverviewForm::tr("%1, was %2")
+                            .arg(ToQString(row.value), ToQString(*row.before))
+                      : ToQString(row.value);
 }
 
 }  // namespace
@@ -158,7 +165,8 @@ void RegisterOverviewForm::ShowRow(int line, const OverviewRow& row) {
     for (const auto& [column, text] : texts) {
         QTableWidgetItem& item = TableItemAt(table, line, column);
         item.setText(text);
-        item.setToolTip(column == FieldColumn ? ToQString(row.field.title) : ToQString(description.title));
+        item.setToolTip(column == FieldColumn ? ToQString(row.field.title)
+                                              : ToQString(description.title));
         if (column == ContentsColumn || column == BitsColumn) {
             item.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
         }
