@@ -23,7 +23,7 @@ class TimedCodes {
   public:
     using Place = std::deque<TimedCode>::const_iterator;
 
-    TimedCodes(Place first, Place end) : first_(first), end_(end) {}
+    TimedCodes(const Place& first, const Place& end) : first_(first), end_(end) {}
 
     Place begin() const { return first_; }
     Place end() const { return end_; }

@@ -3,6 +3,7 @@
 
 #include <bit>
 #include <optional>
+#include <string_view>
 
 #include "analysis/ReadingTexts.h"
 #include "link/FilterRate.h"
@@ -15,9 +16,15 @@ namespace {
 constexpr std::int32_t largestDecimal = 0xFF;
 constexpr int bitsOfDigit = 4;
 
-std::string MismatchText(const std::string& place, const std::string& expected,
-                         const std::string& found, const std::string& registers) {
-    return place + ": expected " + expected + ", found " + found + registers;
+struct Mismatch {
+    std::string_view place;
+    std::string expected;
+    std::string found;
+};
+
+std::string MismatchText(const Mismatch& mismatch) {
+    return std::string(mismatch.place) + ": expected " + mismatch.expected + ", found " +
+           mismatch.found;
 }
 
 }  // namespace
@@ -50,22 +57,25 @@ std::string FieldsText(const RegisterReading& reading) {
 
 std::vector<std::string> MismatchLines(const RegisterMismatch& mismatch) {
     const RegisterMap::RegisterDescription& description = mismatch.wanted.description;
-    const std::string name(description.name);
     const std::string wanted = RegisterMap::RegisterHex(mismatch.wanted.value, description.access);
     const std::string found = RegisterMap::RegisterHex(mismatch.readBack, description.access);
+    const std::string contents = " (" + wanted + ", " + found + ")";
     const std::int32_t compared = ComparableBits(description, mismatch.wanted.value);
     std::vector<std::string> lines;
     for (const RegisterMap::Field& field : description.fields) {
         const std::int32_t expected = field.CodeIn(mismatch.wanted.value);
         const std::int32_t present = field.CodeIn(mismatch.readBack);
         if ((field.mask & compared) != 0 && expected != present) {
-            lines.push_back(
-                MismatchText(name + " " + std::string(field.name), FieldValueText(field, expected),
-                             FieldValueText(field, present), " (" + wanted + ", " + found + ")"));
+            std::string place(description.name);
+            place.append(" ").append(field.name);
+            lines.push_back(MismatchText({place, FieldValueText(field, expected),
+                                          FieldValueText(field, present)}) +
+                            contents);
         }
     }
     if (lines.empty()) {
-        lines.push_back(MismatchText(name, wanted, found, " in bits without a name"));
+        lines.push_back(MismatchText({description.name, wanted, found}) +
+                        " in bits without a name");
     }
     return lines;
 }
