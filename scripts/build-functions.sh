@@ -16,6 +16,7 @@ benchPackages=(libbenchmark-dev)
 judgePackages=(python3-scipy)
 plainPackages=(make)
 clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
+debPackages=(debhelper dpkg-dev lintian)
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Makes the Debian packages of the present commit in build/deb/ and looks them over with lintian.
+# Installs what is missing. The tree must be clean: packages are made of what is committed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/build-functions.sh
+
+InstallMissing "${buildPackages[@]}" "${debPackages[@]}"
+if [ -n "$(git status --porcelain)" ]; then
+    Say "The tree has changes that are not committed; the packages would not be of any commit."
+    exit 1
+fi
+version=$(dpkg-parsechangelog -S Version)
+folder=build/deb
+source=$folder/vx3260-eval-$version
+rm -rf "$folder"
+mkdir -p "$source"
+git archive HEAD | tar -x -C "$source"
+Say "Building the packages ..."
+(cd "$source" && Logged ../build.log dpkg-buildpackage -b -uc -us)
+rm -r "$source"
+lintian --fail-on error,warning "$folder"/*.changes
+Say "The packages are in $folder:"
+(cd "$folder" && ls -- *.deb)
