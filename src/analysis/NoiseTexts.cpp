@@ -41,7 +41,7 @@ std::string VoltageText(double nanovolts, std::span<const VoltageScale> scales) 
            std::string(scales[i].unit);
 }
 
-std::string LsbText(double lsbVolts) {
+std::string CodeSizeText(double lsbVolts) {
     constexpr double microvolt = 1e-6;
     return lsbVolts > microvolt ? FormatNumber(lsbVolts * 1e6, "0.###") + " uV"
                                 : FormatNumber(lsbVolts * NanovoltsPerVolt, "0.###") + " nV";
@@ -200,7 +200,7 @@ std::string TextOf(const NoiseAnalysis& analysis, NoiseFigure figure) {
         case NoiseFigure::InputRange:
             return RangeText(analysis.conditions);
         case NoiseFigure::LsbSize:
-            return LsbText(analysis.conditions.lsbVolts);
+            return CodeSizeText(analysis.conditions.lsbVolts);
         case NoiseFigure::ReferenceVoltage:
             return FormatNumber(analysis.conditions.referenceVoltage, "##.00") + " V";
         case NoiseFigure::RmsNoise:
