@@ -20,6 +20,7 @@
 #include "forms/shell/ResetForm.h"
 #include "forms/shell/aboutform.h"
 #include "forms/tools/CharacteriseForm.h"
+#include "forms/tools/RecordForm.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
@@ -67,6 +68,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     On(ui_->Command11, &QPushButton::clicked, &MainMenuForm::OpenConverting<ReadDualDataForm>);
     ConnectPrinterPortMenu();
     On(ui_->MnuCharacterise, &QAction::triggered, &MainMenuForm::OpenForm<CharacteriseForm>);
+    On(ui_->MnuRecord, &QAction::triggered, &MainMenuForm::OpenConverting<RecordForm>);
     ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {
