@@ -29,7 +29,7 @@ Try() {
     rm -f "$folder"/*.csv
     printf 'set mode mode=power-down\nset filter word=13\nrecord main --duration %s --output %s %s\n' \
         "$time" "$folder/day.csv" "$*" >"$folder/script"
-    "$program" --simulated script "$folder/script" 2>"$folder/err" &
+    "$program" --simulated script "$folder/script" >"$folder/out" 2>"$folder/err" &
     pid=$!
     while rss=$(Resident $pid) && [ -n "$rss" ]; do
         # What the first tenth of a minute takes is not growth.
