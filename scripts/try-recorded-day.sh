@@ -17,7 +17,7 @@ Resident() {
 Figures() {
     awk -F, -v counted="$counted" '/^#/ { next }
         FNR == 1 { columns = NF; next }
-        NF != columns || $2 <= last { print FILENAME ", line " FNR ": " $0 >"/dev/stderr"; wrong = 1 }
+        NF != columns || (lines && $2 <= last) { print FILENAME ", line " FNR ": " $0 >"/dev/stderr"; wrong = 1 }
         { lines++; codes += counted ? $4 : 1; if (lines > 1 && $2 - last > gap) gap = $2 - last; last = $2 }
         END { printf "%d lines, %d codes, largest gap %.3f s", lines, codes, gap; exit wrong }' "$@"
 }

@@ -75,7 +75,7 @@ TEST_F(RecordCommandTest, FaultsEndItInTimeWithCompleteLines) {
     };
     for (const auto& [fault, exitCode] : cases) {
         for (const std::string more : {"", " --reset-on-timeout"}) {
-            const Outcome outcome = Record("both --duration 30s --force" + more, fault);
+            const Outcome outcome = Record("both --duration 5s --force" + more, fault);
             EXPECT_EQ(outcome.exitCode, exitCode) << fault << more << "\n" << outcome.err;
             std::istringstream lines(folder.Bytes("r.csv"));
             for (std::string line; std::getline(lines, line);) {
