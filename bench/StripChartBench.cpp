@@ -8,7 +8,7 @@
 #include <random>
 #include <vector>
 
-#include "forms/data/StripChart.h"
+#include "analysis/forms/StripChart.h"
 
 // What the live chart costs beside a reading: a code added to a full window, a frame, and the share
 // of a core that a stream of 105 codes a second takes in the end, with the chart's own frame rate.

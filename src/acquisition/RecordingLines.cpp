@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "acquisition/Temperature.h"
-#include "analysis/ReadingTexts.h"
+#include "link/UtcTime.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -16,24 +16,11 @@ constexpr int moreDecimalsOfMeans = 2;
 constexpr int temperatureDecimals = 3;
 
 std::string Beginning(const RecordingMoment& moment, Converter converter) {
-    return IsoTimeText(moment.utc) + "," + FixedText(moment.elapsed, elapsedDecimals) +
-           (converter == Converter::Main ? ",main," : ",aux,");
+    return IsoTimeText(moment.utc) + "," + FixedText(moment.elapsed, elapsedDecimals) + "," +
+           std::string(TraitsOf(converter).word) + ",";
 }
 
 }  // namespace
-
-std::string IsoTimeText(UtcTime time) {
-    constexpr std::size_t dateAndTime = 19;
-    constexpr std::size_t betweenThem = 10;
-    constexpr int milliseconds = 1000;
-    std::string text = TimeText(time).substr(0, dateAndTime);
-    text[betweenThem] = 'T';
-    const auto rest = time - std::chrono::floor<std::chrono::seconds>(time);
-    // The 1 in front keeps the leading zeros and becomes the point.
-    std::string fraction = std::to_string(milliseconds + rest.count());
-    fraction.front() = '.';
-    return text + fraction + "Z";
-}
 
 RecordingLines::RecordingLines(const std::vector<ConversionConditions>& conditions,
                                std::optional<float> sensorSlope)

@@ -11,9 +11,6 @@
 
 namespace vx3260 {
 
-/// "2026-11-22T07:12:31.250Z"
-std::string IsoTimeText(UtcTime time);
-
 /// How the lines of a recording look. Volts have two digits of the size of a code, means four.
 class RecordingLines {
   public:

@@ -90,21 +90,6 @@ std::string BoardText(const BoardName& board) {
     return text;
 }
 
-std::string TimeText(UtcTime time) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
-    const auto day = std::chrono::floor<std::chrono::days>(seconds);
-    const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss clock(seconds - day);
-    const auto two = [](auto number) {
-        const std::string digits = std::to_string(number);
-        return digits.size() < 2 ? "0" + digits : digits;
-    };
-    return std::to_string(static_cast<int>(date.year())) + "-" +
-           two(static_cast<unsigned>(date.month())) + "-" + two(static_cast<unsigned>(date.day())) +
-           " " + two(clock.hours().count()) + ":" + two(clock.minutes().count()) + ":" +
-           two(clock.seconds().count()) + " UTC";
-}
-
 std::vector<std::string> ReadingLines(const std::optional<BlockConditions>& reading) {
     if (!reading) {
         return {"Conditions of the reading unknown"};

@@ -26,7 +26,4 @@ std::string ChangeByOptions(const ConversionConditions& own, const ConversionCon
 /// "Simulated board with bit-flip=5", "board on parport0".
 std::string BoardText(const BoardName& board);
 
-/// A moment to the second: "2026-11-22 07:12:31 UTC".
-std::string TimeText(UtcTime time);
-
 }  // namespace vx3260

@@ -120,11 +120,7 @@ CharacterisationRow RowIn(Converter converter, const QJsonObject& object) {
 
 CharacterisationPlan PlanIn(const QJsonObject& object) {
     CharacterisationPlan plan;
-    const QString converter = object["converter"].toString();
-    if (converter != QStringLiteral("main") && converter != QStringLiteral("aux")) {
-        Refuse(QStringLiteral("\"converter\""));
-    }
-    plan.converter = converter == QStringLiteral("main") ? Converter::Main : Converter::Aux;
+    plan.converter = ConverterIn(object, "converter");
     for (const auto& range : object["ranges"].toArray()) {
         plan.ranges.push_back(CodeNamed(ScaleField(plan.converter), range));
     }
@@ -213,7 +209,7 @@ QJsonObject PlanObject(const CharacterisationPlan& plan) {
     for (const Polarity polarity : plan.polarities) {
         polarities.append(Text(PolarityName(polarity)));
     }
-    return {{"converter", plan.converter == Converter::Main ? "main" : "aux"},
+    return {{"converter", ConverterValue(plan.converter)},
             {"ranges", ranges},
             {"words", words},
             {"polarities", polarities},

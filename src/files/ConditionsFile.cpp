@@ -27,11 +27,6 @@ constexpr std::pair<ReadingEnd, QLatin1String> outcomes[] = {
     {ReadingEnd::Stopped, QLatin1String("stopped")},
 };
 
-constexpr std::pair<Converter, QLatin1String> converters[] = {
-    {Converter::Main, QLatin1String("main")},
-    {Converter::Aux, QLatin1String("aux")},
-};
-
 template <typename Value, std::size_t size>
 QLatin1String NameIn(const std::pair<Value, QLatin1String> (&names)[size], Value value) {
     return std::find_if(std::begin(names), std::end(names),
@@ -79,7 +74,7 @@ QJsonObject ConditionsObject(const BlockConditions& conditions) {
     return {
         {"program", QString::fromStdString(conditions.program)},
         {"board", BoardObject(conditions.board)},
-        {"converter", NameIn(converters, conditions.converter)},
+        {"converter", ConverterValue(conditions.converter)},
         {"start", TimeValue(conditions.start)},
         {"end", TimeValue(conditions.end)},
         {"outcome", OutcomeName(conditions.outcome)},
@@ -111,7 +106,7 @@ BlockConditions ParseConditions(const std::string& text, std::span<const std::in
     BlockConditions conditions;
     conditions.program = TextIn(object, "program").toStdString();
     conditions.board = BoardIn(ObjectIn(object, "board"));
-    conditions.converter = ChoiceIn(object, "converter", converters);
+    conditions.converter = ConverterIn(object, "converter");
     conditions.start = TimeIn(object, "start");
     conditions.end = TimeIn(object, "end");
     conditions.outcome = ChoiceIn(object, "outcome", outcomes);

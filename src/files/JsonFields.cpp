@@ -81,8 +81,12 @@ void CheckFormat(const QJsonObject& object, QLatin1String format, int version,
 }
 
 QString TimeValue(UtcTime time) {
-    return QDateTime::fromMSecsSinceEpoch(time.time_since_epoch().count(), Qt::UTC)
-        .toString(Qt::ISODateWithMs);
+    return QString::fromStdString(IsoTimeText(time));
+}
+
+QString ConverterValue(Converter converter) {
+    const std::string_view word = TraitsOf(converter).word;
+    return QString::fromLatin1(word.data(), static_cast<qsizetype>(word.size()));
 }
 
 QJsonObject BoardObject(const BoardName& board) {
@@ -121,6 +125,15 @@ UtcTime TimeIn(const QJsonObject& object, const char* name) {
         RefuseJson(QStringLiteral("\"%1\" is not a time").arg(name));
     }
     return UtcTime(std::chrono::milliseconds(time.toMSecsSinceEpoch()));
+}
+
+Converter ConverterIn(const QJsonObject& object, const char* name) {
+    const QString word = TextIn(object, name);
+    const std::optional<Converter> converter = ConverterNamed(word.toStdString());
+    if (!converter) {
+        RefuseJson(QStringLiteral("\"%1\" is not a valid value for \"%2\"").arg(word, name));
+    }
+    return *converter;
 }
 
 std::optional<double> PositiveIn(const QJsonObject& object, const char* name) {

@@ -35,6 +35,9 @@ QJsonValue OrNull(const std::optional<Number>& number) {
 /// A time in ISO 8601, with milliseconds.
 QString TimeValue(UtcTime time);
 
+/// "main" or "aux".
+QString ConverterValue(Converter converter);
+
 QJsonObject BoardObject(const BoardName& board);
 
 /// All settings of the chip by their names, each as RegisterObject; null where unknown.
@@ -44,6 +47,7 @@ QJsonObject RegistersObject(const RegisterSnapshot& registers);
 QString TextIn(const QJsonObject& object, const char* name);
 QJsonObject ObjectIn(const QJsonObject& object, const char* name);
 UtcTime TimeIn(const QJsonObject& object, const char* name);
+Converter ConverterIn(const QJsonObject& object, const char* name);
 
 /// A number above 0; nothing for null and where it is missing.
 std::optional<double> PositiveIn(const QJsonObject& object, const char* name);

@@ -58,11 +58,28 @@ std::string ColumnsIn(const QByteArray& head) {
     return {};
 }
 
+/// "FILE-002.csv" of "FILE.csv".
+std::string NumberedPath(const std::string& path, int number) {
+    constexpr int digits = 3;
+    constexpr int decimal = 10;
+    const QFileInfo info(QString::fromStdString(path));
+    const QString suffix = info.suffix().isEmpty() ? QString() : u'.' + info.suffix();
+    const QString name = info.completeBaseName() +
+                         QStringLiteral("-%1").arg(number, digits, decimal, QLatin1Char('0')) +
+                         suffix;
+    const bool plain = info.path() == QLatin1String(".") && !path.starts_with("./");
+    return QDir::toNativeSeparators(plain ? name : info.dir().filePath(name)).toStdString();
+}
+
 }  // namespace
+
+std::string RecordingPlace::FirstPath() const {
+    return numbered ? NumberedPath(path, 1) : path;
+}
 
 RecordingFile::RecordingFile(RecordingPlace place, Clock clock)
     : place_(std::move(place)), clock_(std::move(clock)) {
-    path_ = place_.numbered ? NumberedPath(number_) : place_.path;
+    path_ = place_.FirstPath();
     if (place_.start == RecordingStart::Append) {
         FindLastFile();
     }
@@ -89,15 +106,7 @@ RecordingFile::~RecordingFile() {
 }
 
 std::string RecordingFile::NumberedPath(int number) const {
-    constexpr int digits = 3;
-    constexpr int decimal = 10;
-    const QFileInfo info(QString::fromStdString(place_.path));
-    const QString suffix = info.suffix().isEmpty() ? QString() : u'.' + info.suffix();
-    const QString name = info.completeBaseName() +
-                         QStringLiteral("-%1").arg(number, digits, decimal, QLatin1Char('0')) +
-                         suffix;
-    const bool plain = info.path() == QLatin1String(".") && !place_.path.starts_with("./");
-    return QDir::toNativeSeparators(plain ? name : info.dir().filePath(name)).toStdString();
+    return vx3260::NumberedPath(place_.path, number);
 }
 
 /// A recording without numbers has later files with some, after a SIGHUP.

@@ -24,6 +24,9 @@ struct RecordingPlace {
     /// Whether the first file has a number too, "FILE-001.csv"; later ones always have.
     bool numbered = false;
     RecordingStart start = RecordingStart::New;
+
+    /// The file that a new recording begins with.
+    std::string FirstPath() const;
 };
 
 /// When a line was recorded, as the line says.

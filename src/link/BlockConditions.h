@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "link/Converter.h"
 #include "link/RegisterRecord.h"
+#include "link/UtcTime.h"
 
 namespace vx3260 {
 
@@ -19,9 +19,6 @@ enum class ReadingEnd {
     TimedOut,  ///< data-ready did not become active
     Stopped,   ///< the user stopped it
 };
-
-/// Moments are kept to the millisecond.
-using UtcTime = std::chrono::sys_time<std::chrono::milliseconds>;
 
 /// The label of a simulated board.
 inline constexpr std::string_view SimulatedBoardLabel = "Simulated board";

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "link/RegisterMap.h"
@@ -13,6 +14,7 @@ enum class Converter { Main, Aux };
 
 struct ConverterTraits {
     std::string_view name;  ///< as in the forms' texts: "Main", "Aux"
+    std::string_view word;  ///< in files and on the command line: "main", "aux"
     RegisterMap::RegisterAccess data;
     RegisterMap::RegisterAccess control;
     RegisterMap::RegisterAccess zeroScale;  ///< calibration register
@@ -22,6 +24,7 @@ struct ConverterTraits {
 
 inline constexpr ConverterTraits MainTraits{
     .name = "Main",
+    .word = "main",
     .data = RegisterMap::MainData,
     .control = RegisterMap::MainControl,
     .zeroScale = RegisterMap::MainZeroScale,
@@ -30,6 +33,7 @@ inline constexpr ConverterTraits MainTraits{
 };
 inline constexpr ConverterTraits AuxTraits{
     .name = "Aux",
+    .word = "aux",
     .data = RegisterMap::AuxData,
     .control = RegisterMap::AuxControl,
     .zeroScale = RegisterMap::AuxZeroScale,
@@ -39,6 +43,16 @@ inline constexpr ConverterTraits AuxTraits{
 
 constexpr const ConverterTraits& TraitsOf(Converter converter) {
     return converter == Converter::Main ? MainTraits : AuxTraits;
+}
+
+/// The converter that a word means; nothing for any other text.
+constexpr std::optional<Converter> ConverterNamed(std::string_view word) {
+    for (const Converter converter : {Converter::Main, Converter::Aux}) {
+        if (TraitsOf(converter).word == word) {
+            return converter;
+        }
+    }
+    return std::nullopt;
 }
 
 /// The largest code of a converter: 0xFFFFFF or 0xFFFF.

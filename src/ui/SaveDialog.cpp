@@ -27,9 +27,11 @@ std::string ChosenFile::NativePath() const {
     return QDir::toNativeSeparators(path).toStdString();
 }
 
-ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds) {
+ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds,
+                      ExistingFile existing) {
     const FileDialog dialog(new QFileDialog(parent));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, existing == ExistingFile::Accept);
     QStringList filters;
     for (const FileKind& kind : kinds) {
         filters.append(kind.filter);

@@ -27,9 +27,12 @@ struct ChosenFile {
     std::string NativePath() const;
 };
 
-/// Asks for the name of a file to save, with `name` proposed. The dialog itself asks before it
-/// returns the name of an existing file.
-ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds);
+/// Whether the dialog itself asks before it returns the name of an existing file.
+enum class ExistingFile { Confirm, Accept };
+
+/// Asks for the name of a file to save, with `name` proposed.
+ChosenFile AskForFile(QWidget* parent, const QString& name, const std::vector<FileKind>& kinds,
+                      ExistingFile existing = ExistingFile::Confirm);
 
 /// Asks for a file that exists, with `path` proposed. With the system's separators; empty if the
 /// user cancels.

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "analysis/Rate.h"
-#include "cli/reports/ConverterName.h"
 #include "numbers/Conversions.h"
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
@@ -16,15 +15,6 @@
 
 namespace vx3260 {
 namespace {
-
-constexpr Converter converters[] = {Converter::Main, Converter::Aux};
-
-std::vector<std::string> ConverterNames() {
-    std::vector<std::string> names;
-    std::transform(std::begin(converters), std::end(converters), std::back_inserter(names),
-                   CommandLineName);
-    return names;
-}
 
 /// The parser alone would take 010 for 8 and 0x10 for 16.
 std::string RefuseOtherThanDecimal(const std::string& text) {
@@ -103,13 +93,9 @@ void AddConverter(CLI::App& parser, Converter& converter) {
     parser
         .add_option_function<std::string>(
             "converter",
-            [&converter](const std::string& name) {
-                converter =
-                    *std::find_if(std::begin(converters), std::end(converters),
-                                  [&name](Converter c) { return CommandLineName(c) == name; });
-            },
+            [&converter](const std::string& name) { converter = ConverterNamed(name).value(); },
             "Which converter")
-        ->check(CLI::IsMember(ConverterNames()))
+        ->check(CLI::IsMember({std::string(MainTraits.word), std::string(AuxTraits.word)}))
         ->required();
 }
 

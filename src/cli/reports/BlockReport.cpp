@@ -4,10 +4,10 @@
 #include <QJsonArray>
 
 #include "cli/reports/ConditionValues.h"
-#include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
 #include "cli/reports/ReportedConditions.h"
 #include "files/ConditionsFile.h"
+#include "files/JsonFields.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -34,7 +34,7 @@ std::string BlockJson(const ReadBlockReport& block) {
     }
     return JsonText({
         {"board", BoardValue(block.board)},
-        {"converter", QString::fromUtf8(CommandLineName(block.conditions.converter))},
+        {"converter", ConverterValue(block.conditions.converter)},
         {"referenceVoltage", conditions.referenceVoltage},
         {"range", conditions.inputRange},
         {"polarity", QString::fromUtf8(conditions.polarity)},

@@ -7,9 +7,9 @@
 #include "analysis/NoiseTexts.h"
 #include "analysis/ReadingTexts.h"
 #include "cli/reports/ConditionValues.h"
-#include "cli/reports/ConverterName.h"
 #include "cli/reports/JsonText.h"
 #include "cli/reports/ReportedConditions.h"
+#include "files/JsonFields.h"
 #include "numbers/Columns.h"
 
 namespace vx3260 {
@@ -170,7 +170,7 @@ std::string NoiseJson(const NoiseReportContents& contents) {
     const NoiseAnalysis& analysis = contents.analysis;
     return JsonText({
         {"board", BoardValue(contents.board)},
-        {"converter", QString::fromUtf8(CommandLineName(analysis.own.converter))},
+        {"converter", ConverterValue(analysis.own.converter)},
         {"texts", LabelTexts(analysis)},
         {"values", ValuesOf(analysis)},
         {"warnings", WarningsValue(contents.warnings)},

@@ -2,8 +2,8 @@
 #include "cli/reports/ReportedConditions.h"
 
 #include "cli/reports/ConditionValues.h"
-#include "cli/reports/ConverterName.h"
 #include "files/ConditionsFile.h"
+#include "files/JsonFields.h"
 
 namespace vx3260 {
 
@@ -14,7 +14,7 @@ CodeScale ReportedScale(const ConversionConditions& conditions) {
 QJsonObject ConditionsObject(const ConversionConditions& conditions) {
     const ConditionValues values = ConditionValuesOf(conditions);
     return {
-        {"converter", QString::fromStdString(CommandLineName(conditions.converter))},
+        {"converter", ConverterValue(conditions.converter)},
         {"referenceVoltage", values.referenceVoltage},
         {"inputRange", values.inputRange},
         {"polarity", QString::fromUtf8(values.polarity)},

@@ -10,9 +10,9 @@
 
 #include "acquisition/ConverterReader.h"
 #include "analysis/ConversionConditions.h"
-#include "forms/data/ChartControls.h"
+#include "analysis/forms/ChartControls.h"
+#include "analysis/forms/StripChart.h"
 #include "forms/data/ReadingLoop.h"
-#include "forms/data/StripChart.h"
 #include "ui/Form.h"
 #include "ui/PositiveEntry.h"
 

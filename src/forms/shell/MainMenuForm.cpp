@@ -22,6 +22,7 @@
 #include "forms/shell/aboutform.h"
 #include "forms/tools/CharacteriseForm.h"
 #include "forms/tools/CompareConfigurationForm.h"
+#include "forms/tools/RecordForm.h"
 #include "forms/tools/RegisterOverviewForm.h"
 #include "forms/tools/SaveConfigurationForm.h"
 #include "link/RegisterMap.h"
@@ -72,6 +73,7 @@ MainMenuForm::MainMenuForm(Services& services, const std::string& file, QWidget*
     ConnectPrinterPortMenu();
     On(ui_->MnuCharacterise, &QAction::triggered, &MainMenuForm::OpenForm<CharacteriseForm>);
     ConnectConfigurationItems();
+    On(ui_->MnuRecord, &QAction::triggered, &MainMenuForm::OpenConverting<RecordForm>);
     ConnectHelpMenu();
     ShowPort();
     if (!file.empty()) {

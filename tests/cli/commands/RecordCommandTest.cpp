@@ -64,5 +64,27 @@ TEST_F(RecordCommandTest, TimeOutsEndWithTheDuration) {
     EXPECT_TRUE(Has(folder.Bytes("r.csv"), "Z time-out: no data-ready"));
 }
 
+TEST_F(RecordCommandTest, FaultsEndItInTimeWithCompleteLines) {
+    const struct {
+        const char* fault;
+        ExitCode exitCode;
+    } cases[] = {
+        {"bit-flip=1", ExitCode::ReadBackMismatch}, {"bit-flip=200", ExitCode::Success},
+        {"bit-flip=50001", ExitCode::Success},      {"board-gone=0", ExitCode::NoAnswer},
+        {"board-gone=3000", ExitCode::NoAnswer},    {"rdy-stuck-low", ExitCode::NoAnswer},
+    };
+    for (const auto& [fault, exitCode] : cases) {
+        for (const std::string more : {"", " --reset-on-timeout"}) {
+            const Outcome outcome = Record("both --duration 5s --force" + more, fault);
+            EXPECT_EQ(outcome.exitCode, exitCode) << fault << more << "\n" << outcome.err;
+            std::istringstream lines(folder.Bytes("r.csv"));
+            for (std::string line; std::getline(lines, line);) {
+                EXPECT_TRUE(line.starts_with("#") || std::count(line.begin(), line.end(), ',') == 5)
+                    << fault << more << ": " << line;
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace vx3260::test

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "forms/data/StripChart.h"
+#include "analysis/forms/StripChart.h"
 
 namespace Ui {
 class ChartControls;

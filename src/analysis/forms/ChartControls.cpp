@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "forms/data/ChartControls.h"
+#include "analysis/forms/ChartControls.h"
 
 #include <array>
 #include <utility>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "forms/data/StripChart.h"
+#include "analysis/forms/StripChart.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -21,7 +21,7 @@ constexpr int framesApart = 100;
 
 /// Height of the plot and width of the chart, in heights of a line of text.
 constexpr int minLines = 8;
-constexpr int lines = 12;
+constexpr int usualLines = 12;
 constexpr int widthInLines = 22;
 
 constexpr QLatin1String codesLayer("codes");
@@ -30,10 +30,10 @@ constexpr QLatin1String codesLayer("codes");
 constexpr CodeWindow::Duration longestInSeconds = std::chrono::minutes(2);
 
 /// Codes farther apart than this, in pixels, are marked by dots.
-constexpr double dotDistance = 6;
-constexpr double dotSize = 4;
+constexpr double chartDotDistance = 6;
+constexpr double chartDotSize = 4;
 
-struct TimeUnit {
+struct AxisUnit {
     CodeWindow::Duration unit;
     QString axisLabel;
 
@@ -42,7 +42,7 @@ struct TimeUnit {
     }
 };
 
-TimeUnit TimeUnitOf(CodeWindow::Duration span) {
+AxisUnit AxisUnitOf(CodeWindow::Duration span) {
     if (span > longestInSeconds) {
         return {std::chrono::minutes(1), StripChart::tr("Time (min)")};
     }
@@ -80,7 +80,7 @@ QSize StripChart::sizeHint() const {
     const int line = fontMetrics().height();
     const QSize smallest = minimumSizeHint();
     return {std::max(smallest.width(), widthInLines * line),
-            smallest.height() + (lines - minLines) * line};
+            smallest.height() + (usualLines - minLines) * line};
 }
 
 /// The columns keep their widths while the figures change.
@@ -96,7 +96,7 @@ void StripChart::UseSteadyWidths() {
 }
 
 void StripChart::SetUpAxes() {
-    const TimeUnit unit = TimeUnitOf(codes_.Span());
+    const AxisUnit unit = AxisUnitOf(codes_.Span());
     plot_->xAxis->setTicker(WholeNumberTicker(plot_->xAxis));
     plot_->yAxis->setTicker(WholeNumberTicker(plot_->yAxis));
     plot_->xAxis->setLabel(unit.axisLabel);
@@ -204,7 +204,7 @@ bool StripChart::FollowRange() {
         return false;
     }
     range_ = fitting;
-    const QCPRange keys(-TimeUnitOf(Shown().Span()).NumberOf(Shown().Span()), 0);
+    const QCPRange keys(-AxisUnitOf(Shown().Span()).NumberOf(Shown().Span()), 0);
     plot_->SetExtent({keys, {fitting.lower, fitting.upper}, keys.size(), fitting.Span()});
     plot_->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(plot_->yAxis2, *conditions_)));
     return true;
@@ -212,7 +212,7 @@ bool StripChart::FollowRange() {
 
 void StripChart::SetCodes() {
     const TimedCodes codes = Shown().Codes();
-    const TimeUnit unit = TimeUnitOf(Shown().Span());
+    const AxisUnit unit = AxisUnitOf(Shown().Span());
     QVector<QCPGraphData> points;
     points.reserve(static_cast<qsizetype>(codes.size()) + 1);
     for (const TimedCode& timed : codes) {
@@ -222,8 +222,9 @@ void StripChart::SetCodes() {
         }
         points.append({key, static_cast<double>(timed.code)});
     }
-    const bool dots = dotDistance * static_cast<double>(points.size()) < plot_->viewport().width();
-    graph_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, dotSize)
+    const bool dots =
+        chartDotDistance * static_cast<double>(points.size()) < plot_->viewport().width();
+    graph_->setScatterStyle(dots ? QCPScatterStyle(QCPScatterStyle::ssDisc, chartDotSize)
                                  : QCPScatterStyle(QCPScatterStyle::ssNone));
     graph_->data()->set(points, true);
     mean_->data()->clear();

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/UtcTime.h"
+
+#include <cstdint>
+
+namespace vx3260 {
+namespace {
+
+std::string TwoDigits(std::int64_t number) {
+    const std::string digits = std::to_string(number);
+    return digits.size() < 2 ? "0" + digits : digits;
+}
+
+std::string DateText(std::chrono::sys_days day) {
+    const std::chrono::year_month_day date(day);
+    return std::to_string(static_cast<int>(date.year())) + "-" +
+           TwoDigits(static_cast<unsigned>(date.month())) + "-" +
+           TwoDigits(static_cast<unsigned>(date.day()));
+}
+
+std::string ClockText(std::chrono::seconds sinceMidnight) {
+    const std::chrono::hh_mm_ss clock(sinceMidnight);
+    return TwoDigits(clock.hours().count()) + ":" + TwoDigits(clock.minutes().count()) + ":" +
+           TwoDigits(clock.seconds().count());
+}
+
+}  // namespace
+
+std::string TimeText(UtcTime time) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const auto day = std::chrono::floor<std::chrono::days>(seconds);
+    return DateText(day) + " " + ClockText(seconds - day) + " UTC";
+}
+
+std::string IsoTimeText(UtcTime time) {
+    constexpr int milliseconds = 1000;
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const auto day = std::chrono::floor<std::chrono::days>(seconds);
+    // The 1 in front keeps the leading zeros and becomes the point.
+    std::string fraction = std::to_string(milliseconds + (time - seconds).count());
+    fraction.front() = '.';
+    return DateText(day) + "T" + ClockText(seconds - day) + fraction + "Z";
+}
+
+}  // namespace vx3260
