@@ -35,6 +35,7 @@ constexpr LineLevels undriven = LevelBit(LineRole::Dout) | LevelBit(LineRole::Rd
 
 constexpr std::uint64_t plainInput = GPIO_V2_LINE_FLAG_INPUT;
 constexpr std::uint64_t pulledUp = plainInput | GPIO_V2_LINE_FLAG_BIAS_PULL_UP;
+constexpr std::uint64_t edges = GPIO_V2_LINE_FLAG_EDGE_FALLING;
 
 bool IsOutput(LineRole role) {
     return LineRoles.at(IndexOf(role)).output;
@@ -87,9 +88,8 @@ bool GpioLines::Claim(LineLevels outputs) {
     }
     // Not every chip has pull-ups or reports edges.
     int error = 0;
-    for (const std::uint64_t flags : {pulledUp | GPIO_V2_LINE_FLAG_EDGE_FALLING,
-                                      plainInput | GPIO_V2_LINE_FLAG_EDGE_FALLING, plainInput}) {
-        reportsEdges_ = flags != plainInput;
+    for (const std::uint64_t flags : {pulledUp | edges, plainInput | edges, pulledUp, plainInput}) {
+        reportsEdges_ = (flags & edges) != 0;
         if (Request(chip, outputs, flags)) {
             failure_.clear();
             close(chip);

@@ -74,11 +74,12 @@ std::uint8_t LinePort::ReadRegister(std::int16_t offset) {
     }
 }
 
+/// At least as long as the slowest conversion, also where reads have no minimum time.
 bool LinePort::WaitForLow(std::int16_t address, std::int16_t mask, std::int32_t polls) {
     if (!IsRegister(address, BoardLines::StatusRegister) || mask != BoardLines::NotReady) {
         return ParallelPort::WaitForLow(address, mask, polls);
     }
-    return lines_->WaitForReady(polls * PollTime());
+    return lines_->WaitForReady(polls * std::max(PollTime(), DefaultPollTime));
 }
 
 /// Only patterns that change a line and reads of the status register become steps.

@@ -48,9 +48,7 @@ PortListing ListingOf(const std::string& path) {
                         .claim = PortClaim::NotTried};
     if (const std::optional<GpioChip> chip = GpioChipAt(path)) {
         const std::string held = HeldLinesText(*chip);
-        listing.remarks = chip->label + ", lines 0 to " +
-                          std::to_string(static_cast<std::int64_t>(chip->lines.size()) - 1) +
-                          (held.empty() ? "" : "; held: " + held);
+        listing.remarks = GpioChipText(*chip) + (held.empty() ? "" : "; held: " + held);
     } else {
         listing.remarks = GpioOpenFailureDetail(path, errno);
     }
