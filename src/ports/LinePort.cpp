@@ -43,6 +43,16 @@ LinePort::LinePort(std::unique_ptr<Lines> lines, LineNames names, std::chrono::n
     }
 }
 
+std::vector<WiredSignal> LinePort::Wiring() const {
+    std::vector<WiredSignal> wiring;
+    for (const LineRoleTraits& role : LineRoles) {
+        if (const std::string& line = names_.at(IndexOf(role.role)); !line.empty()) {
+            wiring.push_back({std::string(role.signal), line});
+        }
+    }
+    return wiring;
+}
+
 bool LinePort::Claim() {
     outputs_ = OutputsOf(data_) & used_;
     return lines_->Claim(outputs_);

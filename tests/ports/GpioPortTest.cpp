@@ -7,6 +7,9 @@
 #include <cerrno>
 #include <chrono>
 
+#include "app/BoardState.h"
+#include "app/MessageTexts.h"
+#include "app/PortWords.h"
 #include "app/StartUp.h"
 #include "link/BoardCheck.h"
 #include "link/DataReady.h"
@@ -62,7 +65,7 @@ TEST_F(GpioPortTest, ReadsAndWritesRegistersOverTheLinesOfTheWiringTable) {
     const auto port = Started();
     EXPECT_EQ(state.PortAddress, 888);
     EXPECT_EQ(port->Name(), "gpiochip0");
-    EXPECT_EQ(port->Wiring(),
+    EXPECT_EQ(WiringText(*port),
               "SCLK on GPIO24, DIN on GPIO23, RESET on GPIO22, DOUT on GPIO18, RDY on GPIO17");
     chip.Board().Chip().Preset(1, 0);  // power-down: all registers accept writes
     Register reg(*port, state.PortAddress, RegisterMap::IOControl);
@@ -114,7 +117,7 @@ TEST_F(GpioPortTest, TakesLinesByNumberAndHoldsTheSixth) {
     EXPECT_EQ(chip.pattern, 0x1A) << "levels of the claim";
     port->OutByte(888, 0x0A);
     EXPECT_EQ(chip.pattern, 0x0A);
-    EXPECT_EQ(port->Wiring(),
+    EXPECT_EQ(WiringText(*port),
               "SCLK on 24, DIN on 23, RESET on 22, DOUT on 18, RDY on GPIO17, held-high line on "
               "GPIO25");
 }
@@ -170,6 +173,30 @@ TEST_F(GpioPortTest, WaitSleepsUntilAnEdge) {
     };
     EXPECT_FALSE(WaitForReady(*port, 888, 100000));
     EXPECT_GT(chip.Count(), 40) << "in 400 ms";
+}
+
+TEST_F(GpioPortTest, MessagesNameTheWires) {
+    const auto port = Started();
+    Services services{*port, messages, system, state};
+    const std::string wires =
+        "SCLK on GPIO24, DIN on GPIO23, RESET on GPIO22, DOUT on GPIO18, RDY on GPIO17";
+    EXPECT_EQ(BoardStateOf(services).text, "Board on gpiochip0");
+    EXPECT_EQ(BoardStateOf(services).meaning,
+              "Readings come from the board at these lines: " + wires);
+    EXPECT_TRUE(MessageTexts::TimeoutDetail(*port).find("register and the wires: " + wires + ".") !=
+                std::string::npos);
+    const std::pair<const char*, std::string> advice[] = {
+        {"at {RESET}", "at RESET (GPIO22)"},
+        {"{DOUT}, {SCLK and DIN}", "DOUT (GPIO18), SCLK (GPIO24) and DIN (GPIO23)"},
+        {"{SCLK, DIN} and", "SCLK (GPIO24), DIN (GPIO23) and"},
+        {"{listed port}, and", "at the wires (" + wires + "), and"},
+        {"the {data-ready line}.", "the data-ready line (GPIO17)."}};
+    for (const auto& [text, filled] : advice) {
+        EXPECT_EQ(InPortWords(text, *port), filled);
+    }
+    chip.Fail(getLines, ENODEV);
+    port->InByte(889);
+    EXPECT_EQ(BoardStateOf(services).text, "No lines");
 }
 
 TEST_F(GpioPortTest, NamesWhoHoldsALine) {

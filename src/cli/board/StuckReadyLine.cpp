@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/board/StuckReadyLine.h"
 
+#include "app/PortWords.h"
 #include "cli/board/BoardRegisters.h"
 #include "link/Converter.h"
 #include "link/DataReady.h"
@@ -22,10 +23,11 @@ constexpr ReadyBit readyBits[] = {{"rdy0", Converter::Main}, {"rdy1", Converter:
 constexpr int contradictionsThatProve = 3;
 constexpr int maxLooks = 8;
 
-[[noreturn]] void RefuseStuckLine(const std::string& contradiction) {
-    throw CommandError(ExitCode::NoAnswer,
-                       "the data-ready line is stuck low: " + contradiction +
-                           ". Check the cable and the board's data-ready line.");
+[[noreturn]] void RefuseStuckLine(const Services& services, const std::string& contradiction) {
+    throw CommandError(
+        ExitCode::NoAnswer,
+        "the data-ready line is stuck low: " + contradiction +
+            InPortWords(". Check the cable and the board's {data-ready line}.", services.port));
 }
 
 bool IsSet(const RegisterReading& status, std::string_view bit) {
@@ -54,16 +56,16 @@ void CheckReadyLine(Services& services) {
          ++look) {
         contradictions = DiscardResults(services) ? 0 : contradictions + 1;
         if (contradictions == contradictionsThatProve) {
-            RefuseStuckLine("it announces a result while the status register shows none");
+            RefuseStuckLine(services, "it announces a result while the status register shows none");
         }
     }
 }
 
 void CheckCalibrationEnded(Services& services) {
     if (IsSet(ReadDescribed(services, RegisterMap::DescriptionOf(RegisterMap::Status)), "cal")) {
-        RefuseStuckLine(
-            "it announces the end of a calibration that goes on, as the status "
-            "register shows");
+        RefuseStuckLine(services,
+                        "it announces the end of a calibration that goes on, as the status "
+                        "register shows");
     }
 }
 
