@@ -13,6 +13,7 @@
 #if defined(__linux__)
 #include "ports/DeviceFiles.h"
 #include "ports/DirectPort.h"
+#include "ports/FtdiLines.h"
 #include "ports/GpioLines.h"
 #include "ports/LinePort.h"
 #include "ports/ParportDevices.h"
@@ -27,6 +28,9 @@ namespace {
 #if defined(__linux__)
 
 std::unique_ptr<Lines> OpenLines(const LineChoice& choice) {
+    if (choice.kind == LineKind::Ftdi) {
+        return std::make_unique<FtdiLines>(choice, FindFtdiDevices(), FtdiUsb());
+    }
     return std::make_unique<GpioLines>(choice);
 }
 
@@ -66,6 +70,12 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     }
     for (const std::string& path : FindGpioChips()) {
         ports.push_back(ListingOf(path));
+    }
+    for (const FtdiDevice& device : FindFtdiDevices()) {
+        ports.push_back({.name = "ftdi:serial=" + device.serial,
+                         .permissions = PermissionsOf(device.path),
+                         .claim = PortClaim::NotTried,
+                         .remarks = device.product + ", " + device.path});
     }
     return ports;
 }
