@@ -158,7 +158,7 @@ std::vector<std::uint8_t> FtdiLines::Send(std::vector<std::uint8_t> bytes) {
         if (!pins_->Exchange(std::span(bytes).subspan(done, part),
                              std::span(samples).subspan(done, part))) {
             failed_ = true;
-            failure_ = "The FTDI device " + serial_ + " stopped working: " + pins_->Failure() +
+            failure_ = ChipName() + " stopped working: " + pins_->Failure() +
                        ". Plug it in again and start the program again.";
         }
         done += part;

@@ -72,7 +72,7 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
         ports.push_back(ListingOf(path));
     }
     for (const FtdiDevice& device : FindFtdiDevices()) {
-        ports.push_back({.name = "ftdi:serial=" + device.serial,
+        ports.push_back({.name = device.serial.empty() ? "ftdi:" : "ftdi:serial=" + device.serial,
                          .permissions = PermissionsOf(device.path),
                          .claim = PortClaim::NotTried,
                          .remarks = device.product + ", " + device.path});

@@ -181,7 +181,7 @@ TEST_F(Ftdi, ReadsOpenLinesOnceItIsUnplugged) {
     EXPECT_EQ(chip.exchanges.size(), 21U) << "kept trying";
     EXPECT_EQ(port->InByte(base + 1), 0xFF);
     EXPECT_EQ(port->FailureDetail(),
-              "The FTDI device VX000001 stopped working: usb bulk write failed. Plug it in again "
+              "FTDI VX000001 stopped working: usb bulk write failed. Plug it in again "
               "and start the program again.");
 }
 
