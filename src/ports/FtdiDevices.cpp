@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 
 #include "numbers/WholeNumber.h"
@@ -43,9 +44,9 @@ FtdiDevice DeviceIn(const std::string& folder) {
 std::string ListOf(const std::vector<FtdiDevice>& devices) {
     std::string list;
     for (const FtdiDevice& device : devices) {
-        list += (list.empty() ? "" : ", ") +
-                (device.serial.empty() ? "no serial number" : device.serial) + " (" +
-                device.product + ")";
+        list += list.empty() ? "" : ", ";
+        list += device.serial.empty() ? "no serial number" : device.serial;
+        list.append(" (").append(device.product).append(")");
     }
     return list;
 }
@@ -55,7 +56,7 @@ std::string ListOf(const std::vector<FtdiDevice>& devices) {
 std::vector<FtdiDevice> FindFtdiDevices(const std::string& folder) {
     std::vector<FtdiDevice> devices;
     for (const std::string& name : NamesIn(folder)) {
-        const std::string place = folder + "/" + name;
+        const std::string place = (std::filesystem::path(folder) / name).string();
         const std::string product = LineOf(place + "/idProduct");
         if (LineOf(place + "/idVendor") == vendor && std::ranges::count(products, product) != 0) {
             devices.push_back(DeviceIn(place));

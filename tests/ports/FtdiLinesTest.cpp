@@ -71,6 +71,7 @@ class Ftdi : public testing::Test {
   protected:
     static std::vector<FtdiDevice> Devices(const std::vector<std::string>& serials) {
         std::vector<FtdiDevice> devices;
+        devices.reserve(serials.size());
         for (const std::string& serial : serials) {
             devices.push_back({serial, "FT232R USB UART", 1, 4, "/dev/bus/usb/001/004"});
         }

@@ -37,7 +37,9 @@ FakeGpioChip::FakeGpioChip()
     : testbed_(umockdev_testbed_new()), handler_(umockdev_ioctl_base_new()) {
     g_signal_connect(handler_, "handle-ioctl", G_CALLBACK(Handle), this);
     std::vector<std::string> names;
-    for (int i = 0; i < 54; ++i) {
+    constexpr int lines = 54;
+    names.reserve(lines);
+    for (int i = 0; i < lines; ++i) {
         names.push_back("GPIO" + std::to_string(i));
     }
     AddChip("gpiochip0", "pinctrl-fake", names);
@@ -66,7 +68,7 @@ void FakeGpioChip::AddDevice(const std::string& name) {
 
 std::string FakeGpioChip::Real(const std::string& path) const {
     gchar* const root = umockdev_testbed_get_root_dir(testbed_);
-    const std::string real = root + path;
+    std::string real = root + path;
     g_free(root);
     return real;
 }
