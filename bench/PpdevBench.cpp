@@ -4,22 +4,10 @@
 // The ioctls' numbers are made by the header above.
 #include <linux/ppdev.h>
 
-#include <cstdarg>
 #include <stdexcept>
 
 #include "link/ReadData.h"
 #include "ports/PpdevPort.h"
-
-/// Linked in the place of the system's ioctl: a port that costs nothing, with a result ready.
-extern "C" int __wrap_ioctl(int /*device*/, unsigned long request, ...) {
-    if (request == PPRSTATUS) {
-        va_list arguments;
-        va_start(arguments, request);
-        *va_arg(arguments, unsigned char*) = 0x10;
-        va_end(arguments);
-    }
-    return 0;
-}
 
 namespace vx3260::bench {
 namespace {

@@ -3,10 +3,10 @@
 # shellcheck shell=bash disable=SC2034
 
 headerPackages=(libboost-dev libeigen3-dev)
-buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev
-    "${headerPackages[@]}")
+buildPackages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libcli11-dev libftdi1-dev
+    pkgconf "${headerPackages[@]}")
 runPackages=(qt6-wayland)
-testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev pkgconf sigrok-cli strace umockdev)
+testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev sigrok-cli strace umockdev)
 windowsTools=(g++-mingw-w64-x86-64-posix wine wine64 googletest)
 windowsPackages=(g++ cmake ninja-build "${headerPackages[@]}" "${windowsTools[@]}")
 windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-tools dpkg-dev

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "app/PortWords.h"
 #include "link/Converter.h"
 #include "link/DataReady.h"
 #include "link/Register.h"
@@ -50,6 +51,10 @@ bool ReadyLineIsStuck(Services& services) {
         }
     }
     return false;
+}
+
+std::string CheckReadyLineAdvice(const ParallelPort& port) {
+    return InPortWords("Check the cable and the board's {data-ready line}.", port);
 }
 
 }  // namespace vx3260

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 #include "app/Services.h"
 
 namespace vx3260 {
@@ -10,6 +12,6 @@ namespace vx3260 {
 bool ReadyLineIsStuck(Services& services);
 
 /// What to check then.
-inline constexpr char CheckReadyLineAdvice[] = "Check the cable and the board's data-ready line.";
+std::string CheckReadyLineAdvice(const ParallelPort& port);
 
 }  // namespace vx3260

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/BoardState.h"
 
+#include "app/PortWords.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -28,17 +29,19 @@ BoardState BoardStateOf(const Services& services) {
     }
     const std::string failure = services.port.FailureDetail();
     if (services.state.PortClaimFailed || !failure.empty()) {
-        return {"No printer port", failure.empty() ? "No printer port could be claimed" : failure,
-                false};
-    }
-    if (missing) {
         return {
-            "Board does not answer",
-            "Check the cable, the board's power and the printer port (" + PlaceOf(services) + ")",
+            InPortWords("{No port}", services.port),
+            failure.empty() ? InPortWords("{No port} could be claimed", services.port) : failure,
             false};
     }
-    return {"Board on " + PlaceOf(services), "Readings come from the board at this printer port",
-            true};
+    if (missing) {
+        return {"Board does not answer",
+                InPortWords("Check the cable, the board's power and {the port}", services.port) +
+                    " (" + PlaceOf(services) + ")",
+                false};
+    }
+    return {"Board on " + PlaceOf(services),
+            InPortWords("Readings come from the board at {this port}", services.port), true};
 }
 
 }  // namespace vx3260

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MessageTexts.h"
 
+#include "app/PortWords.h"
 #include "link/RegisterLookup.h"
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
@@ -26,9 +27,11 @@ std::string TimeoutDetail(const ParallelPort& port) {
     if (!failure.empty()) {
         return failure;
     }
-    return "No result became ready. Check the cable, the board's power, the mode register and the "
-           "printer port. The chip still waits for the clocks of this access: a software reset "
-           "brings the interface back in step.";
+    return InPortWords(
+        "No result became ready. Check the cable, the board's power, the mode register and {the "
+        "port}. The chip still waits for the clocks of this access: a software reset brings the "
+        "interface back in step.",
+        port);
 }
 
 std::string MismatchDetail(const ParallelPort& port,
@@ -44,9 +47,9 @@ std::string MismatchDetail(const ParallelPort& port,
                       ", read back " + std::string(*is) + ".";
         }
     }
+    constexpr std::string_view advice = "\nCheck the cable, the board's power and {the port}.";
     const std::string failure = port.FailureDetail();
-    return detail + (failure.empty() ? "\nCheck the cable, the board's power and the printer port."
-                                     : "\n" + failure);
+    return detail + (failure.empty() ? InPortWords(advice, port) : "\n" + failure);
 }
 
 std::optional<Message> CalibrationPrompt(std::int32_t mode) {

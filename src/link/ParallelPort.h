@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "link/ChipAnswers.h"
 #include "link/RegisterRecord.h"
@@ -23,6 +24,12 @@ struct PortTransfer {
     std::int16_t address;
     std::int16_t value;
     bool write;
+};
+
+/// A signal of the board and the line that carries it: "SCLK", "GPIO24".
+struct WiredSignal {
+    std::string signal;
+    std::string line;
 };
 
 /// The printer port: the seam between the program and whatever carries the wires. The operations
@@ -44,9 +51,8 @@ class ParallelPort {
     /// What the user calls the port, such as "parport0"; empty if unknown.
     virtual std::string Name() const { return {}; }
 
-    /// Which lines carry the board, for a person, where there is no printer port: "SCLK on GPIO24,
-    /// DIN on GPIO23, ..."; empty for a printer port.
-    virtual std::string Wiring() const { return {}; }
+    /// Which lines carry the board where there is no printer port; none for a printer port.
+    virtual std::vector<WiredSignal> Wiring() const { return {}; }
 
     /// What the accesses to the chip have met, kept by Register and ReadData.
     ChipAnswers& Answers() { return answers_; }

@@ -111,8 +111,10 @@ void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated)
            },
            "The printer port; without it, the first there is. Or lines of a GPIO chip, by "
            "names or numbers: gpio:sclk=GPIO24,din=GPIO23,reset=GPIO22,dout=GPIO18,"
-           "rdy=GPIO17[,held=...][,chip=/dev/gpiochip0]; what is left out is as here")
-        ->type_name("/dev/parportN|gpio:...")
+           "rdy=GPIO17[,held=...][,chip=/dev/gpiochip0]; what is left out is as here. Or pins of "
+           "an "
+           "FTDI chip: ftdi:serial=XXXX,sclk=TXD,din=RTS,reset=DTR,dout=RXD,rdy=CTS")
+        ->type_name("/dev/parportN|gpio:...|ftdi:...")
         ->check(CLI::Validator(RefuseBadLines, ""))
         ->excludes(simulated);
     app.add_option_function<std::string>(

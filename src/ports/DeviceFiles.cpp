@@ -36,6 +36,10 @@ std::string OwningGroupOf(const std::string& path) {
     return status ? GroupName(status->st_gid) : std::string();
 }
 
+std::string JoinCommand(const std::string& group) {
+    return "    sudo usermod -aG " + group + " " + UserName(getuid());
+}
+
 }  // namespace
 
 std::vector<std::string> NamesIn(const std::string& folder) {
@@ -71,8 +75,15 @@ std::string PermissionDetail(const std::string& path, const std::string& remedyW
         return "You have no permission to use " + path + ". " + remedyWithoutGroup;
     }
     return "You have no permission to use " + path + ", which belongs to the group \"" + group +
-           "\". Join it with\n    sudo usermod -aG " + group + " " + UserName(getuid()) +
-           "\nthen log out and in again.";
+           "\". Join it with\n" + JoinCommand(group) + "\nthen log out and in again.";
+}
+
+std::string AccessRuleDetail(const std::string& name, const std::string& match) {
+    return "Give access to a group, with a line in /etc/udev/rules.d/60-vx3260-" + name +
+           ".rules:\n    " + match +
+           ", GROUP=\"dialout\", MODE=\"0660\"\nand then\n"
+           "    sudo udevadm control --reload && sudo udevadm trigger\n" +
+           JoinCommand("dialout") + "\nthen log out and in again.";
 }
 
 }  // namespace vx3260

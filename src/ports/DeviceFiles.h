@@ -16,4 +16,8 @@ std::string PermissionsOf(const std::string& path);
 /// `remedyWithoutGroup`, sentences, where no group but root's may use it.
 std::string PermissionDetail(const std::string& path, const std::string& remedyWithoutGroup);
 
+/// The udev rule that gives devices to a group; `match` is its part that selects them, `name` goes
+/// into that of the file.
+std::string AccessRuleDetail(const std::string& name, const std::string& match);
+
 }  // namespace vx3260

@@ -19,10 +19,7 @@ namespace {
 
 constexpr std::string_view chipPrefix = "gpiochip";
 
-constexpr const char* accessRule =
-    "Give the chips to a group, with a line in /etc/udev/rules.d/60-vx3260-gpio.rules:\n"
-    "    SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\", GROUP=\"dialout\", MODE=\"0660\"\n"
-    "and then: sudo udevadm control --reload, sudo udevadm trigger";
+constexpr const char* chipsOfUdev = "SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\"";
 
 /// A text of the kernel's that may fill its field without an end.
 template <std::size_t Size>
@@ -83,9 +80,10 @@ std::string MissingDetail(const GpioChip& chip, const std::string& line) {
             names.push_back(info.name);
         }
     }
-    return chip.path + " (" + chip.label + ", lines 0 to " +
-           std::to_string(static_cast<std::int64_t>(chip.lines.size()) - 1) + ") has no line " +
-           line + Suggestion(line, names);
+    const std::string suggestion = Suggestion(line, names);
+    return chip.path + " (" + GpioChipText(chip) + ") has no line " + line +
+           (suggestion.empty() ? "." : suggestion) +
+           " \"vx3260-cli ports\" lists the chips; all lines have to be on one.";
 }
 
 std::vector<GpioChip> AllChips() {
@@ -122,13 +120,13 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
         return std::nullopt;
     }
     const auto namesOn = [&names](const GpioChip& chip) {
-        return std::ranges::count_if(
-            names, [&chip](const std::string& name) { return OffsetOf(chip, name).has_value(); });
+        return std::ranges::count_if(names, [&chip](const std::string& name) {
+            return !name.empty() && OffsetOf(chip, name).has_value();
+        });
     };
     const GpioChip& best = *std::ranges::max_element(chips, {}, namesOn);
     if (const std::optional<std::string> missing = MissingOn(best, names)) {
-        failure = MissingDetail(best, *missing) +
-                  ". All lines have to be on one chip; \"vx3260-cli ports\" lists the chips.";
+        failure = MissingDetail(best, *missing);
         return std::nullopt;
     }
     return best;
@@ -164,7 +162,7 @@ std::string GpioOpenFailureDetail(const std::string& path, int error) {
     switch (error) {
         case EACCES:
         case EPERM:
-            return PermissionDetail(path, accessRule);
+            return PermissionDetail(path, AccessRuleDetail("gpio", chipsOfUdev));
         case ENOTTY:
         case EINVAL:
             return path + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.";
@@ -180,6 +178,11 @@ std::string GpioOpenFailureDetail(const std::string& path, int error) {
         default:
             return path + " cannot be opened: " + std::generic_category().message(error);
     }
+}
+
+std::string GpioChipText(const GpioChip& chip) {
+    return chip.label + ", lines 0 to " +
+           std::to_string(static_cast<std::int64_t>(chip.lines.size()) - 1);
 }
 
 std::string HeldLinesText(const GpioChip& chip) {
@@ -214,7 +217,8 @@ std::optional<GpioPlace> FindGpioLines(const std::string& path, const LineNames&
         if (place.offsets.at(i) && twice != place.offsets.begin() + i) {
             failure = names.at(i) + " and " +
                       names.at(static_cast<std::size_t>(twice - place.offsets.begin())) +
-                      " are the same line of " + place.chip.path;
+                      " are the same line of " + place.chip.path +
+                      ". Choose another for one of them.";
             return std::nullopt;
         }
     }

@@ -32,6 +32,9 @@ std::vector<std::string> FindGpioChips();
 /// Why a chip cannot be opened, and the remedy; `error` is the errno of the attempt.
 std::string GpioOpenFailureDetail(const std::string& path, int error);
 
+/// What the chip is: "pinctrl-bcm2835, lines 0 to 53".
+std::string GpioChipText(const GpioChip& chip);
+
 /// Who holds lines of the chip: "GPIO24 by led0, GPIO17 by gpio-keys"; empty for none.
 std::string HeldLinesText(const GpioChip& chip);
 

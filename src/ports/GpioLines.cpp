@@ -33,8 +33,11 @@ constexpr std::chrono::microseconds pauseWithoutEdges(200);
 /// Levels of inputs that cannot be read.
 constexpr LineLevels undriven = LevelBit(LineRole::Dout) | LevelBit(LineRole::Rdy);
 
+static_assert(IndexOf(LineRole::Held) + 1 == LineRoles.size(), "the line that may be missing");
+
 constexpr std::uint64_t plainInput = GPIO_V2_LINE_FLAG_INPUT;
 constexpr std::uint64_t pulledUp = plainInput | GPIO_V2_LINE_FLAG_BIAS_PULL_UP;
+constexpr std::uint64_t edges = GPIO_V2_LINE_FLAG_EDGE_FALLING;
 
 bool IsOutput(LineRole role) {
     return LineRoles.at(IndexOf(role)).output;
@@ -87,9 +90,8 @@ bool GpioLines::Claim(LineLevels outputs) {
     }
     // Not every chip has pull-ups or reports edges.
     int error = 0;
-    for (const std::uint64_t flags : {pulledUp | GPIO_V2_LINE_FLAG_EDGE_FALLING,
-                                      plainInput | GPIO_V2_LINE_FLAG_EDGE_FALLING, plainInput}) {
-        reportsEdges_ = flags != plainInput;
+    for (const std::uint64_t flags : {pulledUp | edges, plainInput | edges, pulledUp, plainInput}) {
+        reportsEdges_ = (flags & edges) != 0;
         if (Request(chip, outputs, flags)) {
             failure_.clear();
             close(chip);
@@ -105,7 +107,8 @@ bool GpioLines::Claim(LineLevels outputs) {
     return false;
 }
 
-/// One request for all lines. Edges are reported of RDY only.
+/// One request for all lines, in the order of their roles: the last alone may be missing, so a
+/// line's bit in the request is its LevelBit. Edges are reported of RDY only.
 bool GpioLines::Request(int chip, LineLevels outputs, std::uint64_t inputFlags) {
     gpio_v2_line_request request{};
     LineLevels allOutputs = 0;
@@ -116,9 +119,9 @@ bool GpioLines::Request(int chip, LineLevels outputs, std::uint64_t inputFlags) 
     std::ranges::copy(consumer, std::begin(request.consumer));
     request.config.flags = GPIO_V2_LINE_FLAG_OUTPUT;
     request.config.num_attrs = 3;
-    request.config.attrs[0] = ValuesFor(BitsOf(outputs), BitsOf(allOutputs));
-    request.config.attrs[1] = FlagsFor(inputFlags & pulledUp, BitsOf(LevelBit(LineRole::Dout)));
-    request.config.attrs[2] = FlagsFor(inputFlags, BitsOf(LevelBit(LineRole::Rdy)));
+    request.config.attrs[0] = ValuesFor(outputs, allOutputs);
+    request.config.attrs[1] = FlagsFor(inputFlags & pulledUp, LevelBit(LineRole::Dout));
+    request.config.attrs[2] = FlagsFor(inputFlags, LevelBit(LineRole::Rdy));
     if (Ioctl(chip, GPIO_V2_GET_LINE_IOCTL, &request) == -1) {
         return false;
     }
@@ -148,16 +151,8 @@ std::string GpioLines::ClaimFailureDetail(int chip, int error) const {
     return text;
 }
 
-std::uint64_t GpioLines::BitsOf(LineLevels levels) const {
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < requested_.size(); ++i) {
-        bits |= (levels & LevelBit(requested_[i])) != 0 ? std::uint64_t{1} << i : 0;
-    }
-    return bits;
-}
-
 void GpioLines::Set(LineLevels outputs, LineLevels changed) {
-    gpio_v2_line_values values{BitsOf(outputs), BitsOf(changed)};
+    gpio_v2_line_values values{outputs, changed};
     if (!failed_ && Ioctl(device_, GPIO_V2_LINE_SET_VALUES_IOCTL, &values) == -1) {
         NoteFailure();
     }
@@ -167,16 +162,12 @@ LineLevels GpioLines::Get() {
     if (failed_) {
         return undriven;
     }
-    gpio_v2_line_values values{0, BitsOf(undriven)};
+    gpio_v2_line_values values{0, undriven};
     if (Ioctl(device_, GPIO_V2_LINE_GET_VALUES_IOCTL, &values) == -1) {
         NoteFailure();
         return undriven;
     }
-    LineLevels levels = 0;
-    for (std::size_t i = 0; i < requested_.size(); ++i) {
-        levels |= (values.bits >> i & 1U) != 0 ? LevelBit(requested_[i]) : 0;
-    }
-    return levels & undriven;
+    return static_cast<LineLevels>(values.bits) & undriven;
 }
 
 /// RDY may be low already, and edges from before may be waiting; one that comes after the look

@@ -34,13 +34,12 @@ class GpioLines final : public Lines {
   private:
     bool Request(int chip, LineLevels outputs, std::uint64_t inputFlags);
     std::string ClaimFailureDetail(int chip, int error) const;
-    std::uint64_t BitsOf(LineLevels levels) const;
     void NoteFailure();
     void DropEvents() const;
 
     LineChoice choice_;
     std::optional<GpioPlace> place_;
-    std::vector<LineRole> requested_;  ///< in the order of the request's bits
+    std::vector<LineRole> requested_;  ///< those that have a line
     int device_ = -1;
     bool reportsEdges_ = false;
     bool failed_ = false;

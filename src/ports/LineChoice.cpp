@@ -97,14 +97,4 @@ LineChoice ParseLineChoice(std::string_view port) {
     return choice;
 }
 
-std::string WiringText(const LineNames& lines) {
-    std::string text;
-    for (const LineRoleTraits& role : LineRoles) {
-        if (const std::string& line = lines.at(IndexOf(role.role)); !line.empty()) {
-            text += (text.empty() ? "" : ", ") + std::string(role.signal) + " on " + line;
-        }
-    }
-    return text;
-}
-
 }  // namespace vx3260

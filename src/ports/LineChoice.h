@@ -25,7 +25,4 @@ bool IsLineChoice(std::string_view port);
 /// Throws std::invalid_argument with the reason.
 LineChoice ParseLineChoice(std::string_view port);
 
-/// The wires for a person: "SCLK on GPIO24, DIN on GPIO23, ...".
-std::string WiringText(const LineNames& lines);
-
 }  // namespace vx3260

@@ -43,6 +43,16 @@ LinePort::LinePort(std::unique_ptr<Lines> lines, LineNames names, std::chrono::n
     }
 }
 
+std::vector<WiredSignal> LinePort::Wiring() const {
+    std::vector<WiredSignal> wiring;
+    for (const LineRoleTraits& role : LineRoles) {
+        if (const std::string& line = names_.at(IndexOf(role.role)); !line.empty()) {
+            wiring.push_back({std::string(role.signal), line});
+        }
+    }
+    return wiring;
+}
+
 bool LinePort::Claim() {
     outputs_ = OutputsOf(data_) & used_;
     return lines_->Claim(outputs_);
@@ -74,11 +84,12 @@ std::uint8_t LinePort::ReadRegister(std::int16_t offset) {
     }
 }
 
+/// At least as long as the slowest conversion, also where reads have no minimum time.
 bool LinePort::WaitForLow(std::int16_t address, std::int16_t mask, std::int32_t polls) {
     if (!IsRegister(address, BoardLines::StatusRegister) || mask != BoardLines::NotReady) {
         return ParallelPort::WaitForLow(address, mask, polls);
     }
-    return lines_->WaitForReady(polls * PollTime());
+    return lines_->WaitForReady(polls * std::max(PollTime(), DefaultPollTime));
 }
 
 /// Only patterns that change a line and reads of the status register become steps.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ports/DevicePort.h"
 #include "ports/LineChoice.h"
@@ -21,7 +22,7 @@ class LinePort final : public DevicePort {
 
     std::int32_t GetParallelPortCount() override { return 1; }
     std::string Name() const override { return lines_->ChipName(); }
-    std::string Wiring() const override { return WiringText(names_); }
+    std::vector<WiredSignal> Wiring() const override;
     std::string FailureDetail() const override { return lines_->Failure(); }
 
     void Transfer(std::span<PortTransfer> accesses) override;

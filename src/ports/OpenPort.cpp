@@ -13,6 +13,7 @@
 #if defined(__linux__)
 #include "ports/DeviceFiles.h"
 #include "ports/DirectPort.h"
+#include "ports/FtdiLines.h"
 #include "ports/GpioLines.h"
 #include "ports/LinePort.h"
 #include "ports/ParportDevices.h"
@@ -27,6 +28,9 @@ namespace {
 #if defined(__linux__)
 
 std::unique_ptr<Lines> OpenLines(const LineChoice& choice) {
+    if (choice.kind == LineKind::Ftdi) {
+        return std::make_unique<FtdiLines>(choice, FindFtdiDevices(), FtdiUsb());
+    }
     return std::make_unique<GpioLines>(choice);
 }
 
@@ -48,9 +52,7 @@ PortListing ListingOf(const std::string& path) {
                         .claim = PortClaim::NotTried};
     if (const std::optional<GpioChip> chip = GpioChipAt(path)) {
         const std::string held = HeldLinesText(*chip);
-        listing.remarks = chip->label + ", lines 0 to " +
-                          std::to_string(static_cast<std::int64_t>(chip->lines.size()) - 1) +
-                          (held.empty() ? "" : "; held: " + held);
+        listing.remarks = GpioChipText(*chip) + (held.empty() ? "" : "; held: " + held);
     } else {
         listing.remarks = GpioOpenFailureDetail(path, errno);
     }
@@ -68,6 +70,12 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     }
     for (const std::string& path : FindGpioChips()) {
         ports.push_back(ListingOf(path));
+    }
+    for (const FtdiDevice& device : FindFtdiDevices()) {
+        ports.push_back({.name = device.serial.empty() ? "ftdi:" : "ftdi:serial=" + device.serial,
+                         .permissions = PermissionsOf(device.path),
+                         .claim = PortClaim::NotTried,
+                         .remarks = device.product + ", " + device.path});
     }
     return ports;
 }

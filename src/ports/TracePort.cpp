@@ -53,6 +53,47 @@ TracePort::~TracePort() {
 
 void TracePort::OutByte(std::int16_t address, std::int16_t value) {
     Inner().OutByte(address, value);
+    TraceWrite(address, value);
+}
+
+std::int16_t TracePort::InByte(std::int16_t address) {
+    const std::int16_t value = Inner().InByte(address);
+    TraceRead(address, value);
+    return value;
+}
+
+/// A port that makes the accesses one after the other gets them here: each has its own time.
+void TracePort::Transfer(std::span<PortTransfer> accesses) {
+    if (!TransfersAtOnce()) {
+        ParallelPort::Transfer(accesses);
+        return;
+    }
+    const std::chrono::nanoseconds begin = SinceStart();
+    Inner().Transfer(accesses);
+    const std::chrono::nanoseconds duration = SinceStart() - begin;
+    const auto count = static_cast<std::int64_t>(accesses.size());
+    for (std::int64_t i = 0; i < count; ++i) {
+        const PortTransfer& access = accesses[static_cast<std::size_t>(i)];
+        stepTime_ = begin + duration * (i + 1) / count;
+        if (access.write) {
+            TraceWrite(access.address, access.value);
+        } else {
+            TraceRead(access.address, access.value);
+        }
+    }
+    stepTime_.reset();
+}
+
+bool TracePort::WaitForLow(std::int16_t address, std::int16_t mask, std::int32_t polls) {
+    if (!WaitsWithoutReading()) {
+        return ParallelPort::WaitForLow(address, mask, polls);
+    }
+    const bool low = Inner().WaitForLow(address, mask, polls);
+    InByte(address);
+    return low;
+}
+
+void TracePort::TraceWrite(std::int16_t address, std::int16_t value) {
     const auto outputs = static_cast<std::int16_t>(value & tracedOutputs);
     if (IsRegister(address, BoardLines::DataRegister) && outputs != outputs_) {
         outputs_ = outputs;
@@ -60,14 +101,12 @@ void TracePort::OutByte(std::int16_t address, std::int16_t value) {
     }
 }
 
-std::int16_t TracePort::InByte(std::int16_t address) {
-    const std::int16_t value = Inner().InByte(address);
+void TracePort::TraceRead(std::int16_t address, std::int16_t value) {
     const auto inputs = static_cast<std::int16_t>(value & tracedInputs);
     if (IsRegister(address, BoardLines::StatusRegister) && inputs != inputs_) {
         inputs_ = inputs;
         TraceStep();
     }
-    return value;
 }
 
 bool TracePort::IsRegister(std::int16_t address, std::int16_t offset) const {
@@ -78,7 +117,7 @@ void TracePort::TraceStep() {
     decoder_.Step(outputs_, (inputs_.value_or(0) & BoardLines::Dout) != 0);
     Trace([this](VcdWriter& vcd) {
         vcd.Write(
-            SinceStart(),
+            stepTime_.value_or(SinceStart()),
             std::array{LevelOf(outputs_, BoardLines::Clock), LevelOf(outputs_, BoardLines::Din),
                        LevelOf(outputs_, BoardLines::Reset), LevelOf(inputs_, BoardLines::Dout),
                        LevelOf(inputs_, BoardLines::NotReady), decoder_.Text()});

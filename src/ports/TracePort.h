@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "ports/AccessDecoder.h"
@@ -19,6 +20,9 @@ namespace vx3260 {
 /// a step with a time of its own; DOUT and RDY change when the program reads them and are unknown
 /// until then. Its time is that of the board's clock since the trace began. Before the program's
 /// first write the outputs are shown at rest.
+///
+/// The steps of a transfer that the port makes at once are spread evenly over its time; after a
+/// wait that the port sleeps through, one read shows the lines.
 ///
 /// A write that fails, as on a full disk, ends the trace with a line on standard error; the port
 /// goes on.
@@ -40,10 +44,16 @@ class TracePort final : public WrappedPort {
 
     void OutByte(std::int16_t address, std::int16_t value) override;
     std::int16_t InByte(std::int16_t address) override;
+    void Transfer(std::span<PortTransfer> accesses) override;
+    bool TransfersAtOnce() const override { return Inner().TransfersAtOnce(); }
+    bool WaitForLow(std::int16_t address, std::int16_t mask, std::int32_t polls) override;
+    bool WaitsWithoutReading() const override { return Inner().WaitsWithoutReading(); }
 
   private:
     bool IsRegister(std::int16_t address, std::int16_t offset) const;
     std::chrono::nanoseconds SinceStart() const { return Now() - start_; }
+    void TraceWrite(std::int16_t address, std::int16_t value);
+    void TraceRead(std::int16_t address, std::int16_t value);
     void TraceStep();
     void Trace(const std::function<void(VcdWriter&)>& write);
 
@@ -53,6 +63,8 @@ class TracePort final : public WrappedPort {
     AccessDecoder decoder_;
     std::int16_t outputs_;
     std::optional<std::int16_t> inputs_;  ///< empty until they have been read
+    /// When the step being traced was made, where that is not now.
+    std::optional<std::chrono::nanoseconds> stepTime_;
 };
 
 }  // namespace vx3260

@@ -21,7 +21,7 @@ class WrappedPort : public ParallelPort {
         return inner_->GetParallelPortInfo(portNumber, info);
     }
     std::string Name() const final { return inner_->Name(); }
-    std::string Wiring() const final { return inner_->Wiring(); }
+    std::vector<WiredSignal> Wiring() const final { return inner_->Wiring(); }
     std::chrono::nanoseconds Now() const final { return inner_->Now(); }
     std::string FailureDetail() const final { return inner_->FailureDetail(); }
 

@@ -101,6 +101,46 @@ TEST_F(Trace, FollowsTheAddressInUseAndNeverAsksForIt) {
     EXPECT_TRUE(wires->infoCalls.empty());
 }
 
+/// A port that makes a transfer at once, in 1 ms, and sleeps through a wait of 5 ms.
+struct BatchPort final : RecordingPort {
+    std::chrono::nanoseconds Now() const override { return now; }
+    void Transfer(std::span<PortTransfer> accesses) override {
+        ++transfers;
+        now += std::chrono::milliseconds(1);
+        ParallelPort::Transfer(accesses);
+    }
+    bool TransfersAtOnce() const override { return true; }
+    bool WaitForLow(std::int16_t /*address*/, std::int16_t mask, std::int32_t polls) override {
+        waits.emplace_back(mask, polls);
+        now += std::chrono::milliseconds(5);
+        standingReply = 0x10;
+        return true;
+    }
+    bool WaitsWithoutReading() const override { return true; }
+
+    std::chrono::nanoseconds now{0};
+    int transfers = 0;
+    std::vector<std::pair<int, int>> waits;
+};
+
+TEST_F(Trace, PassesTransfersAndWaitsOn) {
+    auto bare = std::make_unique<BatchPort>();
+    BatchPort& batch = *bare;
+    const auto port = std::make_unique<TracePort>(std::move(bare), path, portAddress);
+    SerialWrite(*port, 0x41, base, 8);
+    EXPECT_EQ(batch.transfers, 1);
+    EXPECT_EQ(Accesses(), Texts{"read mode"});
+    // 25 accesses in 1000 us, 3 a bit: the second lowers the clock and the third raises it.
+    const Texts steps = Found("#(.+)\n[01]!");
+    EXPECT_EQ((Texts{steps.at(0), steps.at(1), steps.at(2)}), (Texts{"80", "120", "200"}));
+    EXPECT_EQ(SerialReadWhenReady(*port, 8, base), 0xFF);
+    EXPECT_EQ(batch.transfers, 2);
+    EXPECT_EQ(batch.waits, (std::vector<std::pair<int, int>>{{0x40, PollLimit - 1}}));
+    EXPECT_EQ(batch.readFrom.size(), 9U) << "8 bits, and RDY once after the wait";
+    EXPECT_EQ(Found("#(.+)\n1\\$\n0%"), Texts{"6000"}) << "RDY is low";
+    EXPECT_EQ(Accesses(), (Texts{"read mode", "read mode = FF"}));
+}
+
 TEST_F(Trace, NamesEachAccess) {
     struct {
         std::int32_t byte;

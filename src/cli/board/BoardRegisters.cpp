@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "app/PortWords.h"
 #include "link/BoardCheck.h"
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
@@ -56,7 +57,7 @@ void RequireAnswer(Services& services, const RegisterReading& reading,
         "no answer from the board: the register " + std::string(reading.description.name) +
             " reads " + RegisterHex(reading.value, reading.description.access) +
             ", and every other one alike. All bits read " + line + std::string(consequence) +
-            "Check the cable, the board's power and which printer port it is on.");
+            InPortWords("Check the cable, the board's power and {which port}.", services.port));
 }
 
 RegisterReading ReadAnswered(Services& services,

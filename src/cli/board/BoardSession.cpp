@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "app/MessageTexts.h"
+#include "app/PortWords.h"
 #include "app/StartUp.h"
 #include "numbers/FilePath.h"
 #include "options/ExitCodes.h"
@@ -46,8 +47,9 @@ Services& BoardSession::Services() {
                                                    std::string(MessageTexts::SimulatedHint));
     }
     if (state_.PortClaimFailed) {
-        throw CommandError(ExitCode::NoAnswer, "the printer port could not be claimed; " +
-                                                   std::string(MessageTexts::SimulatedHint));
+        throw CommandError(ExitCode::NoAnswer,
+                           InPortWords("{the claimed} could not be claimed; ", services_->port) +
+                               std::string(MessageTexts::SimulatedHint));
     }
     return *services_;
 }

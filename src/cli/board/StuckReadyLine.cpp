@@ -11,16 +11,17 @@
 namespace vx3260 {
 namespace {
 
-[[noreturn]] void RefuseStuckLine(const std::string& contradiction) {
-    throw CommandError(ExitCode::NoAnswer, "the data-ready line is stuck low: " + contradiction +
-                                               ". " + CheckReadyLineAdvice);
+[[noreturn]] void RefuseStuckLine(const Services& services, const std::string& contradiction) {
+    throw CommandError(ExitCode::NoAnswer,
+                       "the data-ready line is stuck low: " + contradiction + ". " +
+                           CheckReadyLineAdvice(services.port));
 }
 
 }  // namespace
 
 void CheckReadyLine(Services& services) {
     if (ReadyLineIsStuck(services)) {
-        RefuseStuckLine("it announces a result while the status register shows none");
+        RefuseStuckLine(services, "it announces a result while the status register shows none");
     }
 }
 
@@ -28,9 +29,9 @@ void CheckCalibrationEnded(Services& services) {
     const auto& status = RegisterMap::DescriptionOf(RegisterMap::Status);
     if ((ReadContents(services, RegisterMap::Status) &
          RegisterMap::FieldNamed(status, "cal").mask) != 0) {
-        RefuseStuckLine(
-            "it announces the end of a calibration that goes on, as the status "
-            "register shows");
+        RefuseStuckLine(services,
+                        "it announces the end of a calibration that goes on, as the status "
+                        "register shows");
     }
 }
 

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "app/PortWords.h"
 #include "link/BoardCheck.h"
 #include "link/RegisterLookup.h"
 
@@ -13,7 +14,7 @@ namespace {
 struct VerdictEntry {
     BoardVerdict verdict;
     std::string_view seen;
-    std::string_view advice;
+    std::string_view advice;  ///< in the words of InPortWords
 };
 
 constexpr VerdictEntry verdictEntries[] = {
@@ -22,16 +23,15 @@ constexpr VerdictEntry verdictEntries[] = {
      "looked at)",
      ""},
     {BoardVerdict::NoAnswer, "no answer: all bits read 1 and data-ready does not come",
-     "Look at the board's power, at both ends of the cable, at which printer port it is on "
-     "(\"vx3260-cli ports\" lists them), and at RESET (data bit 1), which must be high."},
+     "Look at the board's power, at both ends of the cable, {listed port}, and at {RESET}, "
+     "which must be high."},
     {BoardVerdict::StuckHigh, "stuck high: all bits read 1, though data-ready comes",
-     "Look at DOUT (status bit 4), SCLK and DIN (data bits 3 and 0) for a break or a short."},
+     "Look at {DOUT}, {SCLK and DIN} for a break or a short."},
     {BoardVerdict::StuckLow, "stuck low: all bits read 0",
-     "Look at DOUT (status bit 4) for a short to ground, at the board's power, and whether the "
-     "cable is plugged in at the right port."},
+     "Look at {DOUT} for a short to ground, at the board's power, and {right port}."},
     {BoardVerdict::AnswersWrongly, "answers wrongly",
-     "Look for a loose contact on SCLK, DIN (data bits 3 and 0) and DOUT (status bit 4), at the "
-     "length of the cable, and for another program on the same port."},
+     "Look for a loose contact on {SCLK, DIN} and {DOUT}, at the length of the cable, and {other "
+     "user}."},
 };
 
 const VerdictEntry& EntryOf(BoardVerdict verdict) {
@@ -66,8 +66,9 @@ ExitCode CheckCommand::Run(const CommandContext& context) {
     const BoardCheck check = CheckBoard(services.port, services.state.PortAddress);
     if (check.verdict != BoardVerdict::Answers) {
         const bool wrong = check.verdict == BoardVerdict::AnswersWrongly;
-        throw CommandError(wrong ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
-                           VerdictText(check) + ". " + std::string(EntryOf(check.verdict).advice));
+        throw CommandError(
+            wrong ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
+            VerdictText(check) + ". " + InPortWords(EntryOf(check.verdict).advice, services.port));
     }
     context.streams.out << VerdictText(check) << '\n';
     return check.putBack ? ExitCode::Success : ExitCode::ReadBackMismatch;

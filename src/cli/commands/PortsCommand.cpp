@@ -73,7 +73,7 @@ void RefuseChosenPort(const CLI::App& program) {
 
 PortsCommand::PortsCommand(CLI::App& program)
     : Command(program, "ports",
-              "List the printer ports, whether each can be claimed, and the GPIO chips") {
+              "List the printer ports, whether each can be claimed, and the GPIO and FTDI chips") {
     AddFormat(Parser(), format_, {ReportFormat::Json});
     Parser().final_callback([&program] { RefuseChosenPort(program); });
 }

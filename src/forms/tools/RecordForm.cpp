@@ -169,7 +169,7 @@ bool RecordForm::RefusedByBoard(const std::vector<Converter>& converters) {
                       "Go back and open this form again: the main menu offers to put it there.");
     }
     if (ReadyLineIsStuck(Shared())) {
-        return refuse("The data-ready line is stuck low", CheckReadyLineAdvice);
+        return refuse("The data-ready line is stuck low", CheckReadyLineAdvice(Shared().port));
     }
     return false;
 }
