@@ -16,6 +16,9 @@ benchPackages=(libbenchmark-dev)
 judgePackages=(python3-scipy)
 plainPackages=(make)
 clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
+arm64Packages=(g++-aarch64-linux-gnu cmake ninja-build "${headerPackages[@]}" googletest
+    qemu-user-static)
+desktopPackages=(appstream desktop-file-utils)
 debPackages=(debhelper dpkg-dev lintian)
 machinePackages=(qemu-system-x86 busybox-static)
 

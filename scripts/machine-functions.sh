@@ -41,7 +41,7 @@ MakeImage() {
     busybox depmod -b "$root" "$(ls "$root/lib/modules")"
     strip -o "$root/bin/$program" "build/machine/bin/$program"
     # A static program has none.
-    { ldd "build/machine/bin/$program" 2>/dev/null || true; } | grep -o '/[^ ]*' |
+    { ldd "build/machine/bin/$program" 2>/dev/null | grep -o '/[^ ]*' || true; } |
         while read -r library; do
             mkdir -p "$root$(dirname "$library")"
             cp -L "$library" "$root$library"
