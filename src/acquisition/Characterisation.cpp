@@ -6,7 +6,6 @@
 
 #include "acquisition/ConditionsRecorder.h"
 #include "acquisition/Reading.h"
-#include "app/MessageTexts.h"
 #include "link/Calibration.h"
 #include "link/FilterRate.h"
 #include "link/Register.h"
@@ -28,6 +27,11 @@ class SettingFailure : public std::runtime_error {
 
 /// Thrown out of a reading when a stop is requested.
 class SettingStopped {};
+
+std::string TimeOutText(const std::string& what, int number, int total) {
+    return "time-out: no data-ready for " + what + " " + std::to_string(number) + " of " +
+           std::to_string(total);
+}
 
 class SettingRun {
   public:
@@ -94,7 +98,7 @@ void SettingRun::Calibrate(std::int32_t mode) {
 void SettingRun::Settle(ConverterReader& reader) {
     for (int i = 0; i < plan_.settle; ++i) {
         if (reader.ReadCode() == ReadTimeout) {
-            throw SettingFailure(std::string(MessageTexts::ReadingTimedOut));
+            throw SettingFailure(TimeOutText("result", i + 1, plan_.settle));
         }
         if (hooks_.stopRequested && hooks_.stopRequested()) {
             throw SettingStopped();
@@ -119,7 +123,7 @@ void SettingRun::ReadCodes(ConverterReader& reader, CharacterisedBlock& block) {
         throw SettingStopped();
     }
     if (end == ReadingEnd::TimedOut) {
-        throw SettingFailure(std::string(MessageTexts::ReadingTimedOut));
+        throw SettingFailure(TimeOutText("code", count, plan_.count));
     }
     block.codes = ToIntegers(codes);
     block.conditions = std::move(recorder).End(end, plan_.referenceVoltage);
@@ -226,7 +230,7 @@ std::chrono::duration<double> DurationOf(const CharacterisationPlan& plan,
 CharacterisationEnd Characterise(Services& services, const CharacterisationPlan& plan,
                                  std::span<const CharacterisedSetting> settings,
                                  const CharacterisationHooks& hooks) {
-    const Configuration before = ReadConfiguration(services.port, services.state.PortAddress);
+    const Configuration before = ReadSteadyConfiguration(services.port, services.state.PortAddress);
     const auto restore = [&] {
         const std::vector<RegisterMismatch> mismatches =
             MismatchesIn(RestoreConfiguration(services.port, services.state.PortAddress, before));

@@ -88,6 +88,7 @@ enum class CharacterisationEnd {
 /// Measures the settings one after the other: power-down, filter word, scale, polarity and channel,
 /// each write verified; calibrations; continuous conversion; the readings. A setting that fails is
 /// a block with the reason. Restores all registers at the end.
+/// Throws UnsteadyRegisters before the first access that writes.
 CharacterisationEnd Characterise(Services& services, const CharacterisationPlan& plan,
                                  std::span<const CharacterisedSetting> settings,
                                  const CharacterisationHooks& hooks);

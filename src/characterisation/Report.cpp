@@ -66,7 +66,7 @@ std::string Shade(double place) {
 
 std::string Cell(const TableCell& cell, const BitsRange& range) {
     const std::string style =
-        cell.effectiveBits ? " style=\"" + Shade(range.PlaceOf(*cell.effectiveBits)) + "\"" : "";
+        cell.rank ? " style=\"" + Shade(range.PlaceOf(*cell.rank)) + "\"" : "";
     return "<td" + style + ">" + Escaped(cell.text) + (cell.remarks.empty() ? "" : "*") + "</td>";
 }
 
@@ -127,7 +127,8 @@ std::string NoiseCharts(const CharacterisationResults& results, const ChartHtml&
     return html.empty() ? "<p>No setting with noise was measured.</p>\n" : html;
 }
 
-/// By the word length that the control register had: no setting changes it.
+/// By the word length that the control register had: no setting changes it, and a characterisation
+/// with another one does not go on.
 int StepOf(const CharacterisationResults& results) {
     const Converter converter = results.plan.converter;
     const auto control = results.registers.ValueOf(TraitsOf(converter).control);
@@ -162,7 +163,7 @@ std::string HistogramOf(const CharacterisationResults& results, const Characteri
 
 std::string Histograms(const CharacterisationResults& results, const ReportSource& source) {
     const auto bits = [](const CharacterisationRow& row) {
-        return row.effective ? row.effective->bits : std::nan("");
+        return row.effective ? RankOf(*row.effective) : std::nan("");
     };
     const CharacterisationRow* best = nullptr;
     const CharacterisationRow* worst = nullptr;
@@ -186,6 +187,9 @@ std::string Remarks(const CharacterisationResults& results) {
         const std::string setting = SettingText(results.plan.converter, row.setting);
         if (!row.failure.empty()) {
             facts.emplace_back(setting, "failed: " + row.failure);
+        }
+        if (row.effective && row.effective->isLowerBound) {
+            facts.emplace_back(setting, LowerBoundRemark);
         }
         for (const std::string& warning : row.warningTexts) {
             facts.emplace_back(setting, warning);

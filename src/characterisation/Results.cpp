@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QString>
 #include <algorithm>
+#include <limits>
 
 #include "files/JsonFields.h"
 #include "link/FilterRate.h"
@@ -151,6 +152,10 @@ std::optional<RowBits> BitsOf(const std::optional<ResolutionBits>& resolution) {
 }
 
 }  // namespace
+
+double RankOf(const RowBits& bits) {
+    return bits.isLowerBound ? std::numeric_limits<double>::infinity() : bits.bits;
+}
 
 CharacterisationRow RowOf(const CharacterisedBlock& block) {
     CharacterisationRow row{.setting = block.setting,

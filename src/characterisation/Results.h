@@ -17,6 +17,14 @@ struct RowBits {
     bool isLowerBound;
 };
 
+/// By which resolutions are compared: bits, or infinity where the noise is too small to be
+/// measured.
+double RankOf(const RowBits& bits);
+
+/// What is said of such a cell.
+inline constexpr const char* LowerBoundRemark =
+    "the noise is too small to be measured: at least (≥) this resolution";
+
 /// The figures of one setting. Those that are not defined are missing, all where it failed.
 struct CharacterisationRow {
     CharacterisedSetting setting{};

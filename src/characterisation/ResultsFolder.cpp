@@ -11,6 +11,8 @@
 #include "files/CodeFile.h"
 #include "files/CodeText.h"
 #include "files/ConditionsFile.h"
+#include "link/Configuration.h"
+#include "link/RegisterLookup.h"
 #include "numbers/FileErrors.h"
 
 namespace vx3260 {
@@ -29,6 +31,32 @@ void MakeFolder(const std::string& path) {
     if (!DirOf(path).mkpath(QStringLiteral("."))) {
         throw FileAccessError("cannot make the folder " + path);
     }
+}
+
+/// Whether a field is one that the sweep sets, of the converter or of the chip as a whole, or of
+/// the other converter.
+bool IsSetBy(const CharacterisationPlan& plan, const FieldDifference& difference) {
+    const auto is = [&difference](const RegisterMap::RegisterAccess& access) {
+        return difference.description.access.readByte == access.readByte;
+    };
+    const RegisterMap::Field* const own[] = {&RegisterMap::Enable, &ChannelField(plan.converter),
+                                             &ScaleField(plan.converter), &RegisterMap::Polarity};
+    if (is(TraitsOf(plan.converter).control)) {
+        return std::ranges::any_of(own, [&difference](const RegisterMap::Field* field) {
+            return field->name == difference.field.name;
+        });
+    }
+    return is(RegisterMap::Filter) || difference.field.name == RegisterMap::OperatingMode.name ||
+           is(TraitsOf(OtherConverter(plan.converter)).control) ||
+           (IsCoefficient(difference.description) && plan.calibrate);
+}
+
+std::string ChangeText(const FieldDifference& difference) {
+    const auto text = [&difference](std::int32_t code) {
+        return RegisterMap::TextOfCode(difference.field, code);
+    };
+    return std::string(difference.description.name) + " " + std::string(difference.field.name) +
+           " was " + text(difference.left) + " and is " + text(difference.right);
 }
 
 void RefuseFilesOf(const std::string& path) {
@@ -61,8 +89,12 @@ bool HasResults(const std::string& folder) {
 
 FolderContents ContentsOf(const std::string& path, const CharacterisationPlan& plan) {
     if (HasResults(path)) {
-        return LoadResults(path).plan == plan ? FolderContents::SamePlan
-                                              : FolderContents::OtherPlan;
+        try {
+            return LoadResults(path).plan == plan ? FolderContents::SamePlan
+                                                  : FolderContents::OtherPlan;
+        } catch (const BadDataError&) {
+            return FolderContents::OtherFiles;
+        }
     }
     return DirOf(path).isEmpty() || !FileExists(path) ? FolderContents::Nothing
                                                       : FolderContents::OtherFiles;
@@ -79,21 +111,31 @@ ResultsFolder::ResultsFolder(std::string path, const CharacterisationResults& be
                               "replaces it");
     }
     if (hasResults && use == FolderUse::Resume) {
-        Resume(beginning.plan);
+        Resume(beginning);
     } else if (hasResults) {
-        Delete(LoadResults(path_));
+        DeleteResults();
     } else if (use != FolderUse::Replace) {
         RefuseFilesOf(path_);
     }
     Save();
 }
 
-void ResultsFolder::Resume(const CharacterisationPlan& plan) {
+void ResultsFolder::Resume(const CharacterisationResults& beginning) {
     CharacterisationResults old = LoadResults(path_);
-    if (old.plan != plan) {
+    if (old.plan != beginning.plan) {
         throw FileAccessError("the folder " + path_ +
                               " holds a characterisation with other arguments; --resume goes on "
                               "with the same ones only");
+    }
+    for (const FieldDifference& difference :
+         DifferencesBetween(ConfigurationOf(old.registers), ConfigurationOf(beginning.registers))) {
+        if (IsSetBy(beginning.plan, difference)) {
+            changed_.push_back(ChangeText(difference));
+        } else {
+            throw FileAccessError("the characterisation in the folder " + path_ +
+                                  " was begun with another setting: " + ChangeText(difference) +
+                                  "; set it back to go on");
+        }
     }
     results_ = std::move(old);
     std::erase_if(results_.rows, [this](const CharacterisationRow& row) {
@@ -102,7 +144,14 @@ void ResultsFolder::Resume(const CharacterisationPlan& plan) {
     });
 }
 
-void ResultsFolder::Delete(const CharacterisationResults& old) const {
+/// Results that cannot be read name no files.
+void ResultsFolder::DeleteResults() const {
+    CharacterisationResults old;
+    try {
+        old = LoadResults(path_);
+    } catch (const BadDataError&) {
+        return;
+    }
     for (const CharacterisationRow& row : old.rows) {
         const std::string data = PathIn(path_, DataFileName(old.plan.converter, row.setting));
         for (const std::string& file : {data, ConditionsPath(data)}) {

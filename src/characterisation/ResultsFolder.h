@@ -23,7 +23,7 @@ enum class FolderContents {
     OtherPlan,
 };
 
-/// Throws FileAccessError and BadDataError for a characterisation that cannot be read.
+/// Throws FileAccessError. A characterisation that cannot be read counts as other files.
 FolderContents ContentsOf(const std::string& path, const CharacterisationPlan& plan);
 
 /// Whether a folder holds a characterisation, readable or not.
@@ -43,16 +43,21 @@ class ResultsFolder {
     /// The settings of the plan that have not been measured, or failed.
     std::vector<CharacterisedSetting> Remaining() const;
 
+    /// Of a characterisation that goes on: fields that the sweep sets and that held something else
+    /// when it was begun, "filter word was 69 and is 13". A run that was killed leaves them so.
+    const std::vector<std::string>& Changed() const { return changed_; }
+
     /// Writes the block's files, the results and the table.
     void Add(const CharacterisedBlock& block);
 
   private:
-    void Resume(const CharacterisationPlan& plan);
-    void Delete(const CharacterisationResults& old) const;
+    void Resume(const CharacterisationResults& beginning);
+    void DeleteResults() const;
     void Save() const;
 
     std::string path_;
     CharacterisationResults results_;
+    std::vector<std::string> changed_;
 };
 
 /// The results in a folder. Throws FileAccessError and BadDataError.

@@ -12,12 +12,21 @@
 
 namespace vx3260 {
 
+CharacterisationPlan InOrder(CharacterisationPlan plan) {
+    for (std::vector<std::int32_t>* const codes : {&plan.ranges, &plan.filterWords}) {
+        std::ranges::sort(*codes);
+        codes->erase(std::unique(codes->begin(), codes->end()), codes->end());
+    }
+    return plan;
+}
+
 CharacterisationResults BeginningOf(Services& services, CharacterisationPlan plan) {
     return {.plan = std::move(plan),
             .program = std::string(TitleAndVersion),
             .board = BoardNameOf(services),
             .start = PresentTime(),
-            .registers = SnapshotOf(ReadConfiguration(services.port, services.state.PortAddress))};
+            .registers =
+                SnapshotOf(ReadSteadyConfiguration(services.port, services.state.PortAddress))};
 }
 
 std::chrono::duration<double> DurationOf(const CharacterisationPlan& plan,
@@ -52,17 +61,12 @@ std::vector<std::string> RestoredLines(const std::vector<RegisterMismatch>& mism
     return lines;
 }
 
-std::int64_t CodesOfSweep(const CharacterisationPlan& plan, std::size_t settings) {
-    return static_cast<std::int64_t>(settings) * plan.count;
-}
-
 CharacterisationEnd MeasureRemaining(Services& services, ResultsFolder& folder,
                                      const SweepHooks& hooks) {
     using Seconds = std::chrono::duration<double>;
     const CharacterisationPlan plan = folder.Results().plan;
     const std::vector<CharacterisedSetting> settings = folder.Remaining();
     const Seconds whole = DurationOf(plan, settings);
-    std::int64_t codesBefore = 0;
     Seconds before{};
     Seconds present{};
     const auto starting = [&](const CharacterisedSetting& setting) {
@@ -73,13 +77,11 @@ CharacterisationEnd MeasureRemaining(Services& services, ResultsFolder& folder,
     };
     const auto afterEach = [&](int codes) {
         if (hooks.afterEach) {
-            hooks.afterEach(
-                {codes, codesBefore + codes, (before + present * codes / plan.count) / whole});
+            hooks.afterEach({codes, (before + present * codes / plan.count) / whole});
         }
     };
     const auto finished = [&](const CharacterisedBlock& block) {
         folder.Add(block);
-        codesBefore += plan.count;
         before += present;
         if (hooks.finished) {
             hooks.finished(block);

@@ -25,7 +25,11 @@ void AddOnce(std::vector<Value>& values, Value value) {
 /// The largest number of results that can be dropped first.
 inline constexpr int MaxSettle = 10000;
 
-/// The results of a plan of which nothing is measured yet. Reads all registers.
+/// The plan with ranges and filter words in ascending order, each once: rates fall down the tables.
+CharacterisationPlan InOrder(CharacterisationPlan plan);
+
+/// The results of a plan of which nothing is measured yet. Reads all registers; throws
+/// UnsteadyRegisters.
 CharacterisationResults BeginningOf(Services& services, CharacterisationPlan plan);
 
 /// How long these settings take by the chip's rates.
@@ -41,9 +45,8 @@ std::vector<std::string> RestoredLines(const std::vector<RegisterMismatch>& mism
 
 /// How far a sweep is after a code.
 struct SweepProgress {
-    int codes;         ///< of the present setting
-    std::int64_t sum;  ///< of the sweep, with those of settings that failed
-    double part;       ///< of the time that the chip needs, 0 to 1
+    int codes;    ///< of the present setting
+    double part;  ///< of the time that the chip needs, 0 to 1
 };
 
 struct SweepHooks {
@@ -57,8 +60,5 @@ struct SweepHooks {
 /// Measures what is left of the folder's plan, and puts each setting there at once.
 CharacterisationEnd MeasureRemaining(Services& services, ResultsFolder& folder,
                                      const SweepHooks& hooks);
-
-/// The codes that a sweep over so many settings reads.
-std::int64_t CodesOfSweep(const CharacterisationPlan& plan, std::size_t settings);
 
 }  // namespace vx3260

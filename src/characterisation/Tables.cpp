@@ -38,6 +38,9 @@ std::string ResolutionCell(const CharacterisationRow& row) {
 
 std::string RemarksOn(const CharacterisationRow& row) {
     std::string remarks = row.failure;
+    if (row.effective && row.effective->isLowerBound) {
+        remarks = LowerBoundRemark;
+    }
     for (const std::string& text : row.warningTexts) {
         remarks += (remarks.empty() ? "" : "\n") + text;
     }
@@ -52,7 +55,7 @@ TableCell CellOf(const CharacterisationRow* row, CellText text) {
     }
     return {.text = row->failure.empty() ? text(*row) : "failed",
             .remarks = RemarksOn(*row),
-            .effectiveBits = row->effective ? std::optional(row->effective->bits) : std::nullopt};
+            .rank = row->effective ? std::optional(RankOf(*row->effective)) : std::nullopt};
 }
 
 NoiseTable TableOf(const CharacterisationResults& results, Polarity polarity,
@@ -134,7 +137,7 @@ NoiseTable ResolutionTable(const CharacterisationResults& results, Polarity pola
 BitsRange BitsRangeOf(const CharacterisationResults& results) {
     std::optional<BitsRange> range;
     for (const CharacterisationRow& row : results.rows) {
-        if (row.effective) {
+        if (row.effective && !row.effective->isLowerBound) {
             const double bits = row.effective->bits;
             range = range ? BitsRange{std::min(range->worst, bits), std::max(range->best, bits)}
                           : BitsRange{bits, bits};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,9 +13,9 @@ namespace vx3260 {
 
 /// What stands in a cell.
 struct TableCell {
-    std::string text{};     ///< "1.50 (9.90)"; "failed", or empty where it was not measured
-    std::string remarks{};  ///< what is to be said of it: a failure, warnings; a line each
-    std::optional<double> effectiveBits{};
+    std::string text{};            ///< "1.50 (9.90)"; "failed", or empty where it was not measured
+    std::string remarks{};         ///< what is to be said of it: a failure, warnings; a line each
+    std::optional<double> rank{};  ///< RankOf its effective resolution
 };
 
 struct TableLine {
@@ -39,11 +40,13 @@ struct BitsRange {
     double worst = 0;
     double best = 0;
 
-    /// 0 at the worst, 1 at the best; 1 where all are equal.
-    double PlaceOf(double bits) const { return best > worst ? (bits - worst) / (best - worst) : 1; }
+    /// Of a rank: 0 at the worst, 1 at the best and for infinity; 1 where all are equal.
+    double PlaceOf(double rank) const {
+        return best > worst ? std::min(1.0, (rank - worst) / (best - worst)) : 1;
+    }
 };
 
-/// Both are 0 where there is none.
+/// Of the resolutions that were measured; both are 0 where there is none.
 BitsRange BitsRangeOf(const CharacterisationResults& results);
 
 /// All tables, with columns of spaces, and the remarks as notes below.

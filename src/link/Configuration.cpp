@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "link/Register.h"
 
@@ -105,12 +106,41 @@ Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& 
     return configuration;
 }
 
+Configuration ReadSteadyConfiguration(ParallelPort& parallelPort, const std::int16_t& portAddress) {
+    constexpr int maxReadings = 5;
+    Configuration last = ReadConfiguration(parallelPort, portAddress);
+    for (int reading = 1; reading < maxReadings; ++reading) {
+        Configuration next = ReadConfiguration(parallelPort, portAddress);
+        const bool steady = std::ranges::equal(
+            last, next, [](const RegisterSetting& one, const RegisterSetting& other) {
+                return ((one.value ^ other.value) & ComparableBits(one.description, one.value)) ==
+                       0;
+            });
+        if (steady) {
+            return next;
+        }
+        last.swap(next);
+    }
+    throw UnsteadyRegisters();
+}
+
 RegisterSnapshot SnapshotOf(const Configuration& configuration) {
     RegisterSnapshot snapshot;
     for (const RegisterSetting& setting : configuration) {
         snapshot.Set(setting.description.access, setting.value);
     }
     return snapshot;
+}
+
+Configuration ConfigurationOf(const RegisterSnapshot& snapshot) {
+    Configuration configuration;
+    for (const RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        const std::optional<std::int32_t> value = snapshot.ValueOf(description.access);
+        if (description.access.writeByte != 0 && value) {
+            configuration.push_back({description, *value});
+        }
+    }
+    return configuration;
 }
 
 Configuration InOrderOfWriting(const Configuration& configuration) {

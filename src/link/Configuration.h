@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <vector>
 
 #include "link/ParallelPort.h"
@@ -26,8 +27,22 @@ using Configuration = std::vector<RegisterSetting>;
 /// Reads all of them from the chip. No missing board is detected.
 Configuration ReadConfiguration(ParallelPort& parallelPort, const std::int16_t& portAddress);
 
+/// The registers read differently each time: what would be restored is not what they held.
+class UnsteadyRegisters : public std::runtime_error {
+  public:
+    UnsteadyRegisters()
+        : std::runtime_error("the registers read differently each time; check the cable") {}
+};
+
+/// The same, read until two readings agree, but for the levels of input pins. Throws
+/// UnsteadyRegisters where they do not after some readings.
+Configuration ReadSteadyConfiguration(ParallelPort& parallelPort, const std::int16_t& portAddress);
+
 /// The same as a snapshot.
 RegisterSnapshot SnapshotOf(const Configuration& configuration);
+
+/// The registers of a snapshot that are known.
+Configuration ConfigurationOf(const RegisterSnapshot& snapshot);
 
 /// Whether these are the contents of a calibration: a zero-scale or full-scale coefficient.
 bool IsCoefficient(const RegisterMap::RegisterDescription& description);

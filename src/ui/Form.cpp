@@ -156,6 +156,7 @@ void Form::MakeScrollableBeyond(const QSize& space) {
 /// the lower one would leave the screen.
 void Form::ShowPart(QWidget* part, bool shown) {
     const int before = height();
+    const int present = part->height() + layout()->spacing();
     part->setVisible(shown);
     if (isMaximized() || windowHandle() == nullptr) {
         return;
@@ -164,9 +165,8 @@ void Form::ShowPart(QWidget* part, bool shown) {
     const QRect space = screen()->availableGeometry().marginsRemoved(frame);
     layout()->activate();
     MakeScrollableBeyond(space.size());
-    const int with = shown ? part->sizeHint().height() + layout()->spacing() : -partHeight_;
+    const int with = shown ? part->sizeHint().height() + layout()->spacing() : -present;
     resize(width(), std::min(before + with, space.height()));
-    partHeight_ = shown ? height() - before : 0;
     const int surplus = geometry().bottom() - space.bottom();
     if (surplus > 0) {
         move(x(), y() - surplus);

@@ -97,7 +97,6 @@ class Form : public QDialog {
     QLabel* boardLabel_ = nullptr;
     bool prepared_ = false;
     bool scrollable_ = false;
-    int partHeight_ = 0;  ///< that came with the part
     int frameChecks_ = 0;
     double side_ = 0;
 };

@@ -87,7 +87,7 @@ TEST_F(CharacterisationTest, GoesOnAfterAFailureButNotWithoutABoard) {
     plan.polarities = {Polarity::Bipolar};
     EXPECT_EQ(Run(silent), CharacterisationEnd::Complete);
     EXPECT_EQ(blocks.size(), 4U);
-    EXPECT_EQ(blocks.front().failure, "Error Reading Data from VX3260");
+    EXPECT_EQ(blocks.front().failure, "time-out: no data-ready for result 1 of 4");
     EXPECT_EQ(notRestored, 0U);
 
     blocks.clear();

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view echo = "^C";
 
 /// Empty where there is no room for one.
-std::string Bar(int done, int total, std::size_t room) {
+std::string Bar(double part, std::size_t room) {
     constexpr std::size_t minWidth = 8;
     constexpr std::size_t maxWidth = 33;
     const std::size_t width = std::min(room, maxWidth);
@@ -22,8 +22,8 @@ std::string Bar(int done, int total, std::size_t room) {
         return "";
     }
     const std::size_t cells = width - std::string_view("[] ").size();
-    const std::size_t filled =
-        cells * static_cast<std::size_t>(done) / static_cast<std::size_t>(total);
+    const auto filled =
+        static_cast<std::size_t>(std::clamp(part, 0.0, 1.0) * static_cast<double>(cells));
     return "[" + std::string(filled, '#') + std::string(cells - filled, '.') + "] ";
 }
 
@@ -74,7 +74,14 @@ void ProgressLine::Show(int done) {
         return;
     }
     const std::string text = ProgressText(done, total_, clock_() - start_).substr(0, Room());
-    Draw(Bar(done, total_, Room() - text.size()) + text);
+    Draw(Bar(static_cast<double>(done) / total_, Room() - text.size()) + text);
+}
+
+void ProgressLine::Show(double part, const std::function<std::string()>& text) {
+    if (IsDue()) {
+        const std::string shown = text().substr(0, Room());
+        Draw(Bar(part, Room() - shown.size()) + shown);
+    }
 }
 
 void ProgressLine::Show(const std::function<std::string()>& text) {

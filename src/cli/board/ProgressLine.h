@@ -25,6 +25,9 @@ class ProgressLine {
     /// Draws the line, at most ten times a second.
     void Show(int done);
 
+    /// The same with a bar for `part` of the work, 0 to 1, and a text of its own.
+    void Show(double part, const std::function<std::string()>& text);
+
     /// The same for work without a known end: the text alone, made where it is drawn.
     void Show(const std::function<std::string()>& text);
 

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "acquisition/ProgressText.h"
 #include "characterisation/Report.h"
 #include "characterisation/Sweep.h"
 #include "characterisation/Tables.h"
@@ -20,6 +21,8 @@
 
 namespace vx3260 {
 namespace {
+
+constexpr const char* resumeHint = "--resume goes on with what is left";
 
 constexpr std::string_view all = "all";
 
@@ -50,6 +53,21 @@ std::vector<std::int32_t> CodesOf(Converter converter, const std::vector<std::st
         }
     }
     return codes;
+}
+
+CharacterisationResults SteadyBeginning(Services& services, CharacterisationPlan plan) {
+    try {
+        return BeginningOf(services, std::move(plan));
+    } catch (const UnsteadyRegisters& error) {
+        throw CommandError(ExitCode::ReadBackMismatch,
+                           std::string(error.what()) + ". " + std::string(NothingWritten));
+    }
+}
+
+/// ", 2:41 left"; empty where that is not known yet.
+std::string LeftText(double part, std::chrono::steady_clock::time_point start) {
+    const std::string left = TimeLeftText(part, std::chrono::steady_clock::now() - start);
+    return left.empty() ? "" : ", " + left;
 }
 
 ExitCode ExitCodeFor(CharacterisationEnd end, bool restored,
@@ -154,7 +172,7 @@ CharacterisationPlan CharacteriseCommand::PlanFor(std::int32_t control) const {
     for (const std::int32_t word : words_) {
         AddOnce(plan.filterWords, word);
     }
-    return plan;
+    return InOrder(std::move(plan));
 }
 
 ExitCode CharacteriseCommand::Run(const CommandContext& context) {
@@ -162,10 +180,11 @@ ExitCode CharacteriseCommand::Run(const CommandContext& context) {
     Services& services = context.board.Services();
     const RegisterReading control = ReadAnswered(
         services, RegisterMap::DescriptionOf(TraitsOf(converter_).control), NothingWritten);
+    CheckReadyLine(services);
     const FolderUse use = resume_  ? FolderUse::Resume
                           : force_ ? FolderUse::Replace
                                    : FolderUse::New;
-    ResultsFolder folder(output_, BeginningOf(services, PlanFor(control.value)), use);
+    ResultsFolder folder(output_, SteadyBeginning(services, PlanFor(control.value)), use);
     const ExitCode exitCode = Measure(context, services, folder);
     WriteReport(folder.Results(), output_);
     context.streams.err << "Wrote " << PathIn(output_, ReportName) << std::endl;
@@ -182,19 +201,37 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
         err << "All settings have been measured" << std::endl;
         return ExitCode::Success;
     }
+    for (const std::string& change : folder.Changed()) {
+        err << "Since the characterisation was begun, " << change << std::endl;
+    }
     err << "Measuring " << SweepText(plan, settings) << ", Ctrl+C stops" << std::endl;
     const StopSignal stop;
     bool restored = false;
-    ProgressLine progress(err, static_cast<int>(CodesOfSweep(plan, settings.size())),
-                          context.streams.errWidth);
+    ProgressLine progress(err, 0, context.streams.errWidth);
+    const auto start = std::chrono::steady_clock::now();
+    std::size_t done = 0;
+    std::string present;
     const auto say = [&](const std::string& text) {
         progress.Clear();
         err << text << std::endl;
     };
     const SweepHooks hooks{
-        .afterEach = [&](const SweepProgress& now) { progress.Show(static_cast<int>(now.sum)); },
+        .starting =
+            [&](const CharacterisedSetting& setting) {
+                present = SettingText(plan.converter, setting);
+            },
+        .afterEach =
+            [&](const SweepProgress& now) {
+                progress.Show(now.part, [&] {
+                    return std::to_string(done) + " of " +
+                           CountText(static_cast<std::int64_t>(settings.size()), "setting") + ", " +
+                           present + ": " + std::to_string(now.codes) + " of " +
+                           std::to_string(plan.count) + LeftText(now.part, start);
+                });
+            },
         .finished =
             [&](const CharacterisedBlock& block) {
+                ++done;
                 say(SettingText(plan.converter, block.setting) + ": " +
                     RowText(folder.Results().rows.back()));
                 for (const std::string& warning : TextsOf(block.warnings)) {
@@ -210,15 +247,19 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
                     err << line << std::endl;
                 }
             }};
-    CheckReadyLine(services);
-    const CharacterisationEnd end = MeasureRemaining(services, folder, hooks);
+    const CharacterisationEnd end = [&] {
+        try {
+            return MeasureRemaining(services, folder, hooks);
+        } catch (const FileAccessError&) {
+            err << "Settings that were finished are in the folder; " << resumeHint << std::endl;
+            throw;
+        }
+    }();
     if (end == CharacterisationEnd::NoBoard) {
         err << "The board does not answer any more. Check the cable and the board's power; "
-               "--resume "
-               "goes on with what is left"
-            << std::endl;
+            << resumeHint << std::endl;
     } else if (end == CharacterisationEnd::Stopped) {
-        err << "Stopped; --resume goes on with what is left" << std::endl;
+        err << "Stopped; " << resumeHint << std::endl;
     }
     return ExitCodeFor(end, restored, folder.Results());
 }

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "acquisition/ProgressText.h"
+#include "acquisition/ReadyLine.h"
 #include "analysis/ReadingTexts.h"
 #include "analysis/forms/AuxNoiseForm.h"
 #include "analysis/forms/CountRefusal.h"
@@ -218,10 +219,7 @@ void CharacteriseForm::Start() {
             return;
         }
         const CharacterisationResults beginning = BeginningOf(Shared(), plan);
-        const BoardState board = BoardStateOf(Shared());
-        if (!board.good) {
-            ShowMessage(
-                {.text = board.text, .icon = MessageIcon::Exclamation, .detail = board.meaning});
+        if (RefusedByBoard()) {
             return;
         }
         ResultsFolder folder(path, beginning, *use);
@@ -233,6 +231,22 @@ void CharacteriseForm::Start() {
     if (std::exchange(closeRequested_, false)) {
         Form::reject();
     }
+}
+
+bool CharacteriseForm::RefusedByBoard() {
+    const BoardState board = BoardStateOf(Shared());
+    if (!board.good) {
+        ShowMessage(
+            {.text = board.text, .icon = MessageIcon::Exclamation, .detail = board.meaning});
+        return true;
+    }
+    if (ReadyLineIsStuck(Shared())) {
+        ShowMessage({.text = "The data-ready line is stuck low",
+                     .icon = MessageIcon::Exclamation,
+                     .detail = CheckReadyLineAdvice(Shared().port)});
+        return true;
+    }
+    return false;
 }
 
 void CharacteriseForm::UseRunningControls(bool running) {
@@ -258,7 +272,7 @@ void CharacteriseForm::Measure(ResultsFolder& folder) {
         ui_->StateLabel->setText(tr("All settings have been measured"));
         return;
     }
-    std::vector<std::string> restored;
+    std::vector<RegisterMismatch> mismatches;
     CharacterisationEnd end{};
     {
         stopRequested_ = false;
@@ -268,48 +282,48 @@ void CharacteriseForm::Measure(ResultsFolder& folder) {
             UseRunningControls(false);
             ShowTables();
         });
-        end = RunSweep(folder, restored);
+        end = RunSweep(folder, mismatches);
     }
     WriteReport(folder.Results(), folder.Path());
-    ReportEnd(end, restored);
+    ReportEnd(end, mismatches);
 }
 
 CharacterisationEnd CharacteriseForm::RunSweep(ResultsFolder& folder,
-                                               std::vector<std::string>& restored) {
+                                               std::vector<RegisterMismatch>& notRestored) {
     const std::size_t settings = folder.Remaining().size();
     std::size_t finished = 0;
     sinceStart_.start();
     sinceProgress_.start();
     ShowProgress({}, finished, settings);
-    return MeasureRemaining(
-        Shared(), folder,
-        {.starting =
-             [&](const CharacterisedSetting& setting) {
-                 present_ = setting;
-                 RevealPresent();
-                 ShowProgress({}, finished, settings);
-             },
-         .afterEach =
-             [&](const SweepProgress& now) {
-                 if (sinceProgress_.elapsed() >= drawingMilliseconds) {
-                     ShowProgress(now, finished, settings);
-                     sinceProgress_.restart();
+    return MeasureRemaining(Shared(), folder,
+                            {.starting =
+                                 [&](const CharacterisedSetting& setting) {
+                                     present_ = setting;
+                                     RevealPresent();
+                                     ShowProgress({}, finished, settings);
+                                 },
+                             .afterEach =
+                                 [&](const SweepProgress& now) {
+                                     if (sinceProgress_.elapsed() >= drawingMilliseconds) {
+                                         ShowProgress(now, finished, settings);
+                                         sinceProgress_.restart();
+                                     }
+                                 },
+                             .finished =
+                                 [&](const CharacterisedBlock&) {
+                                     ++finished;
+                                     Show(folder.Results(), folder.Path());
+                                 },
+                             .stopRequested =
+                                 [this] {
+                                     QCoreApplication::processEvents();
+                                     return stopRequested_;
+                                 },
+                             .restored =
+                                 [&](const std::vector<RegisterMismatch>& mismatches) {
+                                     for (const RegisterMismatch& mismatch : mismatches) {
+                     notRestored.push_back(mismatch);
                  }
-             },
-         .finished =
-             [&](const CharacterisedBlock&) {
-                 ++finished;
-                 Show(folder.Results(), folder.Path());
-             },
-         .stopRequested =
-             [this] {
-                 QCoreApplication::processEvents();
-                 return stopRequested_;
-             },
-         .restored =
-             [&](const std::vector<RegisterMismatch>& mismatches) {
-                 restored = RestoredLines(mismatches);
-                 ui_->StateLabel->setText(QString::fromStdString(Joined(restored)));
              }});
 }
 
@@ -354,7 +368,7 @@ void CharacteriseForm::ShowProgress(const SweepProgress& now, std::size_t finish
 }
 
 void CharacteriseForm::ReportEnd(CharacterisationEnd end,
-                                 const std::vector<std::string>& restored) {
+                                 const std::vector<RegisterMismatch>& notRestored) {
     const auto failed =
         std::count_if(results_->rows.begin(), results_->rows.end(),
                       [](const CharacterisationRow& row) { return !row.failure.empty(); });
@@ -370,9 +384,13 @@ void CharacteriseForm::ReportEnd(CharacterisationEnd end,
     bar->setFormat(tr("%1 of %2 settings").arg(results_->rows.size()).arg(all));
     bar->setValue(static_cast<int>(static_cast<double>(results_->rows.size()) /
                                    static_cast<double>(all) * bar->maximum()));
-    const std::string registers = Joined(restored);
-    ui_->StateLabel->setText(text + QStringLiteral(". ") + QString::fromStdString(registers) +
-                             QLatin1Char('.'));
+    const std::string registers = Joined(RestoredLines(notRestored));
+    const QString summary =
+        notRestored.empty() ? QString::fromStdString(registers)
+                            : tr("%1 not restored")
+                                  .arg(QString::fromStdString(CountText(
+                                      static_cast<std::int64_t>(notRestored.size()), "register")));
+    ui_->StateLabel->setText(text + QStringLiteral(". ") + summary + QLatin1Char('.'));
     GrowToTexts();
     if (end == CharacterisationEnd::NoBoard) {
         ShowMessage({.text = "The board does not answer any more",
@@ -380,7 +398,7 @@ void CharacteriseForm::ReportEnd(CharacterisationEnd end,
                      .detail = "Check the cable and the board's power. \"Start\" with the same "
                                "folder goes on with what is left.\n" +
                                registers});
-    } else if (registers.starts_with("Not restored")) {
+    } else if (!notRestored.empty()) {
         ShowMessage({.text = "Not all registers could be restored",
                      .icon = MessageIcon::Exclamation,
                      .detail = registers});

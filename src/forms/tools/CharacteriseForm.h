@@ -54,11 +54,12 @@ class CharacteriseForm final : public Form {
     std::optional<FolderUse> AskForUse(const std::string& path, const CharacterisationPlan& plan);
     bool Ask(const std::string& text, MessageIcon icon, const std::string& detail = {});
     void Measure(ResultsFolder& folder);
-    CharacterisationEnd RunSweep(ResultsFolder& folder, std::vector<std::string>& restored);
+    bool RefusedByBoard();
+    CharacterisationEnd RunSweep(ResultsFolder& folder, std::vector<RegisterMismatch>& notRestored);
     void UseRunningControls(bool running);
     void ShowProgress(const SweepProgress& now, std::size_t finished, std::size_t settings);
     void RevealPresent();
-    void ReportEnd(CharacterisationEnd end, const std::vector<std::string>& restored);
+    void ReportEnd(CharacterisationEnd end, const std::vector<RegisterMismatch>& notRestored);
     void Stop() { stopRequested_ = true; }
 
     void Browse();

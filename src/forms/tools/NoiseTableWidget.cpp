@@ -9,7 +9,7 @@ namespace vx3260 {
 namespace {
 
 QString TipOf(const TableCell& cell) {
-    const QString open = cell.effectiveBits
+    const QString open = cell.rank
                              ? QCoreApplication::translate("NoiseTableWidget",
                                                            "Double click or Enter opens the block")
                              : QString();
@@ -20,8 +20,8 @@ void ShowCell(QTableWidgetItem& item, const TableCell& cell, const BitsRange& bi
               const QPalette& palette) {
     item.setText(QString::fromStdString(cell.text + (cell.remarks.empty() ? "" : "*")));
     item.setToolTip(TipOf(cell));
-    if (cell.effectiveBits) {
-        const CellColours colours = ColoursOf(bits.PlaceOf(*cell.effectiveBits), palette);
+    if (cell.rank) {
+        const CellColours colours = ColoursOf(bits.PlaceOf(*cell.rank), palette);
         item.setBackground(colours.background);
         item.setForeground(colours.text);
     } else {

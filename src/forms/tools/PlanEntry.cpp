@@ -143,14 +143,14 @@ CharacterisationPlan PlanEntry::Plan() const {
     const auto count =
         NumberOf(controls_.count, countAdvice, static_cast<std::int64_t>(MinCodesForAnalysis),
                  static_cast<std::int64_t>(MaxCodesInBlock));
-    return {.converter = ChosenConverter(),
-            .ranges = ChosenRanges(),
-            .filterWords = Entered(controls_.words, wordsAdvice, FilterWordsIn),
-            .polarities = ChosenPolarities(),
-            .channel = controls_.channel->currentData().toInt(),
-            .count = static_cast<std::int16_t>(count),
-            .settle = NumberOf(controls_.settle, settleAdvice, 0, MaxSettle),
-            .calibrate = controls_.calibrate->isChecked()};
+    return InOrder({.converter = ChosenConverter(),
+                    .ranges = ChosenRanges(),
+                    .filterWords = Entered(controls_.words, wordsAdvice, FilterWordsIn),
+                    .polarities = ChosenPolarities(),
+                    .channel = controls_.channel->currentData().toInt(),
+                    .count = static_cast<std::int16_t>(count),
+                    .settle = NumberOf(controls_.settle, settleAdvice, 0, MaxSettle),
+                    .calibrate = controls_.calibrate->isChecked()});
 }
 
 void PlanEntry::Show(const CharacterisationPlan& plan) {

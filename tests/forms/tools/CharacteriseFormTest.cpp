@@ -177,7 +177,8 @@ TEST_F(CharacteriseFormTest, AsksBeforeItReplacesAnything) {
     EXPECT_EQ(LoadResults(results).plan.count, 60);
 
     folder.Make("results/characterisation.json", "{}");
-    EXPECT_TRUE(ClickOn("StartButton").starts_with("Exclamation: "));
+    bench->messages.answers = {MessageAnswer::No};
+    EXPECT_TRUE(ClickOn("StartButton").starts_with("Exclamation yes or no: "));
     Box("FolderText").setText(File(""));
     bench->messages.answers = {MessageAnswer::No};
     EXPECT_TRUE(
@@ -189,7 +190,8 @@ TEST_F(CharacteriseFormTest, ShowsFailuresAndABoardThatIsGone) {
     Open();
     EXPECT_EQ(ClickOn("StartButton"), "");
     EXPECT_EQ(Cell(1, 1), "failed*");
-    EXPECT_EQ(Table().item(1, 1)->toolTip(), QStringLiteral("Error Reading Data from VX3260"));
+    EXPECT_EQ(Table().item(1, 1)->toolTip(),
+              QStringLiteral("time-out: no data-ready for result 1 of 4"));
     ExpectState("Complete; 4 settings failed. " + restored);
     bench->messages.shown.clear();
     Table().setCurrentCell(0, 0);
@@ -200,7 +202,12 @@ TEST_F(CharacteriseFormTest, ShowsFailuresAndABoardThatIsGone) {
     results = folder.Path("gone");
     Open();
     EXPECT_EQ(ClickOn("StartButton"), "Exclamation: The board does not answer any more");
-    ExpectState("Not restored: ");
+    ExpectState("9 registers not restored");
+    UseBoardWith("rdy-stuck-low");
+    results = folder.Path("stuck");
+    Open();
+    EXPECT_EQ(ClickOn("StartButton"), "Exclamation: The data-ready line is stuck low");
+    EXPECT_FALSE(Exists("stuck"));
     UseBoardWith("board-gone=0");
     results = folder.Path("none");
     Open();
