@@ -20,10 +20,6 @@ using RegisterMap::RegisterDescription;
 constexpr SizeLimit configurationLimit{std::size_t{1} << 20U, "that is not a configuration"};
 constexpr std::string_view setCommand = "set";
 
-bool IsMode(const RegisterDescription& description) {
-    return description.access.readByte == RegisterMap::Mode.readByte;
-}
-
 std::string SetLine(const RegisterDescription& description, const Field& field, std::int32_t code) {
     return std::string(setCommand) + " " + std::string(description.name) + " " +
            std::string(field.name) + "=" + FieldValueText(field, code) + "\n";
@@ -121,8 +117,10 @@ class ConfigurationParser {
             Refuse(error.what());
         }
         if (IsMode(*setting.description) && LastingMode(setting.value) != setting.value) {
-            Refuse("the chip leaves the mode '" + Shortened(text) +
-                   "' by itself; a configuration ends in power-down, idle or continuous");
+            Refuse("the chip leaves the mode " +
+                   RegisterMap::TextOfCode(RegisterMap::OperatingMode,
+                                           RegisterMap::OperatingMode.CodeIn(setting.value)) +
+                   " by itself; a configuration ends in power-down, idle or continuous");
         }
     }
 

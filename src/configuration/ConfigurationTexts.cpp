@@ -16,6 +16,12 @@ namespace {
 constexpr std::int32_t largestDecimal = 0xFF;
 constexpr int bitsOfDigit = 4;
 
+/// Whether the contents are not those that a dead line gives.
+bool HasUnlikeBits(const RegisterReading& reading) {
+    const std::int32_t allOnes = (std::int32_t{1} << reading.description.access.wordLength) - 1;
+    return reading.value != 0 && reading.value != allOnes;
+}
+
 struct Mismatch {
     std::string_view place;
     std::string expected;
@@ -30,6 +36,10 @@ std::string MismatchText(const Mismatch& mismatch) {
 }  // namespace
 
 std::vector<std::string> HeadLines(const ConfigurationHead& head) {
+    if (!head.file.empty()) {
+        return {"Configuration of the VX3260, from the file " + head.file,
+                "Program: " + head.program};
+    }
     return {"Configuration of the VX3260, " + TimeText(head.time),
             "Board: " + BoardText(head.board), "Program: " + head.program};
 }
@@ -80,14 +90,27 @@ std::vector<std::string> MismatchLines(const RegisterMismatch& mismatch) {
     return lines;
 }
 
-std::string NamesOf(std::span<const RestoredRegister> restored, bool verified) {
-    std::string names;
+std::string RestoreReport(std::span<const RestoredRegister> restored, bool boardAnswers) {
+    std::string fields;
+    std::string confirmed;
+    std::string others;
+    bool modeIsSet = false;
     for (const RestoredRegister& reg : restored) {
-        if (reg.Verified() == verified) {
-            names += (names.empty() ? "" : ", ") + std::string(reg.wanted.description.name);
+        const RegisterMap::RegisterDescription& description = reg.wanted.description;
+        const bool good =
+            boardAnswers ? reg.Verified() : reg.verifiedAfterWrite && HasUnlikeBits(reg.wanted);
+        std::string& names = good ? confirmed : others;
+        names.append(names.empty() ? "" : ", ").append(description.name);
+        modeIsSet = modeIsSet || (good && IsMode(description));
+    }
+    for (const RegisterMismatch& mismatch : MismatchesIn(restored)) {
+        for (const std::string& line : MismatchLines(mismatch)) {
+            fields += boardAnswers ? "  " + line + "\n" : "";
         }
     }
-    return names;
+    return fields + "Written and verified: " + (confirmed.empty() ? "none" : confirmed) +
+           ". Not verified: " + others + ". " +
+           (modeIsSet ? "" : "The chip may be left in power-down. ");
 }
 
 }  // namespace vx3260

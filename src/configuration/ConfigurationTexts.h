@@ -17,6 +17,7 @@ struct ConfigurationHead {
     std::string program{};  ///< name and version
     BoardName board{};
     UtcTime time{};
+    std::string file{};  ///< of a configuration from a file, whose board and time are not known
 };
 
 /// "Configuration of the VX3260, 2026-11-22 07:12:31 UTC", the board, the program, a line each.
@@ -36,7 +37,10 @@ std::string FieldsText(const RegisterReading& reading);
 /// expected 2.56V, found 20mV (0x8F, 0x88)".
 std::vector<std::string> MismatchLines(const RegisterMismatch& mismatch);
 
-/// "mode, filter, main-control"; the registers that did, or did not, verify. Empty for none.
-std::string NamesOf(std::span<const RestoredRegister> restored, bool verified);
+/// What became of the registers where some did not verify: the fields that differ, a line each,
+/// which registers were written and verified and which not, and whether the chip may be left in
+/// power-down. Where the board does not answer any more, contents whose bits are all alike prove
+/// nothing.
+std::string RestoreReport(std::span<const RestoredRegister> restored, bool boardAnswers);
 
 }  // namespace vx3260

@@ -3,11 +3,13 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 #include <sstream>
 
 #include "files/JsonFields.h"
 #include "files/RegisterJson.h"
 #include "link/RegisterLookup.h"
+#include "numbers/FileErrors.h"
 #include "numbers/NumberText.h"
 
 namespace vx3260 {
@@ -29,7 +31,7 @@ std::vector<Write> WritesOf(const Configuration& configuration, Coefficients coe
         if (coefficients == Coefficients::LeaveOut && IsCoefficient(setting.description)) {
             continue;
         }
-        const bool mode = setting.description.name == powerDown.description.name;
+        const bool mode = IsMode(setting.description);
         const std::int32_t value =
             setting.value & setting.bits & ComparableBits(setting.description, setting.value);
         const RegisterReading contents{setting.description, mode ? LastingMode(value) : value};
@@ -46,10 +48,12 @@ std::string ValueHex(const RegisterReading& contents) {
     return RegisterMap::RegisterHex(contents.value, contents.description.access);
 }
 
-/// Ends no comment early.
+/// Neither begins nor ends a comment.
 std::string CommentText(std::string text) {
-    for (std::size_t at = text.find("*/"); at != std::string::npos; at = text.find("*/")) {
-        text.replace(at, 2, "* /");
+    for (const std::string_view mark : {"*/", "/*"}) {
+        for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark)) {
+            text.insert(at + 1, " ");
+        }
     }
     return text;
 }
@@ -122,7 +126,10 @@ std::string ExportJson(const std::vector<Write>& writes, const ConfigurationHead
         object["width"] = access.wordLength;
         array.append(object);
     }
-    const QJsonObject document{{"board", BoardObject(head.board)},
+    using Member = std::pair<QString, QJsonValue>;
+    const Member source = head.file.empty() ? Member{"board", BoardObject(head.board)}
+                                            : Member{"file", QString::fromStdString(head.file)};
+    const QJsonObject document{source,
                                {"program", QString::fromStdString(head.program)},
                                {"time", TimeValue(head.time)},
                                {"writes", array}};
@@ -145,6 +152,11 @@ std::string ExportCsv(const std::vector<Write>& writes) {
 
 std::string ExportText(const Configuration& configuration, const ConfigurationHead& head,
                        Coefficients coefficients, ExportFormat format) {
+    const bool hasCoefficients = std::ranges::any_of(
+        configuration, [](const auto& setting) { return IsCoefficient(setting.description); });
+    if (coefficients == Coefficients::Include && !hasCoefficients) {
+        throw BadDataError("the configuration was saved without calibration coefficients");
+    }
     const std::vector<Write> writes = WritesOf(configuration, coefficients);
     switch (format) {
         case ExportFormat::Json:

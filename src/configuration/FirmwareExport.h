@@ -14,7 +14,8 @@ enum class ExportFormat { C, Json, Csv };
 
 /// The writes in their order, each with address, width in bits, value and, as a comment or columns
 /// of their own, the register and its fields. The C header has one static const table; it is C99
-/// and C++. All formats end with a line break.
+/// and C++. All formats end with a line break. Throws
+/// BadDataError where coefficients are wanted and the configuration has none.
 std::string ExportText(const Configuration& configuration, const ConfigurationHead& head,
                        Coefficients coefficients, ExportFormat format);
 

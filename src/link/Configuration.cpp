@@ -21,8 +21,12 @@ struct Pin {
 constexpr Pin pins[] = {{RegisterMap::P3Direction, RegisterMap::P3State},
                         {RegisterMap::P4Direction, RegisterMap::P4State}};
 
-bool IsMode(const RegisterDescription& description) {
-    return description.access.readByte == RegisterMap::Mode.readByte;
+/// What the register is to hold: the bits that do not count keep what they are.
+RegisterReading WantedOf(const RegisterSetting& setting, const RegisterSnapshot& present) {
+    const std::int32_t others =
+        present.ValueOf(setting.description.access).value_or(0) & ~setting.bits;
+    const std::int32_t value = (setting.value & setting.bits) | others;
+    return {setting.description, IsMode(setting.description) ? LastingMode(value) : value};
 }
 
 /// Writes the registers of a configuration, and reads them back.
@@ -30,14 +34,6 @@ class Restoring {
   public:
     Restoring(ParallelPort& parallelPort, const std::int16_t& portAddress)
         : port_(parallelPort), address_(portAddress) {}
-
-    /// What the register is to hold: the bits that do not count keep what they are.
-    RegisterReading WantedOf(const RegisterSetting& setting) {
-        const std::int32_t others =
-            setting.bits == AllBits ? 0 : Read(setting.description) & ~setting.bits;
-        const std::int32_t value = (setting.value & setting.bits) | others;
-        return {setting.description, IsMode(setting.description) ? LastingMode(value) : value};
-    }
 
     void WritePowerDown() {
         Register(port_, address_, RegisterMap::Mode).WriteValue(RegisterMap::PowerDown);
@@ -160,9 +156,14 @@ std::vector<RestoredRegister> RestoreConfiguration(ParallelPort& parallelPort,
                                                    const std::int16_t& portAddress,
                                                    const Configuration& configuration) {
     Restoring restoring(parallelPort, portAddress);
+    const bool complete = std::ranges::all_of(
+        configuration, [](const RegisterSetting& setting) { return setting.bits == AllBits; });
+    const RegisterSnapshot present =
+        complete ? RegisterSnapshot()
+                 : SnapshotOf(ReadSteadyConfiguration(parallelPort, portAddress));
     std::vector<RegisterReading> wanted;
     for (const RegisterSetting& setting : InOrderOfWriting(configuration)) {
-        wanted.push_back(restoring.WantedOf(setting));
+        wanted.push_back(WantedOf(setting, present));
     }
     restoring.WritePowerDown();
     for (const RegisterReading& reading : wanted) {

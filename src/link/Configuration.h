@@ -44,6 +44,10 @@ RegisterSnapshot SnapshotOf(const Configuration& configuration);
 /// The registers of a snapshot that are known.
 Configuration ConfigurationOf(const RegisterSnapshot& snapshot);
 
+inline bool IsMode(const RegisterMap::RegisterDescription& description) {
+    return description.access.readByte == RegisterMap::Mode.readByte;
+}
+
 /// Whether these are the contents of a calibration: a zero-scale or full-scale coefficient.
 bool IsCoefficient(const RegisterMap::RegisterDescription& description);
 
@@ -66,7 +70,8 @@ struct RestoredRegister {
 /// Puts the chip into power-down and writes the registers in the order of writing. Each is read
 /// back at once, and all of them at the end. Bits that do not count keep what they are. A mode that
 /// the chip leaves by itself is replaced by the idle mode. The levels of input pins are not
-/// compared. A register that does not verify does not end the work.
+/// compared. A register that does not verify does not end the work. Throws UnsteadyRegisters before
+/// the first write where bits are to be kept that cannot be read.
 std::vector<RestoredRegister> RestoreConfiguration(ParallelPort& parallelPort,
                                                    const std::int16_t& portAddress,
                                                    const Configuration& configuration);

@@ -18,7 +18,9 @@ Configuration ReadAnsweredConfiguration(Services& services, std::string_view con
 }
 
 ConfigurationHead HeadNow(const Services& services) {
-    return {std::string(TitleAndVersion), BoardNameOf(services), PresentTime()};
+    return {.program = std::string(TitleAndVersion),
+            .board = BoardNameOf(services),
+            .time = PresentTime()};
 }
 
 }  // namespace vx3260

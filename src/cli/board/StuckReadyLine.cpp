@@ -12,9 +12,8 @@ namespace vx3260 {
 namespace {
 
 [[noreturn]] void RefuseStuckLine(const Services& services, const std::string& contradiction) {
-    throw CommandError(ExitCode::NoAnswer,
-                       "the data-ready line is stuck low: " + contradiction + ". " +
-                           CheckReadyLineAdvice(services.port));
+    throw CommandError(ExitCode::NoAnswer, "the data-ready line is stuck low: " + contradiction +
+                                               ". " + CheckReadyLineAdvice(services.port));
 }
 
 }  // namespace

@@ -38,6 +38,10 @@ CompareCommand::CompareCommand(CLI::App& program)
 }
 
 ExitCode CompareCommand::Run(const CommandContext& context) {
+    if (file_ == "-" && otherFile_ == "-") {
+        throw CommandError(ExitCode::WrongCommandLine,
+                           "only one of the two files can be standard input");
+    }
     const Configuration left = LoadNamedConfiguration(file_);
     const bool withChip = otherFile_.empty();
     const Configuration right =

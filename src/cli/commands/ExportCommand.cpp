@@ -37,7 +37,8 @@ ExportCommand::ExportCommand(CLI::App& program)
 ExitCode ExportCommand::Run(const CommandContext& context) {
     TextOutput output(output_, context);
     if (!file_.empty()) {
-        const ConfigurationHead head{std::string(TitleAndVersion), {.label = file_}, PresentTime()};
+        const ConfigurationHead head{
+            .program = std::string(TitleAndVersion), .time = PresentTime(), .file = file_};
         output.Write(ExportText(LoadNamedConfiguration(file_), head, coefficients_, format_));
         return ExitCode::Success;
     }

@@ -16,27 +16,24 @@
 namespace vx3260 {
 namespace {
 
-/// What was written, and what was not, where some registers did not verify.
-std::string OutcomeText(std::span<const RestoredRegister> restored) {
-    const std::string written = NamesOf(restored, true);
-    return "Written and verified: " + (written.empty() ? "none" : written) +
-           ". Not verified: " + NamesOf(restored, false) + ". ";
-}
-
 void RequireVerified(Services& services, std::span<const RestoredRegister> restored) {
-    const std::vector<RegisterMismatch> mismatches = MismatchesIn(restored);
-    if (mismatches.empty()) {
+    if (MismatchesIn(restored).empty()) {
         return;
     }
-    ReadAnswered(services, mismatches.front().wanted.description, OutcomeText(restored));
-    std::string message(MessageTexts::ErrorProgramming);
-    for (const RegisterMismatch& mismatch : mismatches) {
-        for (const std::string& line : MismatchLines(mismatch)) {
-            message += "\n  " + line;
-        }
-    }
-    throw CommandError(ExitCode::ReadBackMismatch, message + "\n" + OutcomeText(restored) +
+    ReadAnswered(services, MismatchesIn(restored).front().wanted.description,
+                 RestoreReport(restored, false));
+    throw CommandError(ExitCode::ReadBackMismatch, std::string(MessageTexts::ErrorProgramming) +
+                                                       "\n" + RestoreReport(restored, true) +
                                                        "What was written has been left as it is.");
+}
+
+std::vector<RestoredRegister> Restore(Services& services, const Configuration& wanted) {
+    try {
+        return RestoreConfiguration(services.port, services.state.PortAddress, wanted);
+    } catch (const UnsteadyRegisters& error) {
+        throw CommandError(ExitCode::ReadBackMismatch,
+                           std::string(error.what()) + ". " + std::string(NothingWritten));
+    }
 }
 
 }  // namespace
@@ -47,6 +44,14 @@ RestoreCommand::RestoreCommand(CLI::App& program)
     AddConfigurationFile(Parser(), "FILE", file_,
                          "File that save has written, or - for standard input")
         ->required();
+    Parser().footer(
+        "The chip goes to power-down; the filter and, where the file has them, the coefficients "
+        "are "
+        "written, then the other registers, the operating mode last. Each is read back at once, "
+        "all "
+        "of them at the end. What the file leaves out stays as it is. A file with anything wrong "
+        "is "
+        "refused before that.");
 }
 
 ExitCode RestoreCommand::Run(const CommandContext& context) {
@@ -55,8 +60,7 @@ ExitCode RestoreCommand::Run(const CommandContext& context) {
     const Configuration present = ReadAnsweredConfiguration(services, NothingWritten);
     // A Ctrl+C must not leave a part of the settings behind.
     const StopSignal stop;
-    const std::vector<RestoredRegister> restored =
-        RestoreConfiguration(services.port, services.state.PortAddress, wanted);
+    const std::vector<RestoredRegister> restored = Restore(services, wanted);
     RequireVerified(services, restored);
     context.streams.out << ChangesText(DifferencesBetween(present, wanted));
     context.streams.err << CountText(static_cast<std::int64_t>(restored.size()), "register")

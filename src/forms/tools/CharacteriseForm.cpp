@@ -322,9 +322,9 @@ CharacterisationEnd CharacteriseForm::RunSweep(ResultsFolder& folder,
                              .restored =
                                  [&](const std::vector<RegisterMismatch>& mismatches) {
                                      for (const RegisterMismatch& mismatch : mismatches) {
-                     notRestored.push_back(mismatch);
-                 }
-             }});
+                                         notRestored.push_back(mismatch);
+                                     }
+                                 }});
 }
 
 /// The user may look at another table while the settings of one polarity are measured.

@@ -23,17 +23,6 @@ namespace {
 
 constexpr int differenceColumns = 4;  // register, field, and a value on each side
 
-std::string ErrorText(std::span<const RestoredRegister> restored) {
-    std::string text;
-    for (const RegisterMismatch& mismatch : MismatchesIn(restored)) {
-        for (const std::string& line : MismatchLines(mismatch)) {
-            text += line + "\n";
-        }
-    }
-    const std::string written = NamesOf(restored, true);
-    return text + "Written and verified: " + (written.empty() ? "none" : written) + ".";
-}
-
 }  // namespace
 
 CompareConfigurationForm::CompareConfigurationForm(Services& services, QString* path,
@@ -102,6 +91,7 @@ void CompareConfigurationForm::UseOtherSide() {
 
 /// The table shows what was compared, so that nothing unseen is written.
 void CompareConfigurationForm::Forget() {
+    compared_.reset();
     ui_->DifferencesTable->setRowCount(0);
     ui_->DifferencesTable->setHorizontalHeaderLabels(
         {tr("Register"), tr("Field"), tr("File"), tr("Chip")});
@@ -115,9 +105,7 @@ std::optional<Configuration> CompareConfigurationForm::Load(QLineEdit* edit) {
         if (edit->text().trimmed().isEmpty()) {
             throw FileAccessError("Enter the name of a file, or choose one with \"Browse...\"");
         }
-        const std::string path = edit->text().toStdString();
-        CheckIsNotDevice(path);
-        return LoadConfiguration(path);
+        return LoadChosenConfiguration(edit->text().toStdString());
     } catch (const std::runtime_error& error) {
         ShowFailure(error, "Nothing was written to the chip.");
         edit->setFocus();
@@ -142,6 +130,7 @@ void CompareConfigurationForm::Compare() {
         chip ? ReadChip("Nothing was compared.") : Load(ui_->OtherText);
     if (other) {
         ShowDifferences(*file, *other);
+        compared_.emplace(*file);
         ui_->RestoreButton->setEnabled(chip);
     }
 }
@@ -173,23 +162,30 @@ void CompareConfigurationForm::ShowDifferences(const Configuration& file,
                         (differences.size() == 1 ? " differs." : " differ.")));
 }
 
+/// Writes what was compared, also where the file has changed since.
 void CompareConfigurationForm::Restore() {
-    const std::optional<Configuration> file = Load(ui_->FileText);
-    if (!file || !ReadChip("Nothing was written.")) {
+    const Configuration file = compared_.value();
+    Forget();
+    if (!ReadChip("Nothing was written.")) {
         return;
     }
     const std::vector<RestoredRegister> restored =
-        RestoreConfiguration(Shared().port, State().PortAddress, *file);
-    if (!MismatchesIn(restored).empty()) {
+        RestoreConfiguration(Shared().port, State().PortAddress, file);
+    const bool verified = MismatchesIn(restored).empty();
+    const std::optional<Configuration> present =
+        ReadChip(verified ? "What it holds now is not known." : RestoreReport(restored, false));
+    if (!present) {
+        return;
+    }
+    if (!verified) {
         ShowMessage({.text = std::string(MessageTexts::ErrorProgramming),
                      .icon = MessageIcon::Critical,
-                     .detail = ErrorText(restored)});
+                     .detail = RestoreReport(restored, true)});
     }
-    const std::optional<Configuration> present = ReadChip("What it holds now is not known.");
-    if (present) {
-        ShowDifferences(*file, *present);
-    }
-    if (MismatchesIn(restored).empty()) {
+    ShowDifferences(file, *present);
+    compared_.emplace(file);
+    ui_->RestoreButton->setEnabled(true);
+    if (verified) {
         ui_->ResultLabel->setText(RestoredText(restored.size()));
     }
 }

@@ -45,6 +45,7 @@ class CompareConfigurationForm final : public Form {
 
     std::unique_ptr<Ui::CompareConfigurationForm> ui_;
     QString* path_;
+    std::optional<Configuration> compared_;  ///< the file, as the table shows it
 };
 
 }  // namespace vx3260

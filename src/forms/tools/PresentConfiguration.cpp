@@ -4,6 +4,8 @@
 #include "acquisition/ConditionsRecorder.h"
 #include "app/ApplicationInfo.h"
 #include "app/BoardState.h"
+#include "configuration/ConfigurationFile.h"
+#include "files/CodeFile.h"
 #include "link/BoardCheck.h"
 
 namespace vx3260 {
@@ -34,8 +36,15 @@ std::optional<Configuration> ReadPresentConfiguration(Services& services,
     return std::nullopt;
 }
 
+Configuration LoadChosenConfiguration(const std::string& path) {
+    CheckIsNotDevice(path);
+    return LoadConfiguration(path);
+}
+
 ConfigurationHead PresentHead(const Services& services) {
-    return {std::string(TitleAndVersion), BoardNameOf(services), PresentTime()};
+    return {.program = std::string(TitleAndVersion),
+            .board = BoardNameOf(services),
+            .time = PresentTime()};
 }
 
 }  // namespace vx3260

@@ -15,6 +15,10 @@ namespace vx3260 {
 std::optional<Configuration> ReadPresentConfiguration(Services& services,
                                                       const std::string& consequence);
 
+/// The configuration in a file that the user chose. Throws as LoadConfiguration, and
+/// FileAccessError for a pipe or a device.
+Configuration LoadChosenConfiguration(const std::string& path);
+
 /// Where a configuration that is read now is from.
 ConfigurationHead PresentHead(const Services& services);
 

@@ -10,7 +10,8 @@
 #include <chrono>
 #include <utility>
 
-#include "configuration/ConfigurationFile.h"
+#include "app/BoardState.h"
+#include "forms/tools/PresentConfiguration.h"
 #include "link/RegisterLookup.h"
 #include "ui/Fonts.h"
 #include "ui/KeyPresses.h"
@@ -61,7 +62,7 @@ RegisterOverviewForm::RegisterOverviewForm(Services& services, RegisterOpener op
         {tr("Register"), tr("Contents"), tr("Bits"), tr("Field"), tr("Value"), tr("File")});
     ui_->RegistersTable->setColumnHidden(FileColumn, true);
     automatic_.setInterval(automaticInterval);
-    On(&automatic_, &QTimer::timeout, &RegisterOverviewForm::Refresh);
+    On(&automatic_, &QTimer::timeout, &RegisterOverviewForm::ReadAgain);
     On(ui_->RefreshButton, &QPushButton::clicked, &RegisterOverviewForm::Refresh);
     On(ui_->AutomaticBox, &QCheckBox::toggled, &RegisterOverviewForm::UseAutomatic);
     On(ui_->CompareButton, &QPushButton::clicked, &RegisterOverviewForm::CompareWithFile);
@@ -84,7 +85,23 @@ RegisterOverviewForm::RegisterOverviewForm(Services& services, RegisterOpener op
 RegisterOverviewForm::~RegisterOverviewForm() = default;
 
 void RegisterOverviewForm::Refresh() {
-    before_ = std::exchange(now_, ReadAllRegisters(Shared().port, State().PortAddress));
+    before_ = std::exchange(now_, {});
+    beforeTime_ = time_;
+    Read();
+}
+
+/// Marks stay until the next "Refresh": a second would be too short to see them.
+void RegisterOverviewForm::ReadAgain() {
+    if (before_.empty()) {
+        Refresh();
+    } else {
+        Read();
+    }
+}
+
+void RegisterOverviewForm::Read() {
+    now_ = ReadAllRegisters(Shared().port, State().PortAddress);
+    time_ = QTime::currentTime();
     UpdateBoardLabel();
     ShowRows();
     ShowStatus();
@@ -105,7 +122,7 @@ void RegisterOverviewForm::CompareWithFile() {
         return;
     }
     try {
-        saved_ = LoadConfiguration(path.toStdString());
+        saved_ = LoadChosenConfiguration(path.toStdString());
     } catch (const std::runtime_error& error) {
         ShowFailure(error, "What is compared has not changed.");
         return;
@@ -147,6 +164,9 @@ void RegisterOverviewForm::ShowRows() {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         ShowRow(static_cast<int>(i), rows[i]);
     }
+    if (!savedName_.isEmpty()) {
+        ui_->RegistersTable->resizeColumnToContents(ValueColumn);
+    }
 }
 
 /// A changed value says so in its text too, and not by its weight alone.
@@ -160,7 +180,7 @@ void RegisterOverviewForm::ShowRow(int line, const OverviewRow& row) {
          first ? ToQString(RegisterHex(row.reading.value, description.access)) : QString()},
         {BitsColumn, first ? ToQString(BitsText(row.reading)) : QString()},
         {FieldColumn, ToQString(row.field.name)},
-        {ValueColumn, ChangedText(row)},
+        {ValueColumn, BoardStateOf(Shared()).good ? ChangedText(row) : QString()},
         {FileColumn, row.saved ? ToQString(*row.saved) : QString()}};
     for (const auto& [column, text] : texts) {
         QTableWidgetItem& item = TableItemAt(table, line, column);
@@ -181,9 +201,16 @@ void RegisterOverviewForm::ShowStatus() {
         return std::ranges::count_if(
             rows, [other](const OverviewRow& row) { return (row.*other).has_value(); });
     };
-    QString text = tr("Read at %1").arg(QTime::currentTime().toString());
+    const BoardState board = BoardStateOf(Shared());
+    if (!board.good) {
+        ui_->StatusLabel->setText(QString::fromStdString(board.text + ". " + board.meaning));
+        return;
+    }
+    QString text = tr("Read at %1").arg(time_.toString());
     if (!before_.empty()) {
-        text += tr("; changed since the reading before: %1").arg(count(&OverviewRow::before));
+        text += tr("; changed since %1: %2")
+                    .arg(beforeTime_.toString())
+                    .arg(count(&OverviewRow::before));
     }
     if (!savedName_.isEmpty()) {
         text += tr("; other than in the file: %1").arg(count(&OverviewRow::saved));

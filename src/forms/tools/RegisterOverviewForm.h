@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QTime>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -31,6 +32,8 @@ class RegisterOverviewForm final : public Form {
 
   private:
     void Refresh();
+    void ReadAgain();
+    void Read();
     void UseAutomatic();
     void CompareWithFile();
     void CopyAsText();
@@ -45,7 +48,9 @@ class RegisterOverviewForm final : public Form {
     RegisterOpener openRegister_;
     QTimer automatic_;
     std::vector<RegisterReading> now_;
-    std::vector<RegisterReading> before_;
+    std::vector<RegisterReading> before_;  ///< what changes are marked against; may be empty
+    QTime time_;                           ///< of the readings
+    QTime beforeTime_;
     Configuration saved_;
     QString savedName_;  ///< of its file; empty without one
 };

@@ -64,9 +64,9 @@ void SaveConfigurationForm::Save() {
     try {
         const std::string text = TextOf(*present);
         const FileKind kind = Kind();
-        const QDir folder = path_->isEmpty() ? QDir() : QFileInfo(*path_).dir();
+        const QString name = QStringLiteral("configuration.") + kind.suffix;
         const ChosenFile file = AskForFile(
-            this, folder.filePath(QStringLiteral("configuration.") + kind.suffix), {kind});
+            this, path_->isEmpty() ? name : QFileInfo(*path_).dir().filePath(name), {kind});
         if (file.path.isEmpty()) {
             return;
         }
