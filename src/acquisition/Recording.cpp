@@ -43,6 +43,7 @@ class RecordingRun {
     void PassHeld();
     std::string SettingsThatDiffer() const;
     std::string Recover();
+    std::chrono::milliseconds PauseLength() const;
     void Pause();
     void HandleTimeOut();
     void AfterEach();
@@ -162,10 +163,21 @@ void RecordingRun::Report(const std::string& text) {
     }
 }
 
+/// The last pause ends with the recording.
+std::chrono::milliseconds RecordingRun::PauseLength() const {
+    if (!plan_.duration) {
+        return nextPause_;
+    }
+    const std::chrono::duration<double> left(*plan_.duration - ElapsedInRun());
+    return std::clamp(std::chrono::ceil<std::chrono::milliseconds>(left),
+                      std::chrono::milliseconds(0), std::chrono::milliseconds(nextPause_));
+}
+
 void RecordingRun::Pause() {
-    const std::chrono::nanoseconds end = services_.port.Now() + nextPause_;
+    const std::chrono::milliseconds length = PauseLength();
+    const std::chrono::nanoseconds end = services_.port.Now() + length;
     if (hooks_.pause) {
-        hooks_.pause(nextPause_);
+        hooks_.pause(length);
     }
     if (!StopRequested()) {
         skipped_ += std::max(std::chrono::nanoseconds(0), end - services_.port.Now());

@@ -55,7 +55,7 @@ struct RecordingHooks {
     std::function<void(const RecordingProgress&)> afterEach{};
     /// Waits, at most until a stop is requested. Where the board's clock has not moved on as far
     /// afterwards, as a simulated one, the recording's time has.
-    std::function<void(std::chrono::seconds)> pause{};
+    std::function<void(std::chrono::milliseconds)> pause{};
     std::function<bool()> stopRequested{};
 };
 
@@ -66,8 +66,8 @@ enum class RecordingEnd { Complete, Stopped };
 ///
 /// After a time-out the word that the chip still waits for is clocked out and the registers are
 /// compared with `settings`; on request a software reset comes first and the settings are written
-/// again. While this fails, it is tried again after pauses of 1, 2, 4 ... 60 s: no code is recorded
-/// with other settings than those.
+/// again. While this fails, it is tried again after pauses of 1, 2, 4 ... 60 s, the last one
+/// until the end of the duration: no code is recorded with other settings than those.
 RecordingEnd Record(Services& services, const RecordingPlan& plan, const Configuration& settings,
                     const RecordingHooks& hooks);
 

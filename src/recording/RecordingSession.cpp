@@ -101,7 +101,7 @@ RecordingEnd RecordingSession::Run(const SessionHooks& hooks) {
                             hooks.afterEach(now);
                         }
                     },
-                .pause = [&](std::chrono::seconds length) { Pause(hooks, length); },
+                .pause = [&](std::chrono::milliseconds length) { Pause(hooks, length); },
                 .stopRequested = hooks.stopRequested});
     writer_->Finish();
     return end;

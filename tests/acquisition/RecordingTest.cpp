@@ -78,7 +78,7 @@ struct RecordingTest : testing::Test {
                 }
             }
         };
-        hooks.pause = [this](std::chrono::seconds length) {
+        hooks.pause = [this](std::chrono::milliseconds length) {
             pauses.push_back(length.count());
             port.plugged = pauses.size() >= 8;
         };
@@ -118,7 +118,8 @@ TEST_F(RecordingTest, BothConvertersOfOneConversionByTheBoardsClock) {
 TEST_F(RecordingTest, SurvivesAPulledCableWithGrowingPauses) {
     PullAfter(20, false);
     EXPECT_EQ(Run(), RecordingEnd::Complete);
-    EXPECT_EQ(pauses, (std::vector<std::int64_t>{1, 2, 4, 8, 16, 32, 60, 60}));
+    EXPECT_EQ(pauses,
+              (std::vector<std::int64_t>{1000, 2000, 4000, 8000, 16000, 32000, 60000, 60000}));
     ASSERT_EQ(reports.size(), 2U);
     EXPECT_EQ(reports[0],
               "time-out: no data-ready; the board does not answer; the last code was discarded; "
@@ -130,6 +131,15 @@ TEST_F(RecordingTest, SurvivesAPulledCableWithGrowingPauses) {
     for (const double code : mainCodes) {
         EXPECT_NEAR(code, mainCodeAtStart, 300);
     }
+}
+
+TEST_F(RecordingTest, APauseEndsWithTheDuration) {
+    PullAfter(20, false);
+    plan.duration = 5;
+    EXPECT_EQ(Run(), RecordingEnd::Complete);
+    ASSERT_EQ(pauses.size(), 3U);
+    EXPECT_LT(pauses[2], 4000);
+    EXPECT_NEAR(progress.moment.elapsed, 5, 0.01);
 }
 
 TEST_F(RecordingTest, SettingsThatWereLostAreRestoredOnRequestOnly) {

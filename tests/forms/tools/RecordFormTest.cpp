@@ -190,7 +190,7 @@ TEST_F(RecordFormTest, ListsTimeOutsAndGoesOn) {
     EXPECT_EQ(ClickOn("StartButton"), "");
     EXPECT_TRUE(HasEvent("time-out: no data-ready; the board does not answer"));
     EXPECT_GT(Find<QLabel>(*form, "TimeOutsLabel").text().toInt(), 55);  // a minute apart
-    Expect("ElapsedLabel: 1:00:03 | BoardLabel: Simulated board does not answer");
+    Expect("ElapsedLabel: 1:00:00 | BoardLabel: Simulated board does not answer");
     EXPECT_TRUE(QString::fromStdString(folder.Bytes("r.csv"))
                     .contains(QStringLiteral("Z time-out: no data-ready")));
 }
