@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "acquisition/ConverterReader.h"
 #include "link/FilterRate.h"
@@ -19,6 +20,8 @@ constexpr std::chrono::seconds longestPause{60};
 
 /// A gap of more conversions than this between two readings is one with missed conversions.
 constexpr double longestGap = 1.5;
+
+constexpr std::string_view noAnswer = "the board does not answer";
 
 struct HeldConversion {
     RecordingMoment moment;
@@ -40,11 +43,15 @@ class RecordingRun {
     bool ReadConversion();
     void Accept(std::int32_t code);
     void CountMissed(double elapsed);
+    std::int64_t MissedSoFar() const;
     void PassHeld();
     std::string SettingsThatDiffer() const;
     std::string Recover();
     std::chrono::milliseconds PauseLength() const;
     void Pause();
+    void ReportTimeOut(const std::string& reason);
+    void ReportReadingsAgain();
+    void DiscardHeld();
     void HandleTimeOut();
     void AfterEach();
     void Report(const std::string& text);
@@ -59,8 +66,10 @@ class RecordingRun {
     std::optional<double> interval_;      ///< seconds of a conversion
     RecordingProgress progress_;
     std::optional<HeldConversion> held_;
-    std::optional<double> lastElapsed_;  ///< of the conversion before, unless a time-out came since
+    std::int64_t missed_ = 0;            ///< until the last conversion
+    std::optional<double> lastElapsed_;  ///< of the conversion before
     std::optional<RecordingMoment> failingSince_;
+    std::string reason_;         ///< why conversions fail, as reported
     std::int64_t failures_ = 0;  ///< time-outs since then
     std::chrono::seconds nextPause_ = firstPause;
 };
@@ -117,9 +126,17 @@ void RecordingRun::Accept(std::int32_t code) {
 void RecordingRun::CountMissed(double elapsed) {
     if (lastElapsed_ && interval_) {
         const double conversions = (elapsed - *lastElapsed_) / *interval_;
-        progress_.missed += conversions > longestGap ? std::llround(conversions) - 1 : 0;
+        missed_ += conversions > longestGap ? std::llround(conversions) - 1 : 0;
     }
     lastElapsed_ = elapsed;
+}
+
+/// With those of an outage that lasts.
+std::int64_t RecordingRun::MissedSoFar() const {
+    if (!failingSince_ || !interval_) {
+        return missed_;
+    }
+    return missed_ + std::llround(std::floor((Now().elapsed - *lastElapsed_) / *interval_));
 }
 
 void RecordingRun::PassHeld() {
@@ -142,7 +159,7 @@ std::string RecordingRun::SettingsThatDiffer() const {
         }
     }
     if (count == present.size()) {
-        return "the board does not answer";
+        return std::string(noAnswer);
     }
     return names.empty() ? "" : "these registers do not hold the settings any more: " + names;
 }
@@ -185,36 +202,65 @@ void RecordingRun::Pause() {
     nextPause_ = std::min(nextPause_ * 2, longestPause);
 }
 
-void RecordingRun::HandleTimeOut() {
-    ++progress_.timeOuts;
-    ++failures_;
-    lastElapsed_.reset();
-    const std::string reason = Recover();
-    if (!failingSince_) {
-        failingSince_ = Now();
+void RecordingRun::DiscardHeld() {
+    if (held_) {
+        --progress_.conversions;
+        ++missed_;
+        held_.reset();
+    }
+}
+
+void RecordingRun::ReportTimeOut(const std::string& reason) {
+    if (failingSince_) {
+        if (reason != reason_) {
+            Report("still no readings: " + (reason.empty() ? "no data-ready" : reason));
+        }
+    } else {
         if (reason.empty()) {
             PassHeld();
         }
-        progress_.conversions -= held_ ? 1 : 0;
+        failingSince_ = Now();
+        lastElapsed_ = lastElapsed_.value_or(plan_.elapsedBefore);
         Report("time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
                (held_ ? "; the last code was discarded" : "") + "; trying again");
-        held_.reset();
+        DiscardHeld();
     }
-    AfterEach();
-    bool recovered = reason.empty();
-    do {
+    reason_ = reason;
+}
+
+void RecordingRun::ReportReadingsAgain() {
+    const double seconds = Now().elapsed - failingSince_->elapsed;
+    failingSince_.reset();
+    Report("readings again after " + CountText(failures_, "time-out") + ", " +
+           FixedText(seconds, 1) + " s" +
+           (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
+    failures_ = 0;
+    nextPause_ = firstPause;
+}
+
+/// Returns when another conversion can be read, or the recording ends.
+void RecordingRun::HandleTimeOut() {
+    std::string reason = Recover();
+    for (;;) {
+        ++progress_.timeOuts;
+        ++failures_;
+        ReportTimeOut(reason);
+        AfterEach();
         Pause();
-        recovered = recovered || AtEnd() || StopRequested() || Recover().empty();
-        if (!recovered) {
-            ++progress_.timeOuts;
-            ++failures_;
-            AfterEach();
+        if (reason.empty() || AtEnd() || StopRequested()) {
+            return;
         }
-    } while (!recovered);
+        reason = Recover();
+        if (reason.empty()) {
+            return;
+        }
+    }
 }
 
 void RecordingRun::AfterEach() {
     progress_.moment = Now();
+    progress_.missed = MissedSoFar();
+    progress_.failing = failingSince_.has_value();
     if (hooks_.afterEach) {
         hooks_.afterEach(progress_);
     }
@@ -228,20 +274,16 @@ RecordingEnd RecordingRun::Run() {
             continue;
         }
         if (failingSince_) {
-            const double seconds = Now().elapsed - failingSince_->elapsed;
-            Report("readings again after " + CountText(failures_, "time-out") + ", " +
-                   FixedText(seconds, 1) + " s" +
-                   (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
-            failingSince_.reset();
-            failures_ = 0;
-            nextPause_ = firstPause;
+            ReportReadingsAgain();
         }
         AfterEach();
     }
     const bool stopped = !AtEnd();
     if (const std::string reason = held_ ? SettingsThatDiffer() : ""; !reason.empty()) {
-        --progress_.conversions;
-        held_.reset();
+        DiscardHeld();
+        if (reason == noAnswer) {
+            failingSince_ = Now();
+        }
         Report(reason + "; the last code was discarded");
     }
     PassHeld();

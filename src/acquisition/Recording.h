@@ -41,15 +41,16 @@ struct RecordingPlan {
 struct RecordingProgress {
     RecordingMoment moment;
     std::int64_t conversions = 0;
-    std::int64_t missed = 0;    ///< conversions not read, by gaps between those read
+    std::int64_t missed = 0;    ///< conversions not read, by gaps and the filter's update rate
     std::int64_t timeOuts = 0;  ///< attempts to read that failed
+    bool failing = false;       ///< the last attempt to read failed
 };
 
 struct RecordingHooks {
     /// The codes of one conversion, in the order of the plan's converters. Called one conversion
     /// late: until the next answer, a code may be one that a board in disappearing left.
     std::function<void(const RecordingMoment&, std::span<const RecordedCode>)> conversion{};
-    /// Once for each change: that readings fail, and that they succeed again.
+    /// Once for each change: that readings fail, for another reason, and that they succeed again.
     std::function<void(const RecordingMoment&, const std::string&)> report{};
     /// Called after each attempt to read.
     std::function<void(const RecordingProgress&)> afterEach{};

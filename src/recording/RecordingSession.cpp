@@ -136,7 +136,8 @@ std::string RecordingSession::Summary() const {
     const auto elapsed = static_cast<std::int64_t>(progress_.moment.elapsed);
     return CountText(file_.Lines(), "line") + ", " + DurationText(std::chrono::seconds(elapsed)) +
            ", " + CountText(progress_.missed, "missed conversion") +
-           (progress_.timeOuts > 0 ? ", " + CountText(progress_.timeOuts, "time-out") : "");
+           (progress_.timeOuts > 0 ? ", " + CountText(progress_.timeOuts, "time-out") : "") +
+           (progress_.failing ? ", readings fail" : "");
 }
 
 const ConversionConditions& RecordingSession::Conditions(Converter converter) const {

@@ -73,7 +73,8 @@ class RecordingSession {
     const RecordingFile& File() const { return file_; }
     const RecordingProgress& Progress() const { return progress_; }
 
-    /// "1890 lines, 0:18, 0 missed conversions", with the time-outs where there were any.
+    /// "1890 lines, 0:18, 0 missed conversions", with the time-outs where there were any, and that
+    /// readings fail where they do.
     std::string Summary() const;
 
     /// How the codes of a converter are turned into volts; after Begin.

@@ -126,7 +126,9 @@ TEST_F(RecordingTest, SurvivesAPulledCableWithGrowingPauses) {
               "trying again");
     EXPECT_TRUE(reports[1].starts_with("readings again after 8 time-outs, 18")) << reports[1];
     EXPECT_EQ(mainCodes.size(), 50U);
-    EXPECT_EQ(progress.missed, 0);
+    EXPECT_NEAR(static_cast<double>(progress.missed + progress.conversions) * 13 * 24 / 32768,
+                progress.moment.elapsed, 0.03);
+    EXPECT_FALSE(progress.failing);
     EXPECT_GT(moments.back().elapsed, 183);
     for (const double code : mainCodes) {
         EXPECT_NEAR(code, mainCodeAtStart, 300);
@@ -140,6 +142,20 @@ TEST_F(RecordingTest, APauseEndsWithTheDuration) {
     ASSERT_EQ(pauses.size(), 3U);
     EXPECT_LT(pauses[2], 4000);
     EXPECT_NEAR(progress.moment.elapsed, 5, 0.01);
+    EXPECT_EQ(progress.conversions, 19);
+    EXPECT_NEAR(static_cast<double>(progress.missed), 5 * 32768.0 / 24 / 13 - 19, 2);
+    EXPECT_TRUE(progress.failing);
+}
+
+TEST_F(RecordingTest, AnotherReasonOfAnOutageIsReported) {
+    PullAfter(20, true);
+    plan.duration = 1000;
+    Run();
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(reports[1].substr(0, reports[1].find(',')),
+              "still no readings: these registers do not hold the settings any more: "
+              "mode")
+        << reports[1];
 }
 
 TEST_F(RecordingTest, SettingsThatWereLostAreRestoredOnRequestOnly) {

@@ -59,7 +59,9 @@ TEST_F(RecordCommandTest, RotatesByTheBoardsClock) {
 TEST_F(RecordCommandTest, TimeOutsEndWithTheDuration) {
     EXPECT_EQ(Record("main --duration 5m", "no-data-ready").exitCode, ExitCode::NoAnswer);
     const Outcome gone = Record("main --duration 1h --force", "board-gone=100000");
-    EXPECT_EQ(gone.exitCode, ExitCode::Success);
+    EXPECT_EQ(gone.exitCode, ExitCode::NoAnswer);
+    EXPECT_TRUE(Has(gone.err, "time-outs, readings fail, to "));
+    EXPECT_FALSE(Has(gone.err, ", 0 missed conversions, 5"));
     EXPECT_TRUE(Has(gone.err, "the board does not answer; the last code was discarded"));
     EXPECT_TRUE(Has(folder.Bytes("r.csv"), "Z time-out: no data-ready"));
 }
