@@ -54,7 +54,7 @@ class RecordingRun {
     void DiscardHeld();
     void HandleTimeOut();
     void AfterEach();
-    void Report(const std::string& text);
+    void Report(const RecordingMoment& moment, const std::string& text);
 
     Services& services_;
     const RecordingPlan& plan_;
@@ -174,9 +174,9 @@ std::string RecordingRun::Recover() {
     return SettingsThatDiffer();
 }
 
-void RecordingRun::Report(const std::string& text) {
+void RecordingRun::Report(const RecordingMoment& moment, const std::string& text) {
     if (hooks_.report) {
-        hooks_.report(Now(), text);
+        hooks_.report(moment, text);
     }
 }
 
@@ -213,7 +213,7 @@ void RecordingRun::DiscardHeld() {
 void RecordingRun::ReportTimeOut(const std::string& reason) {
     if (failingSince_) {
         if (reason != reason_) {
-            Report("still no readings: " + (reason.empty() ? "no data-ready" : reason));
+            Report(Now(), "still no readings: " + (reason.empty() ? "no data-ready" : reason));
         }
     } else {
         if (reason.empty()) {
@@ -221,19 +221,22 @@ void RecordingRun::ReportTimeOut(const std::string& reason) {
         }
         failingSince_ = Now();
         lastElapsed_ = lastElapsed_.value_or(plan_.elapsedBefore);
-        Report("time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
-               (held_ ? "; the last code was discarded" : "") + "; trying again");
+        Report(*failingSince_, "time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
+                                   (held_ ? "; the last code was discarded" : "") +
+                                   "; trying again");
         DiscardHeld();
     }
     reason_ = reason;
 }
 
 void RecordingRun::ReportReadingsAgain() {
-    const double seconds = Now().elapsed - failingSince_->elapsed;
+    const RecordingMoment moment = held_ ? held_->moment : Now();
+    const double seconds = moment.elapsed - failingSince_->elapsed;
     failingSince_.reset();
-    Report("readings again after " + CountText(failures_, "time-out") + ", " +
-           FixedText(seconds, 1) + " s" +
-           (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
+    Report(moment,
+           "readings again after " + CountText(failures_, "time-out") + ", " +
+               FixedText(seconds, 1) + " s" +
+               (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
     failures_ = 0;
     nextPause_ = firstPause;
 }
@@ -259,6 +262,7 @@ void RecordingRun::HandleTimeOut() {
 
 void RecordingRun::AfterEach() {
     progress_.moment = Now();
+    progress_.passedUntil = held_ ? held_->moment.elapsed : progress_.moment.elapsed;
     progress_.missed = MissedSoFar();
     progress_.failing = failingSince_.has_value();
     if (hooks_.afterEach) {
@@ -284,7 +288,7 @@ RecordingEnd RecordingRun::Run() {
         if (reason == noAnswer) {
             failingSince_ = Now();
         }
-        Report(reason + "; the last code was discarded");
+        Report(Now(), reason + "; the last code was discarded");
     }
     PassHeld();
     AfterEach();

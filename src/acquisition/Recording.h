@@ -40,6 +40,7 @@ struct RecordingPlan {
 /// How far a recording is.
 struct RecordingProgress {
     RecordingMoment moment;
+    double passedUntil = 0;  ///< elapsed seconds; no conversion before is still to be passed on
     std::int64_t conversions = 0;
     std::int64_t missed = 0;    ///< conversions not read, by gaps and the filter's update rate
     std::int64_t timeOuts = 0;  ///< attempts to read that failed

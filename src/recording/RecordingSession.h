@@ -84,6 +84,8 @@ class RecordingSession {
     void MakePlan();
     void ReadSettings();
     std::vector<std::string> Head() const;
+    double EndOfInterval(double elapsed) const;
+    std::optional<UtcTime> EndOfLastLine() const;
     std::string GapText() const;
     void Care(const SessionHooks& hooks);
     void Pause(const SessionHooks& hooks, std::chrono::milliseconds length);

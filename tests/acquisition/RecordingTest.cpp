@@ -196,7 +196,8 @@ TEST_F(RecordingTest, IntervalsAndLines) {
     std::int64_t count = 0;
     double sum = 0;
     RecordingIntervals intervals(
-        1, [&](const RecordingMoment& start, Converter converter, const IntervalFigures& figures) {
+        1, 0,
+        [&](const RecordingMoment& start, Converter converter, const IntervalFigures& figures) {
             lines.push_back(format.Line(start, converter, figures));
             if (converter == Converter::Main) {
                 count += figures.Count();
