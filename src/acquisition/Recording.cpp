@@ -23,6 +23,9 @@ constexpr double longestGap = 1.5;
 
 constexpr std::string_view noAnswer = "the board does not answer";
 
+constexpr double clockSeconds = 1;
+constexpr std::chrono::seconds maxClockChange{1};
+
 struct HeldConversion {
     RecordingMoment moment;
     std::vector<RecordedCode> codes;
@@ -40,6 +43,7 @@ class RecordingRun {
     double ElapsedInRun() const { return Now().elapsed - plan_.elapsedBefore; }
     bool StopRequested() const { return hooks_.stopRequested && hooks_.stopRequested(); }
     bool AtEnd() const;
+    void FollowClock();
     bool ReadConversion();
     void Accept(std::int32_t code);
     void CountMissed(double elapsed);
@@ -62,8 +66,10 @@ class RecordingRun {
     const RecordingHooks& hooks_;
     ConverterReader reader_;
     std::chrono::nanoseconds start_;
-    std::chrono::nanoseconds skipped_{};  ///< in pauses, beyond the board's clock
-    std::optional<double> interval_;      ///< seconds of a conversion
+    std::chrono::nanoseconds skipped_{};       ///< in pauses, beyond the board's clock
+    std::chrono::milliseconds clockOffset_{};  ///< of the system's clock since the start
+    double nextClock_ = 0;                     ///< elapsed seconds when it is asked again
+    std::optional<double> interval_;           ///< seconds of a conversion
     RecordingProgress progress_;
     std::optional<HeldConversion> held_;
     std::int64_t missed_ = 0;            ///< until the last conversion
@@ -90,8 +96,24 @@ RecordingRun::RecordingRun(Services& services, const RecordingPlan& plan,
 
 RecordingMoment RecordingRun::Now() const {
     const std::chrono::nanoseconds sinceStart = services_.port.Now() - start_ + skipped_;
-    return {plan_.start + std::chrono::floor<std::chrono::milliseconds>(sinceStart),
+    return {plan_.start + clockOffset_ + std::chrono::floor<std::chrono::milliseconds>(sinceStart),
             plan_.elapsedBefore + std::chrono::duration<double>(sinceStart).count()};
+}
+
+/// The board's clock stands still while the computer sleeps, and goes on when the time is set.
+void RecordingRun::FollowClock() {
+    const RecordingMoment now = Now();
+    if (!plan_.clock || now.elapsed < nextClock_) {
+        return;
+    }
+    nextClock_ = now.elapsed + clockSeconds;
+    const std::chrono::milliseconds change = plan_.clock() - now.utc;
+    clockOffset_ += change;
+    if (std::chrono::abs(change) > maxClockChange) {
+        const double seconds = std::chrono::duration<double>(std::chrono::abs(change)).count();
+        Report(Now(), "the system's clock went " + std::string(change.count() > 0 ? "on" : "back") +
+                          " by " + FixedText(seconds, 3) + " s; the recording's seconds did not");
+    }
 }
 
 bool RecordingRun::AtEnd() const {
@@ -115,6 +137,7 @@ void RecordingRun::Accept(std::int32_t code) {
         return;
     }
     PassHeld();
+    FollowClock();
     held_.emplace(HeldConversion{Now(), {{plan_.converters.front(), code}}});
     if (plan_.converters.size() > 1) {
         held_->codes.push_back({plan_.converters.back(), reader_.CodeAlongside()});
@@ -261,6 +284,9 @@ void RecordingRun::HandleTimeOut() {
 }
 
 void RecordingRun::AfterEach() {
+    if (!held_) {
+        FollowClock();
+    }
     progress_.moment = Now();
     progress_.passedUntil = held_ ? held_->moment.elapsed : progress_.moment.elapsed;
     progress_.missed = MissedSoFar();

@@ -18,7 +18,7 @@ namespace vx3260 {
 
 /// When something was recorded.
 struct RecordingMoment {
-    UtcTime utc;     ///< the system's time at the start and, from there on, the board's clock
+    UtcTime utc;     ///< by RecordingPlan::clock, else the start and, from there on, the board's
     double elapsed;  ///< seconds by the board's clock since the recording was begun
 };
 
@@ -34,6 +34,9 @@ struct RecordingPlan {
     std::optional<std::int64_t> count{};                 ///< conversions
     bool resetOnTimeout = false;
     UtcTime start{};
+    /// The system's time, which is asked about once a second. Empty for a simulated board, whose
+    /// clock is faster.
+    std::function<UtcTime()> clock{};
     double elapsedBefore = 0;  ///< of a recording that is continued, in seconds
 };
 
@@ -51,7 +54,8 @@ struct RecordingHooks {
     /// The codes of one conversion, in the order of the plan's converters. Called one conversion
     /// late: until the next answer, a code may be one that a board in disappearing left.
     std::function<void(const RecordingMoment&, std::span<const RecordedCode>)> conversion{};
-    /// Once for each change: that readings fail, for another reason, and that they succeed again.
+    /// Once for each change: that readings fail, for another reason, that they succeed again, and
+    /// that the system's clock was set.
     std::function<void(const RecordingMoment&, const std::string&)> report{};
     /// Called after each attempt to read.
     std::function<void(const RecordingProgress&)> afterEach{};

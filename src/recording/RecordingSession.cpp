@@ -32,6 +32,9 @@ void RecordingSession::MakePlan() {
              .count = request_.count,
              .resetOnTimeout = request_.resetOnTimeout,
              .start = PresentTime()};
+    if (services_.boardLabel.empty()) {
+        plan_.clock = PresentTime;
+    }
     if (const std::optional<RecordedMoment>& last = file_.LastMoment()) {
         const std::chrono::duration<double> gap = plan_.start - last->utc;
         // The clock is behind the last line after a simulated board, which is faster.

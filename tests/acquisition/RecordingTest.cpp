@@ -115,6 +115,24 @@ TEST_F(RecordingTest, BothConvertersOfOneConversionByTheBoardsClock) {
     }
 }
 
+TEST_F(RecordingTest, UtcFollowsTheSystemsClock) {
+    using std::chrono::milliseconds;
+    plan.count = 500;  // 4.8 s
+    plan.clock = [this, start = port.Now()] {
+        const auto now = std::chrono::floor<milliseconds>(port.Now() - start);
+        return UtcTime(now + (now < milliseconds(2500) ? now / 10 : milliseconds(3600000)));
+    };
+    EXPECT_EQ(Run(), RecordingEnd::Complete);
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_TRUE(reports[0].starts_with("the system's clock went on by 3599.")) << reports[0];
+    for (const RecordingMoment& moment : moments) {
+        const double ahead =
+            static_cast<double>(moment.utc.time_since_epoch().count()) / 1000 - moment.elapsed;
+        const double wanted = moment.elapsed < 3 ? moment.elapsed / 10 : 3600;
+        EXPECT_NEAR(ahead, wanted, moment.elapsed > 2.5 && moment.elapsed < 3.2 ? 3600 : 0.12);
+    }
+}
+
 TEST_F(RecordingTest, SurvivesAPulledCableWithGrowingPauses) {
     PullAfter(20, false);
     EXPECT_EQ(Run(), RecordingEnd::Complete);
