@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 #include <utility>
 
@@ -98,11 +99,21 @@ std::string RecordingFile::NumberedPath(int number) const {
     return vx3260::NumberedPath(place_.path, number);
 }
 
-/// A recording without numbers has later files with some, after a SIGHUP.
+/// A recording without numbers has later files with some, after a SIGHUP. Files with lower numbers
+/// may have been moved away.
 void RecordingFile::FindLastFile() {
-    for (int number = place_.numbered ? 1 : 2; FileExists(NumberedPath(number)); ++number) {
-        number_ = number;
-        path_ = NumberedPath(number);
+    const QFileInfo file(QString::fromStdString(place_.path));
+    const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
+    const QRegularExpression numbered(QRegularExpression::anchoredPattern(
+        QRegularExpression::escape(file.completeBaseName()) + QStringLiteral("-(\\d{3,9})") +
+        QRegularExpression::escape(suffix)));
+    const int first = place_.numbered ? 1 : 2;
+    for (const QString& name : file.dir().entryList(QDir::Files | QDir::Hidden)) {
+        const int number = numbered.match(name).captured(1).toInt();
+        if (number >= std::max(first, number_) && FileExists(NumberedPath(number))) {
+            number_ = number;
+            path_ = NumberedPath(number);
+        }
     }
 }
 

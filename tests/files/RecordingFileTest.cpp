@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "numbers/FileErrors.h"
 #include "support/Errors.h"
 #include "support/Folder.h"
@@ -112,6 +114,13 @@ TEST_F(RecordingFileTest, FurtherFilesAreNumbered) {
     EXPECT_EQ(folder.Bytes("d-004.csv"), head);
     EXPECT_EQ(RecordingFile(At("d.csv", RecordingStart::Append, true)).Path(),
               folder.Path("d-004.csv"));
+    for (const char* name : {"d-0x9.csv", "dd-011.csv", "d-012.txt", "d-9.csv"}) {
+        folder.Make(name, head);
+    }
+    folder.Make("d-1002.csv", head);
+    QFile::remove(QString::fromStdString(folder.Path("d-001.csv")));
+    EXPECT_EQ(RecordingFile(At("d.csv", RecordingStart::Append, true)).Path(),
+              folder.Path("d-1002.csv"));
 }
 
 }  // namespace
