@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "acquisition/ConverterReader.h"
 #include "link/FilterRate.h"
@@ -19,6 +20,11 @@ constexpr std::chrono::seconds longestPause{60};
 
 /// A gap of more conversions than this between two readings is one with missed conversions.
 constexpr double longestGap = 1.5;
+
+constexpr std::string_view noAnswer = "the board does not answer";
+
+constexpr double clockSeconds = 1;
+constexpr std::chrono::seconds maxClockChange{1};
 
 struct HeldConversion {
     RecordingMoment moment;
@@ -37,16 +43,22 @@ class RecordingRun {
     double ElapsedInRun() const { return Now().elapsed - plan_.elapsedBefore; }
     bool StopRequested() const { return hooks_.stopRequested && hooks_.stopRequested(); }
     bool AtEnd() const;
+    void FollowClock();
     bool ReadConversion();
     void Accept(std::int32_t code);
     void CountMissed(double elapsed);
+    std::int64_t MissedSoFar() const;
     void PassHeld();
     std::string SettingsThatDiffer() const;
     std::string Recover();
+    std::chrono::milliseconds PauseLength() const;
     void Pause();
+    void ReportTimeOut(const std::string& reason);
+    void ReportReadingsAgain();
+    void DiscardHeld();
     void HandleTimeOut();
     void AfterEach();
-    void Report(const std::string& text);
+    void Report(const RecordingMoment& moment, const std::string& text);
 
     Services& services_;
     const RecordingPlan& plan_;
@@ -54,12 +66,16 @@ class RecordingRun {
     const RecordingHooks& hooks_;
     ConverterReader reader_;
     std::chrono::nanoseconds start_;
-    std::chrono::nanoseconds skipped_{};  ///< in pauses, beyond the board's clock
-    std::optional<double> interval_;      ///< seconds of a conversion
+    std::chrono::nanoseconds skipped_{};       ///< in pauses, beyond the board's clock
+    std::chrono::milliseconds clockOffset_{};  ///< of the system's clock since the start
+    double nextClock_ = 0;                     ///< elapsed seconds when it is asked again
+    std::optional<double> interval_;           ///< seconds of a conversion
     RecordingProgress progress_;
     std::optional<HeldConversion> held_;
-    std::optional<double> lastElapsed_;  ///< of the conversion before, unless a time-out came since
+    std::int64_t missed_ = 0;            ///< until the last conversion
+    std::optional<double> lastElapsed_;  ///< of the conversion before
     std::optional<RecordingMoment> failingSince_;
+    std::string reason_;         ///< why conversions fail, as reported
     std::int64_t failures_ = 0;  ///< time-outs since then
     std::chrono::seconds nextPause_ = firstPause;
 };
@@ -80,8 +96,24 @@ RecordingRun::RecordingRun(Services& services, const RecordingPlan& plan,
 
 RecordingMoment RecordingRun::Now() const {
     const std::chrono::nanoseconds sinceStart = services_.port.Now() - start_ + skipped_;
-    return {plan_.start + std::chrono::floor<std::chrono::milliseconds>(sinceStart),
+    return {plan_.start + clockOffset_ + std::chrono::floor<std::chrono::milliseconds>(sinceStart),
             plan_.elapsedBefore + std::chrono::duration<double>(sinceStart).count()};
+}
+
+/// The board's clock stands still while the computer sleeps, and goes on when the time is set.
+void RecordingRun::FollowClock() {
+    const RecordingMoment now = Now();
+    if (!plan_.clock || now.elapsed < nextClock_) {
+        return;
+    }
+    nextClock_ = now.elapsed + clockSeconds;
+    const std::chrono::milliseconds change = plan_.clock() - now.utc;
+    clockOffset_ += change;
+    if (std::chrono::abs(change) > maxClockChange) {
+        const double seconds = std::chrono::duration<double>(std::chrono::abs(change)).count();
+        Report(Now(), "the system's clock went " + std::string(change.count() > 0 ? "on" : "back") +
+                          " by " + FixedText(seconds, 3) + " s; the recording's seconds did not");
+    }
 }
 
 bool RecordingRun::AtEnd() const {
@@ -105,6 +137,7 @@ void RecordingRun::Accept(std::int32_t code) {
         return;
     }
     PassHeld();
+    FollowClock();
     held_.emplace(HeldConversion{Now(), {{plan_.converters.front(), code}}});
     if (plan_.converters.size() > 1) {
         held_->codes.push_back({plan_.converters.back(), reader_.CodeAlongside()});
@@ -116,9 +149,17 @@ void RecordingRun::Accept(std::int32_t code) {
 void RecordingRun::CountMissed(double elapsed) {
     if (lastElapsed_ && interval_) {
         const double conversions = (elapsed - *lastElapsed_) / *interval_;
-        progress_.missed += conversions > longestGap ? std::llround(conversions) - 1 : 0;
+        missed_ += conversions > longestGap ? std::llround(conversions) - 1 : 0;
     }
     lastElapsed_ = elapsed;
+}
+
+/// With those of an outage that lasts.
+std::int64_t RecordingRun::MissedSoFar() const {
+    if (!failingSince_ || !interval_) {
+        return missed_;
+    }
+    return missed_ + std::llround(std::floor((Now().elapsed - *lastElapsed_) / *interval_));
 }
 
 void RecordingRun::PassHeld() {
@@ -141,7 +182,7 @@ std::string RecordingRun::SettingsThatDiffer() const {
         }
     }
     if (count == present.size()) {
-        return "the board does not answer";
+        return std::string(noAnswer);
     }
     return names.empty() ? "" : "these registers do not hold the settings any more: " + names;
 }
@@ -156,16 +197,27 @@ std::string RecordingRun::Recover() {
     return SettingsThatDiffer();
 }
 
-void RecordingRun::Report(const std::string& text) {
+void RecordingRun::Report(const RecordingMoment& moment, const std::string& text) {
     if (hooks_.report) {
-        hooks_.report(Now(), text);
+        hooks_.report(moment, text);
     }
 }
 
+/// The last pause ends with the recording.
+std::chrono::milliseconds RecordingRun::PauseLength() const {
+    if (!plan_.duration) {
+        return nextPause_;
+    }
+    const std::chrono::duration<double> left(*plan_.duration - ElapsedInRun());
+    return std::clamp(std::chrono::ceil<std::chrono::milliseconds>(left),
+                      std::chrono::milliseconds(0), std::chrono::milliseconds(nextPause_));
+}
+
 void RecordingRun::Pause() {
-    const std::chrono::nanoseconds end = services_.port.Now() + nextPause_;
+    const std::chrono::milliseconds length = PauseLength();
+    const std::chrono::nanoseconds end = services_.port.Now() + length;
     if (hooks_.pause) {
-        hooks_.pause(nextPause_);
+        hooks_.pause(length);
     }
     if (!StopRequested()) {
         skipped_ += std::max(std::chrono::nanoseconds(0), end - services_.port.Now());
@@ -173,36 +225,72 @@ void RecordingRun::Pause() {
     nextPause_ = std::min(nextPause_ * 2, longestPause);
 }
 
-void RecordingRun::HandleTimeOut() {
-    ++progress_.timeOuts;
-    ++failures_;
-    lastElapsed_.reset();
-    const std::string reason = Recover();
-    if (!failingSince_) {
-        failingSince_ = Now();
+void RecordingRun::DiscardHeld() {
+    if (held_) {
+        --progress_.conversions;
+        ++missed_;
+        held_.reset();
+    }
+}
+
+void RecordingRun::ReportTimeOut(const std::string& reason) {
+    if (failingSince_) {
+        if (reason != reason_) {
+            Report(Now(), "still no readings: " + (reason.empty() ? "no data-ready" : reason));
+        }
+    } else {
         if (reason.empty()) {
             PassHeld();
         }
-        progress_.conversions -= held_ ? 1 : 0;
-        Report("time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
-               (held_ ? "; the last code was discarded" : "") + "; trying again");
-        held_.reset();
+        failingSince_ = Now();
+        lastElapsed_ = lastElapsed_.value_or(plan_.elapsedBefore);
+        Report(*failingSince_, "time-out: no data-ready" + (reason.empty() ? "" : "; " + reason) +
+                                   (held_ ? "; the last code was discarded" : "") +
+                                   "; trying again");
+        DiscardHeld();
     }
-    AfterEach();
-    bool recovered = reason.empty();
-    do {
+    reason_ = reason;
+}
+
+void RecordingRun::ReportReadingsAgain() {
+    const RecordingMoment moment = held_ ? held_->moment : Now();
+    const double seconds = moment.elapsed - failingSince_->elapsed;
+    failingSince_.reset();
+    Report(moment,
+           "readings again after " + CountText(failures_, "time-out") + ", " +
+               FixedText(seconds, 1) + " s" +
+               (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
+    failures_ = 0;
+    nextPause_ = firstPause;
+}
+
+/// Returns when another conversion can be read, or the recording ends.
+void RecordingRun::HandleTimeOut() {
+    std::string reason = Recover();
+    for (;;) {
+        ++progress_.timeOuts;
+        ++failures_;
+        ReportTimeOut(reason);
+        AfterEach();
         Pause();
-        recovered = recovered || AtEnd() || StopRequested() || Recover().empty();
-        if (!recovered) {
-            ++progress_.timeOuts;
-            ++failures_;
-            AfterEach();
+        if (reason.empty() || AtEnd() || StopRequested()) {
+            return;
         }
-    } while (!recovered);
+        reason = Recover();
+        if (reason.empty()) {
+            return;
+        }
+    }
 }
 
 void RecordingRun::AfterEach() {
+    if (!held_) {
+        FollowClock();
+    }
     progress_.moment = Now();
+    progress_.passedUntil = held_ ? held_->moment.elapsed : progress_.moment.elapsed;
+    progress_.missed = MissedSoFar();
+    progress_.failing = failingSince_.has_value();
     if (hooks_.afterEach) {
         hooks_.afterEach(progress_);
     }
@@ -216,21 +304,17 @@ RecordingEnd RecordingRun::Run() {
             continue;
         }
         if (failingSince_) {
-            const double seconds = Now().elapsed - failingSince_->elapsed;
-            Report("readings again after " + CountText(failures_, "time-out") + ", " +
-                   FixedText(seconds, 1) + " s" +
-                   (plan_.resetOnTimeout ? "; the chip was reset and its settings restored" : ""));
-            failingSince_.reset();
-            failures_ = 0;
-            nextPause_ = firstPause;
+            ReportReadingsAgain();
         }
         AfterEach();
     }
     const bool stopped = !AtEnd();
     if (const std::string reason = held_ ? SettingsThatDiffer() : ""; !reason.empty()) {
-        --progress_.conversions;
-        held_.reset();
-        Report(reason + "; the last code was discarded");
+        DiscardHeld();
+        if (reason == noAnswer) {
+            failingSince_ = Now();
+        }
+        Report(Now(), reason + "; the last code was discarded");
     }
     PassHeld();
     AfterEach();

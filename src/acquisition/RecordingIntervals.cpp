@@ -22,7 +22,8 @@ double IntervalFigures::Sigma() const {
 void RecordingIntervals::Add(const RecordingMoment& moment, std::span<const RecordedCode> codes) {
     Advance(moment.elapsed);
     if (converters_.empty()) {
-        const double begin = std::floor(moment.elapsed / seconds_) * seconds_;
+        period_ = PeriodOf(moment.elapsed);
+        const double begin = std::max(begin_, period_ * seconds_);
         const std::chrono::duration<double> since(moment.elapsed - begin);
         start_ = {moment.utc - std::chrono::round<std::chrono::milliseconds>(since), begin};
         for (const RecordedCode& code : codes) {
@@ -34,9 +35,12 @@ void RecordingIntervals::Add(const RecordingMoment& moment, std::span<const Reco
     }
 }
 
-/// Passes on the interval that has ended by this time.
+double RecordingIntervals::PeriodOf(double elapsed) const {
+    return std::floor(elapsed / seconds_);
+}
+
 void RecordingIntervals::Advance(double elapsed) {
-    if (std::floor(elapsed / seconds_) * seconds_ > start_.elapsed) {
+    if (PeriodOf(elapsed) > period_) {
         Finish();
     }
 }

@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 #include <utility>
 
@@ -17,7 +18,8 @@ namespace {
 constexpr std::size_t maxBuffer = std::size_t{1} << 16U;
 constexpr std::chrono::milliseconds minBetweenWrites{5};
 constexpr std::chrono::seconds syncInterval{10};
-constexpr qint64 headSize = 1 << 16;
+constexpr qint64 maxFirstLine = 1 << 10;
+constexpr const char* firstColumns = "utc,elapsed_s,";
 constexpr qint64 tailSize = 1 << 16;
 
 /// The time and the seconds that a line begins with; empty for any other line.
@@ -42,18 +44,6 @@ std::optional<RecordedMoment> LastMomentIn(const QByteArray& text) {
         if (std::optional<RecordedMoment> moment = MomentOf(*line)) {
             return moment;
         }
-    }
-    return {};
-}
-
-/// The first whole line that is not a comment.
-std::string ColumnsIn(const QByteArray& head) {
-    qsizetype begin = 0;
-    for (qsizetype end = head.indexOf('\n'); end >= 0; end = head.indexOf('\n', begin)) {
-        if (head[begin] != '#') {
-            return head.mid(begin, end - begin).toStdString();
-        }
-        begin = end + 1;
     }
     return {};
 }
@@ -109,11 +99,21 @@ std::string RecordingFile::NumberedPath(int number) const {
     return vx3260::NumberedPath(place_.path, number);
 }
 
-/// A recording without numbers has later files with some, after a SIGHUP.
+/// A recording without numbers has later files with some, after a SIGHUP. Files with lower numbers
+/// may have been moved away.
 void RecordingFile::FindLastFile() {
-    for (int number = place_.numbered ? 1 : 2; FileExists(NumberedPath(number)); ++number) {
-        number_ = number;
-        path_ = NumberedPath(number);
+    const QFileInfo file(QString::fromStdString(place_.path));
+    const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
+    const QRegularExpression numbered(QRegularExpression::anchoredPattern(
+        QRegularExpression::escape(file.completeBaseName()) + QStringLiteral("-(\\d{3,9})") +
+        QRegularExpression::escape(suffix)));
+    const int first = place_.numbered ? 1 : 2;
+    for (const QString& name : file.dir().entryList(QDir::Files | QDir::Hidden)) {
+        const int number = numbered.match(name).captured(1).toInt();
+        if (number >= std::max(first, number_) && FileExists(NumberedPath(number))) {
+            number_ = number;
+            path_ = NumberedPath(number);
+        }
     }
 }
 
@@ -129,7 +129,7 @@ void RecordingFile::ReadLastMoment() {
     if (!file.open(QIODevice::ReadOnly)) {
         ThrowCannot("read", path_, file);
     }
-    columnsThere_ = ColumnsIn(file.read(headSize));
+    firstLine_ = file.readLine(maxFirstLine).toStdString();
     const qint64 size = file.size();
     // A tail of comments alone is read again, with more before it.
     for (qint64 tail = tailSize;; tail *= 2) {
@@ -159,7 +159,7 @@ void RecordingFile::Open(bool append) {
 
 /// The columns come first: numpy.genfromtxt takes the names from the first line, comment or not.
 void RecordingFile::WriteHead(const std::string& gap) {
-    if (!continues_ || columnsThere_.empty()) {
+    if (!continues_ || wholeLines_ == 0) {
         buffer_ += columns_ + "\n";
     }
     buffer_ += gap;
@@ -169,14 +169,24 @@ void RecordingFile::WriteHead(const std::string& gap) {
     Write();
 }
 
+/// A first line that is torn is one only where it is the beginning of the columns: any other file
+/// without a line end is somebody else's.
+void RecordingFile::RequireColumns() const {
+    if (!continues_ || firstLine_ == columns_ + "\n" || columns_.starts_with(firstLine_)) {
+        return;
+    }
+    const std::string line = firstLine_.substr(0, firstLine_.find_first_of("\r\n"));
+    const bool isRecording = line.starts_with(firstColumns);
+    throw FileAccessError("cannot append to " + path_ + ": " +
+                          (isRecording ? "it has the columns " + line + ", not " + columns_
+                                       : "it is not a recording, which begins with " + columns_));
+}
+
 std::int64_t RecordingFile::Begin(std::vector<std::string> comments, std::string columns,
                                   const std::string& gap) {
     comments_ = std::move(comments);
     columns_ = std::move(columns);
-    if (!columnsThere_.empty() && columnsThere_ != columns_) {
-        throw FileAccessError("cannot append to " + path_ + ": it has the columns " +
-                              columnsThere_ + ", not " + columns_);
-    }
+    RequireColumns();
     Open(continues_);
     std::int64_t cut = 0;
     std::string gapLine;

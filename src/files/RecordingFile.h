@@ -62,7 +62,7 @@ class RecordingFile {
     /// Opens the file and writes the column line and `comments`, a line each. In a
     /// recording that is appended to, a torn last line is cut off, `gap` is a comment in front and
     /// the columns are there. Returns how many bytes were cut. Throws FileAccessError, also for a
-    /// file with other columns, which stays as it is.
+    /// file that does not begin with these columns, or a part of them, which stays as it is.
     std::int64_t Begin(std::vector<std::string> comments, std::string columns,
                        const std::string& gap);
 
@@ -95,6 +95,7 @@ class RecordingFile {
     std::string NextPath();
     void FindLastFile();
     void ReadLastMoment();
+    void RequireColumns() const;
     void Open(bool append);
     void WriteHead(const std::string& gap);
     void Write();
@@ -108,7 +109,7 @@ class RecordingFile {
     int number_ = 1;
     bool continues_ = false;       ///< what is in the file is kept
     std::int64_t wholeLines_ = 0;  ///< bytes of them in the file that is continued
-    std::string columnsThere_;     ///< its columns; empty where it has none
+    std::string firstLine_;        ///< of that file, with the line end where it has one
     std::optional<RecordedMoment> lastMoment_;
     std::vector<std::string> comments_;
     std::string columns_;

@@ -2,6 +2,7 @@
 #include "recording/RecordingSession.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "acquisition/ConditionsRecorder.h"
@@ -31,9 +32,14 @@ void RecordingSession::MakePlan() {
              .count = request_.count,
              .resetOnTimeout = request_.resetOnTimeout,
              .start = PresentTime()};
+    if (services_.boardLabel.empty()) {
+        plan_.clock = PresentTime;
+    }
     if (const std::optional<RecordedMoment>& last = file_.LastMoment()) {
         const std::chrono::duration<double> gap = plan_.start - last->utc;
-        plan_.elapsedBefore = last->elapsed + std::max(0.0, gap.count());
+        // The clock is behind the last line after a simulated board, which is faster.
+        const double atLeast = request_.every ? EndOfInterval(last->elapsed) - last->elapsed : 0;
+        plan_.elapsedBefore = last->elapsed + (gap.count() > 0 ? gap.count() : atLeast);
     }
 }
 
@@ -50,7 +56,7 @@ void RecordingSession::ReadSettings() {
         }
     }
     writer_.emplace(file_, RecordingLines(conditions_, slope), request_.every, request_.rotation,
-                    request_.converters.front());
+                    plan_);
 }
 
 /// The head's comments: how the codes of each converter are read.
@@ -70,10 +76,27 @@ std::vector<std::string> RecordingSession::Head() const {
     return head;
 }
 
-std::string RecordingSession::GapText() const {
+double RecordingSession::EndOfInterval(double elapsed) const {
+    return (std::floor(elapsed / *request_.every) + 1) * *request_.every;
+}
+
+/// The line of an interval begins with the start of it.
+std::optional<UtcTime> RecordingSession::EndOfLastLine() const {
     const std::optional<RecordedMoment>& last = file_.LastMoment();
-    return "continued at " + IsoTimeText(plan_.start) +
-           (last ? " after " + IsoTimeText(last->utc) : "");
+    if (!last) {
+        return {};
+    }
+    if (!request_.every) {
+        return last->utc;
+    }
+    const std::chrono::duration<double> length(EndOfInterval(last->elapsed) - last->elapsed);
+    return std::min(last->utc + std::chrono::round<std::chrono::milliseconds>(length),
+                    std::max(last->utc, plan_.start));
+}
+
+std::string RecordingSession::GapText() const {
+    const std::optional<UtcTime> end = EndOfLastLine();
+    return "continued at " + IsoTimeText(plan_.start) + (end ? " after " + IsoTimeText(*end) : "");
 }
 
 RecordingEnd RecordingSession::Run(const SessionHooks& hooks) {
@@ -88,6 +111,7 @@ RecordingEnd RecordingSession::Run(const SessionHooks& hooks) {
                     },
                 .report =
                     [&](const RecordingMoment& moment, const std::string& text) {
+                        writer_->Advance(moment.elapsed);
                         file_.Comment(IsoTimeText(moment.utc) + " " + text);
                         if (hooks.report) {
                             hooks.report(moment, text);
@@ -96,12 +120,13 @@ RecordingEnd RecordingSession::Run(const SessionHooks& hooks) {
                 .afterEach =
                     [&](const RecordingProgress& now) {
                         progress_ = now;
+                        writer_->Advance(now.passedUntil);
                         Care(hooks);
                         if (hooks.afterEach) {
                             hooks.afterEach(now);
                         }
                     },
-                .pause = [&](std::chrono::seconds length) { Pause(hooks, length); },
+                .pause = [&](std::chrono::milliseconds length) { Pause(hooks, length); },
                 .stopRequested = hooks.stopRequested});
     writer_->Finish();
     return end;
@@ -124,10 +149,13 @@ void RecordingSession::Care(const SessionHooks& hooks) {
 void RecordingSession::Pause(const SessionHooks& hooks, std::chrono::milliseconds length) {
     constexpr std::chrono::milliseconds slice{20};
     const std::chrono::milliseconds left = services_.boardLabel.empty() ? length : slice;
-    const auto end = std::chrono::steady_clock::now() + left;
+    const auto begin = std::chrono::steady_clock::now();
+    const auto end = begin + left;
     const auto stopped = [&hooks] { return hooks.stopRequested && hooks.stopRequested(); };
     while (hooks.wait && !stopped() && std::chrono::steady_clock::now() < end) {
         hooks.wait(slice);
+        const std::chrono::duration<double> paused = std::chrono::steady_clock::now() - begin;
+        writer_->Advance(progress_.passedUntil + paused.count());
         Care(hooks);
     }
 }
@@ -136,7 +164,8 @@ std::string RecordingSession::Summary() const {
     const auto elapsed = static_cast<std::int64_t>(progress_.moment.elapsed);
     return CountText(file_.Lines(), "line") + ", " + DurationText(std::chrono::seconds(elapsed)) +
            ", " + CountText(progress_.missed, "missed conversion") +
-           (progress_.timeOuts > 0 ? ", " + CountText(progress_.timeOuts, "time-out") : "");
+           (progress_.timeOuts > 0 ? ", " + CountText(progress_.timeOuts, "time-out") : "") +
+           (progress_.failing ? ", readings fail" : "");
 }
 
 const ConversionConditions& RecordingSession::Conditions(Converter converter) const {

@@ -73,7 +73,8 @@ class RecordingSession {
     const RecordingFile& File() const { return file_; }
     const RecordingProgress& Progress() const { return progress_; }
 
-    /// "1890 lines, 0:18, 0 missed conversions", with the time-outs where there were any.
+    /// "1890 lines, 0:18, 0 missed conversions", with the time-outs where there were any, and that
+    /// readings fail where they do.
     std::string Summary() const;
 
     /// How the codes of a converter are turned into volts; after Begin.
@@ -83,6 +84,8 @@ class RecordingSession {
     void MakePlan();
     void ReadSettings();
     std::vector<std::string> Head() const;
+    double EndOfInterval(double elapsed) const;
+    std::optional<UtcTime> EndOfLastLine() const;
     std::string GapText() const;
     void Care(const SessionHooks& hooks);
     void Pause(const SessionHooks& hooks, std::chrono::milliseconds length);

@@ -8,13 +8,14 @@ namespace vx3260 {
 
 RecordingWriter::RecordingWriter(RecordingFile& file, RecordingLines lines,
                                  std::optional<double> every, const RotationRule& rotation,
-                                 Converter first)
-    : file_(file), lines_(std::move(lines)), rotation_(rotation), first_(first) {
+                                 const RecordingPlan& plan)
+    : file_(file), lines_(std::move(lines)), rotation_(rotation), first_(plan.converters.front()) {
     if (every) {
-        intervals_.emplace(*every, [this](const RecordingMoment& start, Converter converter,
-                                          const IntervalFigures& figures) {
-            Write(start, converter, lines_.Line(start, converter, figures));
-        });
+        intervals_.emplace(*every, plan.elapsedBefore,
+                           [this](const RecordingMoment& start, Converter converter,
+                                  const IntervalFigures& figures) {
+                               Write(start, converter, lines_.Line(start, converter, figures));
+                           });
     }
 }
 
@@ -29,6 +30,12 @@ void RecordingWriter::Add(const RecordingMoment& moment, std::span<const Recorde
     }
     for (const RecordedCode& code : codes) {
         Write(moment, code.converter, lines_.Line(moment, code));
+    }
+}
+
+void RecordingWriter::Advance(double elapsed) {
+    if (intervals_) {
+        intervals_->Advance(elapsed);
     }
 }
 

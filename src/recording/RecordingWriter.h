@@ -23,10 +23,10 @@ struct RotationRule {
 /// and begins new files. The lines of one moment stay in one file.
 class RecordingWriter {
   public:
-    /// `every` is the length of an interval in seconds, empty for each code; `first` the converter
-    /// that comes first in a conversion. `file` outlives the writer.
+    /// `every` is the length of an interval in seconds, empty for each code; `plan` that of the
+    /// recording. `file` outlives the writer.
     RecordingWriter(RecordingFile& file, RecordingLines lines, std::optional<double> every,
-                    const RotationRule& rotation, Converter first);
+                    const RotationRule& rotation, const RecordingPlan& plan);
     RecordingWriter(const RecordingWriter&) = delete;
     RecordingWriter(RecordingWriter&&) = delete;
     RecordingWriter& operator=(const RecordingWriter&) = delete;
@@ -37,6 +37,9 @@ class RecordingWriter {
 
     /// Throws FileAccessError when the disk fails.
     void Add(const RecordingMoment& moment, std::span<const RecordedCode> codes);
+
+    /// Writes the interval that has ended by these elapsed seconds: no earlier conversion follows.
+    void Advance(double elapsed);
 
     /// Writes what there is of the present interval, and closes the file.
     void Finish();

@@ -78,7 +78,7 @@ struct RecordingTest : testing::Test {
                 }
             }
         };
-        hooks.pause = [this](std::chrono::seconds length) {
+        hooks.pause = [this](std::chrono::milliseconds length) {
             pauses.push_back(length.count());
             port.plugged = pauses.size() >= 8;
         };
@@ -115,21 +115,65 @@ TEST_F(RecordingTest, BothConvertersOfOneConversionByTheBoardsClock) {
     }
 }
 
+TEST_F(RecordingTest, UtcFollowsTheSystemsClock) {
+    using std::chrono::milliseconds;
+    plan.count = 500;  // 4.8 s
+    plan.clock = [this, start = port.Now()] {
+        const auto now = std::chrono::floor<milliseconds>(port.Now() - start);
+        return UtcTime(now + (now < milliseconds(2500) ? now / 10 : milliseconds(3600000)));
+    };
+    EXPECT_EQ(Run(), RecordingEnd::Complete);
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_TRUE(reports[0].starts_with("the system's clock went on by 3599.")) << reports[0];
+    for (const RecordingMoment& moment : moments) {
+        const double ahead =
+            static_cast<double>(moment.utc.time_since_epoch().count()) / 1000 - moment.elapsed;
+        const double wanted = moment.elapsed < 3 ? moment.elapsed / 10 : 3600;
+        EXPECT_NEAR(ahead, wanted, moment.elapsed > 2.5 && moment.elapsed < 3.2 ? 3600 : 0.12);
+    }
+}
+
 TEST_F(RecordingTest, SurvivesAPulledCableWithGrowingPauses) {
     PullAfter(20, false);
     EXPECT_EQ(Run(), RecordingEnd::Complete);
-    EXPECT_EQ(pauses, (std::vector<std::int64_t>{1, 2, 4, 8, 16, 32, 60, 60}));
+    EXPECT_EQ(pauses,
+              (std::vector<std::int64_t>{1000, 2000, 4000, 8000, 16000, 32000, 60000, 60000}));
     ASSERT_EQ(reports.size(), 2U);
     EXPECT_EQ(reports[0],
               "time-out: no data-ready; the board does not answer; the last code was discarded; "
               "trying again");
     EXPECT_TRUE(reports[1].starts_with("readings again after 8 time-outs, 18")) << reports[1];
     EXPECT_EQ(mainCodes.size(), 50U);
-    EXPECT_EQ(progress.missed, 0);
+    EXPECT_NEAR(static_cast<double>(progress.missed + progress.conversions) * 13 * 24 / 32768,
+                progress.moment.elapsed, 0.03);
+    EXPECT_FALSE(progress.failing);
     EXPECT_GT(moments.back().elapsed, 183);
     for (const double code : mainCodes) {
         EXPECT_NEAR(code, mainCodeAtStart, 300);
     }
+}
+
+TEST_F(RecordingTest, APauseEndsWithTheDuration) {
+    PullAfter(20, false);
+    plan.duration = 5;
+    EXPECT_EQ(Run(), RecordingEnd::Complete);
+    ASSERT_EQ(pauses.size(), 3U);
+    EXPECT_LT(pauses[2], 4000);
+    EXPECT_NEAR(progress.moment.elapsed, 5, 0.01);
+    EXPECT_EQ(progress.conversions, 19);
+    EXPECT_NEAR(static_cast<double>(progress.missed), 5 * 32768.0 / 24 / 13 - 19, 2);
+    EXPECT_TRUE(progress.failing);
+}
+
+TEST_F(RecordingTest, AnotherReasonOfAnOutageIsReported) {
+    PullAfter(20, true);
+    plan.duration = 1000;
+    Run();
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(reports[1].substr(0, reports[1].find(',')),
+              "still no readings: these registers do not hold the settings any more: "
+              "mode")
+        << reports[1];
 }
 
 TEST_F(RecordingTest, SettingsThatWereLostAreRestoredOnRequestOnly) {
@@ -170,7 +214,8 @@ TEST_F(RecordingTest, IntervalsAndLines) {
     std::int64_t count = 0;
     double sum = 0;
     RecordingIntervals intervals(
-        1, [&](const RecordingMoment& start, Converter converter, const IntervalFigures& figures) {
+        1, 0,
+        [&](const RecordingMoment& start, Converter converter, const IntervalFigures& figures) {
             lines.push_back(format.Line(start, converter, figures));
             if (converter == Converter::Main) {
                 count += figures.Count();

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "numbers/FileErrors.h"
 #include "support/Errors.h"
 #include "support/Folder.h"
@@ -60,6 +62,7 @@ TEST_F(RecordingFileTest, AppendCutsATornLineAndRefusesOtherColumns) {
         {head + line + "\n" + comments + "\n", head + line + "\n" + comments + "\n# gap: g\n# VX\n",
          0, true},
         {"utc,el", columns + "\n# gap: g; 6 bytes of a torn line were cut off\n# VX\n", 6, false},
+        {"", columns + "\n# gap: g\n# VX\n", 0, false},
         {head, head + "# gap: g\n# VX\n", 0, false},
     };
     for (const Case& each : cases) {
@@ -74,12 +77,22 @@ TEST_F(RecordingFileTest, AppendCutsATornLineAndRefusesOtherColumns) {
         EXPECT_EQ(file.Begin({"VX"}, columns, "g"), each.cut);
         EXPECT_EQ(folder.Bytes("b.csv"), each.after);
     }
-    const std::string foreign = "index,code\n1,2\n3";
-    RecordingFile file({folder.Make("c.csv", foreign), false, RecordingStart::Append});
-    EXPECT_TRUE(ErrorOf<FileAccessError>([&] {
-                    file.Begin({}, columns, "");
-                }).ends_with("it has the columns index,code, not " + columns));
-    EXPECT_EQ(folder.Bytes("c.csv"), foreign);
+    const std::string notARecording = "it is not a recording, which begins with " + columns;
+    const std::pair<std::string, std::string> foreign[] = {
+        {"utc,elapsed_s,code\n1,2\n3", "it has the columns utc,elapsed_s,code, not " + columns},
+        {"index,code\n1,2\n3", notARecording},
+        {"precious data without newline", notARecording},
+        {"# a comment\n# torn", notARecording},
+        {columns + ",more", "it has the columns " + columns + ",more, not " + columns},
+        {"\n", notARecording},
+    };
+    for (const auto& [bytes, reason] : foreign) {
+        RecordingFile file({folder.Make("c.csv", bytes), false, RecordingStart::Append});
+        EXPECT_TRUE(
+            ErrorOf<FileAccessError>([&] { file.Begin({}, columns, ""); }).ends_with(reason))
+            << bytes;
+        EXPECT_EQ(folder.Bytes("c.csv"), bytes);
+    }
     EXPECT_TRUE(ErrorOf<FileAccessError>([&] {
                     RecordingFile(At("c.csv"));
                 }).ends_with("--append continues it, --force replaces it"));
@@ -101,6 +114,13 @@ TEST_F(RecordingFileTest, FurtherFilesAreNumbered) {
     EXPECT_EQ(folder.Bytes("d-004.csv"), head);
     EXPECT_EQ(RecordingFile(At("d.csv", RecordingStart::Append, true)).Path(),
               folder.Path("d-004.csv"));
+    for (const char* name : {"d-0x9.csv", "dd-011.csv", "d-012.txt", "d-9.csv"}) {
+        folder.Make(name, head);
+    }
+    folder.Make("d-1002.csv", head);
+    QFile::remove(QString::fromStdString(folder.Path("d-001.csv")));
+    EXPECT_EQ(RecordingFile(At("d.csv", RecordingStart::Append, true)).Path(),
+              folder.Path("d-1002.csv"));
 }
 
 }  // namespace

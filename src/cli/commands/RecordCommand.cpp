@@ -124,9 +124,10 @@ void RecordCommand::AddFiles() {
         "noted\nin the file and tried again, after pauses of 1, 2, 4 ... 60 s.");
 }
 
-/// Without a wanted end, Ctrl+C is the normal one.
+/// Without a wanted end, Ctrl+C is the normal one. A board that is gone at the end is not a
+/// success, whatever was recorded before.
 ExitCode RecordCommand::ExitCodeFor(RecordingEnd end, const RecordingProgress& progress) const {
-    if (progress.conversions == 0) {
+    if (progress.conversions == 0 || progress.failing) {
         return ExitCode::NoAnswer;
     }
     const bool wantedEnd = request_.duration || request_.count;

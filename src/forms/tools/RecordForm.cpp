@@ -251,6 +251,7 @@ void RecordForm::UseRunningControls(bool running) {
 }
 
 RecordingEnd RecordForm::Run(RecordingSession& session) {
+    failing_ = false;
     sinceShown_.start();
     ShowProgress(session);
     return session.Run(
@@ -264,8 +265,12 @@ RecordingEnd RecordForm::Run(RecordingSession& session) {
                  AddEvent(session.Progress().moment.utc, "recording into " + session.File().Path());
              },
          .afterEach =
-             [&](const RecordingProgress&) {
-                 if (sinceShown_.elapsed() >= showingMilliseconds) {
+             [&](const RecordingProgress& now) {
+                 const bool changed = std::exchange(failing_, now.failing) != now.failing;
+                 if (changed) {
+                     ShowState(tr("Recording"));
+                 }
+                 if (changed || sinceShown_.elapsed() >= showingMilliseconds) {
                      ShowProgress(session);
                      sinceShown_.restart();
                  }
@@ -316,9 +321,14 @@ void RecordForm::ShowProgress(const RecordingSession& session) {
     }
 }
 
+void RecordForm::ShowState(const QString& state) {
+    ui_->ProgressFrame->setTitle(failing_ ? tr("%1, readings fail").arg(state) : state);
+    UpdateBoardLabel();
+}
+
 void RecordForm::ShowEnd(const RecordingSession& session, const std::string& how) {
     ShowProgress(session);
-    ui_->ProgressFrame->setTitle(tr("Recording %1").arg(QString::fromStdString(how)));
+    ShowState(tr("Recording %1").arg(QString::fromStdString(how)));
     AddEvent(PresentTime(), how + ": " + session.Summary() + ", to " + session.File().Path());
 }
 

@@ -58,6 +58,7 @@ class RecordForm final : public Form {
     void Stop();
 
     void ShowConversion(const RecordingMoment& moment, std::span<const RecordedCode> codes);
+    void ShowState(const QString& state);
     void ShowProgress(const RecordingSession& session);
     void ShowEnd(const RecordingSession& session, const std::string& how);
     void AddEvent(UtcTime time, const std::string& text);
@@ -68,6 +69,7 @@ class RecordForm final : public Form {
     RequestEntry* entry_ = nullptr;
     QElapsedTimer sinceShown_;
     bool running_ = false;
+    bool failing_ = false;  ///< as shown
     bool stopRequested_ = false;
     bool closeRequested_ = false;
 

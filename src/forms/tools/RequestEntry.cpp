@@ -23,7 +23,7 @@ constexpr int decimals = 2;
 
 const std::vector<RequestEntry::Unit>& RequestEntry::UnitsOf(Kind kind) {
     static const std::vector<Unit> times{{"s", 1}, {"min", 60}, {"h", 3600}, {"d", 86400}};
-    static const std::vector<Unit> counts{{"codes", 1}};
+    static const std::vector<Unit> counts{{"conversions", 1}};
     static const std::vector<Unit> sizes{{"kB", 1e3}, {"MB", 1e6}, {"GB", 1e9}};
     return kind == Kind::Time ? times : kind == Kind::Count ? counts : sizes;
 }
@@ -53,7 +53,7 @@ void RequestEntry::SetUp(const Row& row) {
     row.controls.number->setDecimals(0);
     row.controls.number->setRange(0, maxCount);
     row.controls.number->setMinimumWidth(row.controls.number->sizeHint().width());
-    row.controls.unit->addItem(tr("codes"));
+    row.controls.unit->addItem(tr("conversions"));
     row.controls.unit->setMinimumWidth(row.controls.unit->sizeHint().width());
     UseChoice(row);
 }

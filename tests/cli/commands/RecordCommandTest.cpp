@@ -40,6 +40,20 @@ TEST_F(RecordCommandTest, RecordsContinuesAndRefuses) {
     EXPECT_TRUE(Has(folder.Bytes("r.csv"), ",4.000000,main,19,84380"));
 }
 
+TEST_F(RecordCommandTest, IntervalsEndWithTheirTime) {
+    Record("main --duration 30s --every 100ms", "board-gone=60000");
+    const std::string outage = folder.Bytes("r.csv");
+    const std::size_t comment = outage.find("Z time-out: ");
+    EXPECT_LT(outage.rfind(",main,"), comment) << outage;
+    Record("main --duration 4.5s --every 1s --force");
+    const std::size_t before = folder.Bytes("r.csv").size();
+    Record("main --duration 2s --every 1s --append");
+    const std::string continued = folder.Bytes("r.csv").substr(before);
+    EXPECT_TRUE(Has(continued, "Z,5.000000,main,")) << continued;
+    EXPECT_TRUE(Has(continued, "Z,6.000000,main,")) << continued;
+    EXPECT_FALSE(Has(continued, ",4.000000,")) << continued;
+}
+
 /// 9450 conversions at 105 a second.
 TEST_F(RecordCommandTest, RotatesByTheBoardsClock) {
     const std::string script =
@@ -59,7 +73,9 @@ TEST_F(RecordCommandTest, RotatesByTheBoardsClock) {
 TEST_F(RecordCommandTest, TimeOutsEndWithTheDuration) {
     EXPECT_EQ(Record("main --duration 5m", "no-data-ready").exitCode, ExitCode::NoAnswer);
     const Outcome gone = Record("main --duration 1h --force", "board-gone=100000");
-    EXPECT_EQ(gone.exitCode, ExitCode::Success);
+    EXPECT_EQ(gone.exitCode, ExitCode::NoAnswer);
+    EXPECT_TRUE(Has(gone.err, "time-outs, readings fail, to "));
+    EXPECT_FALSE(Has(gone.err, ", 0 missed conversions, 5"));
     EXPECT_TRUE(Has(gone.err, "the board does not answer; the last code was discarded"));
     EXPECT_TRUE(Has(folder.Bytes("r.csv"), "Z time-out: no data-ready"));
 }

@@ -4,7 +4,9 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QListWidget>
+#include <QTimer>
 
 #include "support/Folder.h"
 #include "support/Forms.h"
@@ -187,10 +189,23 @@ TEST_F(RecordFormTest, ListsTimeOutsAndGoesOn) {
     Open();
     Choose("EndBox", "After a time");
     SetNumber("EndNumber", 1);
+    QString duringOutage;
+    const auto stateShown = QObject::connect(
+        Find<QListWidget>(*form, "EventsList").model(), &QAbstractItemModel::rowsInserted, [&] {
+            QTimer::singleShot(0, form.get(), [&] {
+                duringOutage = Find<QGroupBox>(*form, "ProgressFrame").title() + u'|' +
+                               Find<QLabel>(*form, "BoardLabel").text();
+            });
+        });
     EXPECT_EQ(ClickOn("StartButton"), "");
+    QObject::disconnect(stateShown);
+    EXPECT_EQ(duringOutage,
+              QStringLiteral("Recording, readings fail|Simulated board does not answer"));
+    EXPECT_GT(Find<QLabel>(*form, "MissedLabel").text().toInt(), 3600);
+    Expect("ProgressFrame: Recording complete, readings fail");
     EXPECT_TRUE(HasEvent("time-out: no data-ready; the board does not answer"));
     EXPECT_GT(Find<QLabel>(*form, "TimeOutsLabel").text().toInt(), 55);  // a minute apart
-    Expect("ElapsedLabel: 1:00:03 | BoardLabel: Simulated board does not answer");
+    Expect("ElapsedLabel: 1:00:00 | BoardLabel: Simulated board does not answer");
     EXPECT_TRUE(QString::fromStdString(folder.Bytes("r.csv"))
                     .contains(QStringLiteral("Z time-out: no data-ready")));
 }
