@@ -134,8 +134,12 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
 
 }  // namespace
 
+int OpenGpioChip(const std::string& path, int mode) {
+    return open(path.c_str(), mode | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
 std::optional<GpioChip> GpioChipAt(const std::string& path) {
-    const int device = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int device = OpenGpioChip(path, O_RDONLY);
     if (device == -1) {
         return std::nullopt;
     }

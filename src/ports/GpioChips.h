@@ -23,6 +23,10 @@ struct GpioChip {
     std::vector<GpioLineInfo> lines{};  ///< by their offsets
 };
 
+/// Opens a device, for O_RDONLY or O_RDWR; -1 and errno on failure. Does not wait, whatever the
+/// path is, such as a FIFO that nobody writes to.
+int OpenGpioChip(const std::string& path, int mode);
+
 /// What a device is; empty, with errno, where it cannot be opened or is not a GPIO chip.
 std::optional<GpioChip> GpioChipAt(const std::string& path);
 

@@ -83,7 +83,7 @@ bool GpioLines::Claim(LineLevels outputs) {
             requested_.push_back(role.role);
         }
     }
-    const int chip = open(place_->chip.path.c_str(), O_RDWR | O_CLOEXEC);
+    const int chip = OpenGpioChip(place_->chip.path, O_RDWR);
     if (chip == -1) {
         failure_ = GpioOpenFailureDetail(place_->chip.path, errno);
         return false;

@@ -232,6 +232,14 @@ TEST_F(GpioPortTest, ReportsWhyTheLinesCannotBeUsed) {
               "The lines of /dev/gpiochip0 cannot be claimed: Input/output error.");
 }
 
+TEST_F(GpioPortTest, RefusesAFifoWithoutWaitingForItsWriter) {
+    const std::string fifo = testing::TempDir() + "fifo" + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    EXPECT_EQ(FailureOf("gpio:chip=" + fifo),
+              fifo + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.");
+    unlink(fifo.c_str());
+}
+
 TEST_F(GpioPortTest, NamesTheGroupOrTheRuleThatGivesPermission) {
     const std::string device = chip.Real("/dev/gpiochip0");
     if (chown(device.c_str(), 0, getgrnam("dialout")->gr_gid) != 0 ||
