@@ -13,15 +13,15 @@ namespace {
 struct KindTraits {
     LineKind kind;
     std::string_view prefix;
-    std::string_view deviceKey;
+    std::array<std::string_view, 2> deviceKeys;               ///< the second may be missing
     std::array<std::string_view, LineRoles.size()> defaults;  ///< by role
 };
 
 /// The defaults are those of the wiring tables: of the 40-pin header of single-board computers, and
 /// of a UART's pins.
 constexpr KindTraits kinds[] = {
-    {LineKind::Gpio, "gpio:", "chip", {"GPIO24", "GPIO23", "GPIO22", "GPIO18", "GPIO17", ""}},
-    {LineKind::Ftdi, "ftdi:", "serial", {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
+    {LineKind::Gpio, "gpio:", {"chip"}, {"GPIO24", "GPIO23", "GPIO22", "GPIO18", "GPIO17", ""}},
+    {LineKind::Ftdi, "ftdi:", {"serial", "device"}, {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
 };
 
 const KindTraits* KindOf(std::string_view port) {
@@ -36,10 +36,13 @@ const KindTraits* KindOf(std::string_view port) {
 
 /// The line or the device that a key names.
 std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& choice) {
-    if (key == kind.deviceKey) {
-        return choice.device;
+    std::vector<std::string> names;
+    for (const std::string_view name : kind.deviceKeys) {
+        if (!name.empty() && name == key) {
+            return choice.device;
+        }
+        names.emplace_back(name);
     }
-    std::vector<std::string> names{std::string(kind.deviceKey)};
     for (const LineRoleTraits& role : LineRoles) {
         if (role.name == key) {
             return choice.lines.at(IndexOf(role.role));
@@ -47,7 +50,7 @@ std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& c
         names.emplace_back(role.name);
     }
     Refuse("'" + std::string(key) + "' is neither a line of the board nor \"" +
-           std::string(kind.deviceKey) + "\"" + Suggestion(key, names));
+           std::string(kind.deviceKeys[0]) + "\"" + Suggestion(key, names));
 }
 
 void RefuseLineUsedTwice(const LineNames& lines) {
@@ -76,7 +79,7 @@ LineChoice ParseLineChoice(std::string_view port) {
     LineChoice choice{.kind = kind->kind};
     std::ranges::transform(kind->defaults, choice.lines.begin(),
                            [](std::string_view name) { return std::string(name); });
-    std::vector<std::string_view> seen;
+    std::vector<const std::string*> seen;
     std::string_view rest = port.substr(kind->prefix.size());
     while (!rest.empty()) {
         const std::string_view entry = rest.substr(0, rest.find(','));
@@ -87,10 +90,10 @@ LineChoice ParseLineChoice(std::string_view port) {
         if (equals + 1 >= entry.size()) {
             Refuse(std::string(key) + " has no value; write " + std::string(key) + "=NAME");
         }
-        if (std::ranges::find(seen, key) != seen.end()) {
+        if (std::ranges::find(seen, &place) != seen.end()) {
             Refuse(std::string(key) + " is given twice");
         }
-        seen.push_back(key);
+        seen.push_back(&place);
         place = entry.substr(equals + 1);
     }
     RefuseLineUsedTwice(choice.lines);

@@ -71,8 +71,9 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     for (const std::string& path : FindGpioChips()) {
         ports.push_back(ListingOf(path));
     }
-    for (const FtdiDevice& device : FindFtdiDevices()) {
-        ports.push_back({.name = device.serial.empty() ? "ftdi:" : "ftdi:serial=" + device.serial,
+    const std::vector<FtdiDevice> devices = FindFtdiDevices();
+    for (const FtdiDevice& device : devices) {
+        ports.push_back({.name = FtdiChoiceText(device, devices),
                          .permissions = PermissionsOf(device.path),
                          .claim = PortClaim::NotTried,
                          .remarks = device.product + ", " + device.path});
