@@ -86,24 +86,21 @@ std::string MissingDetail(const GpioChip& chip, const std::string& line) {
            " \"vx3260-cli ports\" lists the chips; all lines have to be on one.";
 }
 
-std::vector<GpioChip> AllChips() {
-    std::vector<GpioChip> chips;
+struct AllChips {
+    std::vector<GpioChip> chips{};
+    std::string firstFailure{};  ///< why the first of the others cannot be looked at
+};
+
+AllChips LookAtAllChips() {
+    AllChips all;
     for (const std::string& path : FindGpioChips()) {
         if (std::optional<GpioChip> chip = GpioChipAt(path)) {
-            chips.push_back(std::move(*chip));
+            all.chips.push_back(std::move(*chip));
+        } else if (all.firstFailure.empty()) {
+            all.firstFailure = GpioOpenFailureDetail(path, errno);
         }
     }
-    return chips;
-}
-
-/// Where no chip can be looked at.
-std::string NoChipDetail() {
-    const std::vector<std::string> paths = FindGpioChips();
-    if (paths.empty()) {
-        return "This machine has no GPIO chip (/dev/gpiochip0 ...).";
-    }
-    GpioChipAt(paths.front());
-    return GpioOpenFailureDetail(paths.front(), errno);
+    return all;
 }
 
 /// The chip that has the most of the names shows which one is missing.
@@ -114,9 +111,10 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
         failure = "Lines that are numbers need the chip too: chip=/dev/gpiochip0";
         return std::nullopt;
     }
-    const std::vector<GpioChip> chips = AllChips();
+    const auto [chips, firstFailure] = LookAtAllChips();
     if (chips.empty()) {
-        failure = NoChipDetail();
+        failure = firstFailure.empty() ? "This machine has no GPIO chip (/dev/gpiochip0 ...)."
+                                       : firstFailure;
         return std::nullopt;
     }
     const auto namesOn = [&names](const GpioChip& chip) {
@@ -126,7 +124,7 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
     };
     const GpioChip& best = *std::ranges::max_element(chips, {}, namesOn);
     if (const std::optional<std::string> missing = MissingOn(best, names)) {
-        failure = MissingDetail(best, *missing);
+        failure = MissingDetail(best, *missing) + (firstFailure.empty() ? "" : "\n") + firstFailure;
         return std::nullopt;
     }
     return best;

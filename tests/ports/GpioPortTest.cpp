@@ -240,6 +240,16 @@ TEST_F(GpioPortTest, RefusesAFifoWithoutWaitingForItsWriter) {
     unlink(fifo.c_str());
 }
 
+TEST_F(GpioPortTest, ReportsTheChipThatCannotBeLookedAtBesideTheOthers) {
+    chip.AddChip("gpiochip1", "expander", {"GPIO24"});
+    chip.Fail(GPIO_GET_CHIPINFO_IOCTL, EACCES, 1);
+    const std::string failure = FailureOf("gpio:rdy=A");
+    EXPECT_TRUE(failure.starts_with("/dev/gpiochip0 (pinctrl-fake, lines 0 to 53) has no line A."))
+        << failure;
+    EXPECT_NE(failure.find("\nYou have no permission to use /dev/gpiochip1"), failure.npos)
+        << failure;
+}
+
 TEST_F(GpioPortTest, NamesTheGroupOrTheRuleThatGivesPermission) {
     const std::string device = chip.Real("/dev/gpiochip0");
     if (chown(device.c_str(), 0, getgrnam("dialout")->gr_gid) != 0 ||
