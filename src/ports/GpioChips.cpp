@@ -27,7 +27,11 @@ std::string TextOf(const char (&field)[Size]) {
     return {field, std::find(field, field + Size, '\0')};
 }
 
-/// Copies what the ioctls report about an open chip.
+/// The errno of a chip of which only the first version of the ioctls is there: those of the second
+/// fail as they do on what is not a chip.
+constexpr int tooOld = EOPNOTSUPP;
+
+/// Copies what the ioctls report about an open chip; empty, with errno, where one fails.
 std::optional<GpioChip> Inspect(const std::string& path, int device) {
     gpiochip_info about{};
     if (Ioctl(device, GPIO_GET_CHIPINFO_IOCTL, &about) == -1) {
@@ -37,11 +41,12 @@ std::optional<GpioChip> Inspect(const std::string& path, int device) {
     for (std::uint32_t offset = 0; offset < about.lines; ++offset) {
         gpio_v2_line_info info{};
         info.offset = offset;
-        GpioLineInfo& line = chip.lines.emplace_back();
-        if (Ioctl(device, GPIO_V2_GET_LINEINFO_IOCTL, &info) == 0) {
-            line = {TextOf(info.name), TextOf(info.consumer),
-                    (info.flags & GPIO_V2_LINE_FLAG_USED) != 0};
+        if (Ioctl(device, GPIO_V2_GET_LINEINFO_IOCTL, &info) == -1) {
+            errno = errno == EINVAL || errno == ENOTTY ? tooOld : errno;
+            return std::nullopt;
         }
+        chip.lines.push_back(
+            {TextOf(info.name), TextOf(info.consumer), (info.flags & GPIO_V2_LINE_FLAG_USED) != 0});
     }
     return chip;
 }
@@ -168,6 +173,10 @@ std::string GpioOpenFailureDetail(const std::string& path, int error) {
         case ENOTTY:
         case EINVAL:
             return path + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.";
+        case tooOld:
+            return path +
+                   " cannot be used: this kernel's GPIO interface is too old; Linux 5.10 or later "
+                   "is needed.";
         case ENOENT:
         case ENXIO:
         case ENODEV: {

@@ -240,6 +240,17 @@ TEST_F(GpioPortTest, RefusesAFifoWithoutWaitingForItsWriter) {
     unlink(fifo.c_str());
 }
 
+TEST_F(GpioPortTest, NamesTheKernelThatIsNeeded) {
+    for (const int error : {EINVAL, ENOTTY}) {
+        chip.Fail(GPIO_V2_GET_LINEINFO_IOCTL, error);
+        for (const char* const port : {"gpio:", "gpio:chip=/dev/gpiochip0,sclk=24"}) {
+            EXPECT_EQ(FailureOf(port),
+                      "/dev/gpiochip0 cannot be used: this kernel's GPIO interface is too old; "
+                      "Linux 5.10 or later is needed.");
+        }
+    }
+}
+
 TEST_F(GpioPortTest, ReportsTheChipThatCannotBeLookedAtBesideTheOthers) {
     chip.AddChip("gpiochip1", "expander", {"GPIO24"});
     chip.Fail(GPIO_GET_CHIPINFO_IOCTL, EACCES, 1);
