@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "numbers/NumberText.h"
 #include "numbers/SimilarText.h"
 
 namespace vx3260 {
@@ -24,9 +25,12 @@ constexpr KindTraits kinds[] = {
     {LineKind::Ftdi, "ftdi:", {"serial", "device"}, {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
 };
 
+/// Also of "GPIO:" and "gpio24", which are refused: the path of a printer port begins otherwise.
 const KindTraits* KindOf(std::string_view port) {
-    const auto* const kind = std::ranges::find_if(
-        kinds, [port](const KindTraits& traits) { return port.starts_with(traits.prefix); });
+    const std::string upper = UpperCase(port);
+    const auto* const kind = std::ranges::find_if(kinds, [&upper](const KindTraits& traits) {
+        return upper.starts_with(UpperCase(traits.prefix.substr(0, traits.prefix.find(':'))));
+    });
     return kind == std::end(kinds) ? nullptr : kind;
 }
 
@@ -34,23 +38,38 @@ const KindTraits* KindOf(std::string_view port) {
     throw std::invalid_argument(reason);
 }
 
-/// The line or the device that a key names.
+bool SameWord(std::string_view one, std::string_view other) {
+    return UpperCase(one) == UpperCase(other);
+}
+
+/// The keys for a person, the last after "and".
+std::string ListOf(const std::vector<std::string>& keys) {
+    std::string list;
+    for (const std::string& key : keys) {
+        list += (list.empty() ? "" : &key == &keys.back() ? " and " : ", ") + key;
+    }
+    return list;
+}
+
+/// The line or the device that a key names, in capital or small letters.
 std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& choice) {
     std::vector<std::string> names;
-    for (const std::string_view name : kind.deviceKeys) {
-        if (!name.empty() && name == key) {
-            return choice.device;
-        }
-        names.emplace_back(name);
-    }
     for (const LineRoleTraits& role : LineRoles) {
-        if (role.name == key) {
+        if (SameWord(role.name, key)) {
             return choice.lines.at(IndexOf(role.role));
         }
         names.emplace_back(role.name);
     }
-    Refuse("'" + std::string(key) + "' is neither a line of the board nor \"" +
-           std::string(kind.deviceKeys[0]) + "\"" + Suggestion(key, names));
+    for (const std::string_view name : kind.deviceKeys) {
+        if (!name.empty() && SameWord(name, key)) {
+            return choice.device;
+        }
+        if (!name.empty()) {
+            names.emplace_back(name);
+        }
+    }
+    Refuse("'" + std::string(key) + "' is not a key; there are " + ListOf(names) +
+           Suggestion(key, names));
 }
 
 void RefuseLineUsedTwice(const LineNames& lines) {
@@ -75,6 +94,11 @@ LineChoice ParseLineChoice(std::string_view port) {
     const KindTraits* const kind = KindOf(port);
     if (kind == nullptr) {
         Refuse("'" + std::string(port) + "' does not begin with gpio: or ftdi:");
+    }
+    if (!port.starts_with(kind->prefix)) {
+        const std::string prefix(kind->prefix);
+        Refuse("'" + std::string(port) + "' is not a port; did you mean " + prefix + ", or " +
+               prefix + "sclk=" + std::string(kind->defaults[IndexOf(LineRole::Sclk)]) + ",...?");
     }
     LineChoice choice{.kind = kind->kind};
     std::ranges::transform(kind->defaults, choice.lines.begin(),

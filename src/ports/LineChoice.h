@@ -21,7 +21,8 @@ struct LineChoice {
     LineNames lines{};  ///< names or numbers
 };
 
-/// Whether a port is chosen in this manner.
+/// Whether a port is chosen in this manner, or meant to be: it begins with the name of a kind, in
+/// capital or small letters. The rest may be wrong.
 bool IsLineChoice(std::string_view port);
 
 /// Throws std::invalid_argument with the reason.
