@@ -190,10 +190,24 @@ TEST_F(GpioPortTest, MessagesNameTheWires) {
         {"{DOUT}, {SCLK and DIN}", "DOUT (GPIO18), SCLK (GPIO24) and DIN (GPIO23)"},
         {"{SCLK, DIN} and", "SCLK (GPIO24), DIN (GPIO23) and"},
         {"{listed port}, and", "at the wires (" + wires + "), and"},
+        {"Check the {cable} and", "Check the wires (" + wires + ") and"},
         {"the {data-ready line}.", "the data-ready line (GPIO17)."}};
     for (const auto& [text, filled] : advice) {
         EXPECT_EQ(InPortWords(text, *port), filled);
     }
+    EXPECT_TRUE(MessageTexts::CalibrationTimeoutDetail(*port).ends_with("line (GPIO17)."));
+    const auto second = Open("gpio:din=GPIO3");
+    chip.Hold(3, "led0");
+    Services failed{*second, messages, system, state};
+    StartUp(failed);
+    ASSERT_FALSE(messages.shown.empty());
+    EXPECT_EQ(messages.shown.back().text, MessageTexts::ClaimFailed);
+    EXPECT_TRUE(
+        messages.shown.back().detail.ends_with("\nThe chosen lines: SCLK on GPIO24, DIN on "
+                                               "GPIO3, RESET on GPIO22, DOUT on GPIO18, "
+                                               "RDY on GPIO17."))
+        << messages.shown.back().detail;
+    state.PortClaimFailed = false;
     chip.Fail(getLines, ENODEV);
     port->InByte(889);
     EXPECT_EQ(BoardStateOf(services).text, "No lines");

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "app/PortWords.h"
 #include "characterisation/Report.h"
 #include "characterisation/Sweep.h"
 #include "characterisation/Tables.h"
@@ -213,9 +214,10 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
     CheckReadyLine(services);
     const CharacterisationEnd end = MeasureRemaining(services, folder, hooks);
     if (end == CharacterisationEnd::NoBoard) {
-        err << "The board does not answer any more. Check the cable and the board's power; "
-               "--resume "
-               "goes on with what is left"
+        err << InPortWords(
+                   "The board does not answer any more. Check the {cable} and the board's power; "
+                   "--resume goes on with what is left",
+                   services.port)
             << std::endl;
     } else if (end == CharacterisationEnd::Stopped) {
         err << "Stopped; --resume goes on with what is left" << std::endl;
