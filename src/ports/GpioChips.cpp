@@ -21,12 +21,6 @@ constexpr std::string_view chipPrefix = "gpiochip";
 
 constexpr const char* chipsOfUdev = "SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\"";
 
-/// A text of the kernel's that may fill its field without an end.
-template <std::size_t Size>
-std::string TextOf(const char (&field)[Size]) {
-    return {field, std::find(field, field + Size, '\0')};
-}
-
 /// The errno of a chip of which only the first version of the ioctls is there: those of the second
 /// fail as they do on what is not a chip.
 constexpr int tooOld = EOPNOTSUPP;
@@ -37,7 +31,7 @@ std::optional<GpioChip> Inspect(const std::string& path, int device) {
     if (Ioctl(device, GPIO_GET_CHIPINFO_IOCTL, &about) == -1) {
         return std::nullopt;
     }
-    GpioChip chip{.path = path, .label = TextOf(about.label)};
+    GpioChip chip{.path = path, .label = KernelText(about.label)};
     for (std::uint32_t offset = 0; offset < about.lines; ++offset) {
         gpio_v2_line_info info{};
         info.offset = offset;
@@ -45,8 +39,8 @@ std::optional<GpioChip> Inspect(const std::string& path, int device) {
             errno = errno == EINVAL || errno == ENOTTY ? tooOld : errno;
             return std::nullopt;
         }
-        chip.lines.push_back(
-            {TextOf(info.name), TextOf(info.consumer), (info.flags & GPIO_V2_LINE_FLAG_USED) != 0});
+        chip.lines.push_back({KernelText(info.name), KernelText(info.consumer),
+                              (info.flags & GPIO_V2_LINE_FLAG_USED) != 0});
     }
     return chip;
 }

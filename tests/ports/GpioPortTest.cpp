@@ -217,9 +217,9 @@ TEST_F(GpioPortTest, NamesWhoHoldsALine) {
     chip.Hold(17, "gpio-keys");
     chip.Hold(24, "");
     EXPECT_EQ(FailureOf("gpio:"),
-              "The lines of /dev/gpiochip0 cannot be claimed: Device or resource busy. GPIO24, "
-              "for SCLK, is in use by the system: end that, or choose another line. GPIO17, for "
-              "RDY, is in use by \"gpio-keys\": end that, or choose another line.");
+              "The lines of /dev/gpiochip0 cannot be claimed: Device or resource busy. In use: "
+              "GPIO24, for SCLK, by the system; GPIO17, for RDY, by \"gpio-keys\". End that, or "
+              "choose other lines.");
 }
 
 TEST_F(GpioPortTest, ReportsWhyTheLinesCannotBeUsed) {
