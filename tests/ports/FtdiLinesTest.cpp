@@ -29,7 +29,7 @@ class FakePins final : public PinExchange {
         std::vector<std::size_t> exchanges;  ///< their bytes
         int exchangesLeft = 1 << 30;
         bool refuses = false;
-        bool silent = false;  ///< RDY stays high
+        std::size_t silentUntil = 0;  ///< RDY is high before this exchange, and low in it
     };
 
     explicit FakePins(Chip& chip) : chip_(chip) {}
@@ -53,11 +53,14 @@ class FakePins final : public PinExchange {
     /// Time passes faster on the board while the clock rests.
     std::uint8_t Step(unsigned byte) {
         unsigned status = chip_.board.Read(1);
-        for (int i = 0; i < 50 && (pins_ & 0x01U) != 0 && (status & 0x40U) != 0; ++i) {
+        const bool silent = chip_.exchanges.size() < chip_.silentUntil;
+        const bool falls = chip_.exchanges.size() == chip_.silentUntil;
+        for (int i = 0;
+             i < 50 && !silent && !falls && (pins_ & 0x01U) != 0 && (status & 0x40U) != 0; ++i) {
             status = chip_.board.Read(1);
         }
         const unsigned sample = (pins_ & 0x15U) | ((status & 0x10U) != 0 ? 0x02U : 0U) |
-                                ((status & 0x40U) != 0 || chip_.silent ? 0x08U : 0U);
+                                (((status & 0x40U) != 0 && !falls) || silent ? 0x08U : 0U);
         pins_ = byte;
         chip_.board.Write(0, static_cast<std::uint8_t>(0x10U | ((byte & 0x01U) != 0 ? 0x08U : 0U) |
                                                        ((byte & 0x04U) != 0 ? 0x01U : 0U) |
@@ -143,11 +146,13 @@ TEST_F(Ftdi, SendsAWordInOneExchange) {
 
 TEST_F(Ftdi, LimitsTheWaitByTime) {
     const auto port = Claimed();
-    chip.silent = true;
-    EXPECT_FALSE(port->WaitForLow(base + 1, 0x40, 1000));
-    EXPECT_GE(chip.exchanges.size(), 1U);
-    chip.silent = false;
-    EXPECT_TRUE(port->WaitForLow(base + 1, 0x40, 99999));
+    chip.silentUntil = 1U << 30U;
+    EXPECT_FALSE(port->WaitForLow(base + 1, 0x40, 50000));
+    EXPECT_GE(chip.exchanges.size(), 10U) << "in 200 ms, each far below one here";
+    chip.exchanges.clear();
+    chip.silentUntil = 25;
+    EXPECT_TRUE(port->WaitForLow(base + 1, 0x40, 10000000));
+    EXPECT_EQ(chip.exchanges.size(), 25U);
 }
 
 TEST_F(Ftdi, ReportsWhyItCannotBeUsed) {
