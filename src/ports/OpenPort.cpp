@@ -137,8 +137,12 @@ std::vector<PortListing> ListPorts(const PortChoice& choice) {
 
 std::string NoPortDetail() {
     const std::string failure = OpenRealPort({})->FailureDetail();
-    return failure + (failure.empty() ? "There is no printer port.\n" : "\n") +
-           "Without a board, " + std::string(MessageTexts::SimulatedHint) + ".";
+    const std::string reason = failure.empty() ? "There is no printer port." : failure;
+    return (RealPortsAreDevices
+                ? "This machine has no printer port, no GPIO chip (/dev/gpiochip0 ...) and no "
+                  "FTDI device on USB.\n"
+                : "") +
+           reason + "\nWithout a board, " + std::string(MessageTexts::SimulatedHint) + ".";
 }
 
 }  // namespace vx3260
