@@ -83,7 +83,7 @@ class CollectedAccesses {
 };
 
 /// Calls `use` with the accesses that suit the port. There are two kinds because collecting a word
-/// costs a port with cheap accesses twice the time.
+/// costs a port with cheap accesses more than twice the time.
 template <typename Use>
 auto WithAccesses(ParallelPort& parallelPort, std::int16_t port, Use use) {
     if (parallelPort.TransfersAtOnce()) {
