@@ -59,6 +59,16 @@ void SerialRead24(benchmark::State& state) {
 }
 BENCHMARK(SerialRead24);
 
+/// One transfer instead of 72 accesses.
+void SerialRead24AtOnce(benchmark::State& state) {
+    ParallelPort& port = IdleTransferPort();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(SerialRead(port, 24, base));
+    }
+    CountAccesses(state, 73);
+}
+BENCHMARK(SerialRead24AtOnce);
+
 void SerialRead24Straight(benchmark::State& state) {
     ParallelPort& port = IdlePort();
     for (auto _ : state) {

@@ -52,6 +52,13 @@ std::string MismatchDetail(const ParallelPort& port,
     return detail + (failure.empty() ? InPortWords(advice, port) : "\n" + failure);
 }
 
+std::string CalibrationTimeoutDetail(const ParallelPort& port) {
+    return InPortWords(
+        "The data-ready line did not show the end of the calibration in time. Check the cable, the "
+        "board's power and its {data-ready line}.",
+        port);
+}
+
 std::optional<Message> CalibrationPrompt(std::int32_t mode) {
     switch (mode) {
         case RegisterMap::SystemZeroScale:

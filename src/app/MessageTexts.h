@@ -70,9 +70,8 @@ std::string MismatchDetail(const ParallelPort& port,
                            std::int32_t written, std::int32_t readBack);
 
 inline constexpr std::string_view ErrorCalibrating = "Error Calibrating VX3260";
-inline constexpr std::string_view CalibrationTimeoutDetail =
-    "The data-ready line did not show the end of the calibration in time. Check the cable, the "
-    "board's power and its data-ready line.";
+/// The detail of a calibration whose end was not seen: what to check.
+std::string CalibrationTimeoutDetail(const ParallelPort& port);
 
 /// What the user has to connect before a calibration of this mode, 4 to 7; nothing for the internal
 /// ones.

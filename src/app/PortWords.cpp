@@ -11,6 +11,7 @@ struct Words {
 };
 
 constexpr Words allWords[] = {
+    {"{cable}", "cable", "wires (<>)"},
     {"{the port}", "the printer port", "the wires: <>"},
     {"{this port}", "this printer port", "these lines: <>"},
     {"{which port}", "which printer port it is on", "the wires: <>"},

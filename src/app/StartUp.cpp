@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/MessageTexts.h"
+#include "app/PortWords.h"
 #include "app/PrinterPorts.h"
 #include "link/BoardLines.h"
 #include "link/ParallelPort.h"
@@ -41,12 +42,17 @@ bool Contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }
 
+std::string ClaimFailureDetail(const ParallelPort& port) {
+    const std::string wiring = WiringText(port);
+    return port.FailureDetail() + (wiring.empty() ? "" : "\nThe chosen lines: " + wiring + ".");
+}
+
 void ClaimPort(Services& services) {
     services.state.PortCount = services.port.GetParallelPortCount();
     if (services.port.ClaimParallelPort(firstPort, -1) == 0) {
         services.state.PortClaimFailed = true;
         services.messages.Show({.text = std::string(MessageTexts::ClaimFailed),
-                                .detail = services.port.FailureDetail()});
+                                .detail = ClaimFailureDetail(services.port)});
     }
 }
 

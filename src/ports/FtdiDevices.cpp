@@ -46,7 +46,7 @@ std::string ListOf(const std::vector<FtdiDevice>& devices) {
     for (const FtdiDevice& device : devices) {
         list += list.empty() ? "" : ", ";
         list += device.serial.empty() ? "no serial number" : device.serial;
-        list.append(" (").append(device.product).append(")");
+        list.append(" (" + device.product + ", " + device.path + ")");
     }
     return list;
 }
@@ -66,24 +66,31 @@ std::vector<FtdiDevice> FindFtdiDevices(const std::string& folder) {
     return devices;
 }
 
+std::string FtdiChoiceText(const FtdiDevice& device, const std::vector<FtdiDevice>& devices) {
+    const bool chooses = !device.serial.empty() && device.serial.find(',') == std::string::npos &&
+                         std::ranges::count(devices, device.serial, &FtdiDevice::serial) == 1;
+    return chooses ? "ftdi:serial=" + device.serial : "ftdi:device=" + device.path;
+}
+
 std::optional<FtdiDevice> ChooseFtdiDevice(const std::vector<FtdiDevice>& devices,
-                                           const std::string& serial, std::string& failure) {
+                                           const std::string& choice, std::string& failure) {
     if (devices.empty()) {
         failure = "No FTDI device is connected.";
         return std::nullopt;
     }
     std::vector<FtdiDevice> chosen;
-    std::ranges::copy_if(devices, std::back_inserter(chosen), [&serial](const FtdiDevice& device) {
-        return serial.empty() || device.serial == serial;
+    std::ranges::copy_if(devices, std::back_inserter(chosen), [&choice](const FtdiDevice& device) {
+        return choice.empty() || device.serial == choice || device.path == choice;
     });
     if (chosen.empty()) {
-        failure = "There is no FTDI device with the serial number " + serial +
+        failure = std::string("There is no FTDI device ") +
+                  (choice.starts_with('/') ? "at " : "with the serial number ") + choice +
                   "; connected: " + ListOf(devices) + ".";
         return std::nullopt;
     }
     if (chosen.size() > 1) {
-        failure = "There are several FTDI devices: " + ListOf(chosen) +
-                  ". Choose one by its serial number: --port ftdi:serial=" + chosen.front().serial;
+        failure = "There are several FTDI devices: " + ListOf(chosen) + ". Choose one: --port " +
+                  FtdiChoiceText(chosen.front(), devices);
         return std::nullopt;
     }
     return chosen.front();

@@ -23,10 +23,14 @@ inline constexpr const char* UsbFolder = "/sys/bus/usb/devices";
 /// The FTDI devices of the machine. Opens none of them.
 std::vector<FtdiDevice> FindFtdiDevices(const std::string& folder = UsbFolder);
 
-/// The device with this serial number, or the only one where `serial` is empty. Returns nothing,
-/// and why in `failure`, where there is none or a choice has to be made.
+/// What --port takes to choose this one of the devices: its serial number, or its path where there
+/// is none of its own.
+std::string FtdiChoiceText(const FtdiDevice& device, const std::vector<FtdiDevice>& devices);
+
+/// The device with this serial number or path, or the only one where `choice` is empty. Returns
+/// nothing, and why in `failure`, where there is none or a choice has to be made.
 std::optional<FtdiDevice> ChooseFtdiDevice(const std::vector<FtdiDevice>& devices,
-                                           const std::string& serial, std::string& failure);
+                                           const std::string& choice, std::string& failure);
 
 /// Why a device cannot be opened, and the remedy; `reason` is the USB library's.
 std::string FtdiOpenFailureDetail(const FtdiDevice& device, const std::string& reason);

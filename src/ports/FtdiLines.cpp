@@ -27,10 +27,10 @@ FtdiLines::FtdiLines(LineChoice choice, std::vector<FtdiDevice> devices,
     : choice_(std::move(choice)),
       devices_(std::move(devices)),
       pins_(std::move(pins)),
-      serial_(choice_.device) {}
+      name_(choice_.device) {}
 
 std::string FtdiLines::ChipName() const {
-    return serial_.empty() ? "FTDI" : "FTDI " + serial_;
+    return name_.empty() ? "FTDI" : "FTDI " + name_;
 }
 
 bool FtdiLines::FindPins() {
@@ -74,7 +74,7 @@ bool FtdiLines::Claim(LineLevels outputs) {
         failure_ = FtdiOpenFailureDetail(*device, pins_->Failure());
         return false;
     }
-    serial_ = device->serial;
+    name_ = choice_.device.empty() ? device->serial : choice_.device;
     failed_ = false;
     failure_.clear();
     Send(std::vector<std::uint8_t>(PinExchange::Packet,

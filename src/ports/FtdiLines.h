@@ -41,8 +41,8 @@ class FtdiLines final : public Lines {
     std::vector<FtdiDevice> devices_;
     std::unique_ptr<PinExchange> pins_;
     std::array<std::uint8_t, LineRoles.size()> bits_{};  ///< by role; 0 for a line that is not used
-    std::string serial_;
-    std::uint8_t last_ = 0;  ///< the byte put out last
+    std::string name_;                                   ///< serial number or path
+    std::uint8_t last_ = 0;                              ///< the byte put out last
     bool failed_ = false;
     std::string failure_;
 };

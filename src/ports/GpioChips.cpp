@@ -21,27 +21,26 @@ constexpr std::string_view chipPrefix = "gpiochip";
 
 constexpr const char* chipsOfUdev = "SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\"";
 
-/// A text of the kernel's that may fill its field without an end.
-template <std::size_t Size>
-std::string TextOf(const char (&field)[Size]) {
-    return {field, std::find(field, field + Size, '\0')};
-}
+/// The errno of a chip of which only the first version of the ioctls is there: those of the second
+/// fail as they do on what is not a chip.
+constexpr int tooOld = EOPNOTSUPP;
 
-/// Copies what the ioctls report about an open chip.
+/// Copies what the ioctls report about an open chip; empty, with errno, where one fails.
 std::optional<GpioChip> Inspect(const std::string& path, int device) {
     gpiochip_info about{};
     if (Ioctl(device, GPIO_GET_CHIPINFO_IOCTL, &about) == -1) {
         return std::nullopt;
     }
-    GpioChip chip{.path = path, .label = TextOf(about.label)};
+    GpioChip chip{.path = path, .label = KernelText(about.label)};
     for (std::uint32_t offset = 0; offset < about.lines; ++offset) {
         gpio_v2_line_info info{};
         info.offset = offset;
-        GpioLineInfo& line = chip.lines.emplace_back();
-        if (Ioctl(device, GPIO_V2_GET_LINEINFO_IOCTL, &info) == 0) {
-            line = {TextOf(info.name), TextOf(info.consumer),
-                    (info.flags & GPIO_V2_LINE_FLAG_USED) != 0};
+        if (Ioctl(device, GPIO_V2_GET_LINEINFO_IOCTL, &info) == -1) {
+            errno = errno == EINVAL || errno == ENOTTY ? tooOld : errno;
+            return std::nullopt;
         }
+        chip.lines.push_back({KernelText(info.name), KernelText(info.consumer),
+                              (info.flags & GPIO_V2_LINE_FLAG_USED) != 0});
     }
     return chip;
 }
@@ -86,24 +85,21 @@ std::string MissingDetail(const GpioChip& chip, const std::string& line) {
            " \"vx3260-cli ports\" lists the chips; all lines have to be on one.";
 }
 
-std::vector<GpioChip> AllChips() {
-    std::vector<GpioChip> chips;
+struct AllChips {
+    std::vector<GpioChip> chips{};
+    std::string firstFailure{};  ///< why the first of the others cannot be looked at
+};
+
+AllChips LookAtAllChips() {
+    AllChips all;
     for (const std::string& path : FindGpioChips()) {
         if (std::optional<GpioChip> chip = GpioChipAt(path)) {
-            chips.push_back(std::move(*chip));
+            all.chips.push_back(std::move(*chip));
+        } else if (all.firstFailure.empty()) {
+            all.firstFailure = GpioOpenFailureDetail(path, errno);
         }
     }
-    return chips;
-}
-
-/// Where no chip can be looked at.
-std::string NoChipDetail() {
-    const std::vector<std::string> paths = FindGpioChips();
-    if (paths.empty()) {
-        return "This machine has no GPIO chip (/dev/gpiochip0 ...).";
-    }
-    GpioChipAt(paths.front());
-    return GpioOpenFailureDetail(paths.front(), errno);
+    return all;
 }
 
 /// The chip that has the most of the names shows which one is missing.
@@ -114,9 +110,10 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
         failure = "Lines that are numbers need the chip too: chip=/dev/gpiochip0";
         return std::nullopt;
     }
-    const std::vector<GpioChip> chips = AllChips();
+    const auto [chips, firstFailure] = LookAtAllChips();
     if (chips.empty()) {
-        failure = NoChipDetail();
+        failure = firstFailure.empty() ? "This machine has no GPIO chip (/dev/gpiochip0 ...)."
+                                       : firstFailure;
         return std::nullopt;
     }
     const auto namesOn = [&names](const GpioChip& chip) {
@@ -126,7 +123,7 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
     };
     const GpioChip& best = *std::ranges::max_element(chips, {}, namesOn);
     if (const std::optional<std::string> missing = MissingOn(best, names)) {
-        failure = MissingDetail(best, *missing);
+        failure = MissingDetail(best, *missing) + (firstFailure.empty() ? "" : "\n") + firstFailure;
         return std::nullopt;
     }
     return best;
@@ -134,8 +131,12 @@ std::optional<GpioChip> ChipWith(const LineNames& names, std::string& failure) {
 
 }  // namespace
 
+int OpenGpioChip(const std::string& path, int mode) {
+    return open(path.c_str(), mode | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
 std::optional<GpioChip> GpioChipAt(const std::string& path) {
-    const int device = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int device = OpenGpioChip(path, O_RDONLY);
     if (device == -1) {
         return std::nullopt;
     }
@@ -166,6 +167,10 @@ std::string GpioOpenFailureDetail(const std::string& path, int error) {
         case ENOTTY:
         case EINVAL:
             return path + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.";
+        case tooOld:
+            return path +
+                   " cannot be used: this kernel's GPIO interface is too old; Linux 5.10 or later "
+                   "is needed.";
         case ENOENT:
         case ENXIO:
         case ENODEV: {

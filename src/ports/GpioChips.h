@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,6 +12,12 @@
 
 /// The GPIO chips of Linux' character devices. Nothing here claims a line.
 namespace vx3260 {
+
+/// A text of the kernel's that may fill its field without an end.
+template <std::size_t Size>
+std::string KernelText(const char (&field)[Size]) {
+    return {field, std::find(field, field + Size, '\0')};
+}
 
 struct GpioLineInfo {
     std::string name{};      ///< empty where the system gives none
@@ -22,6 +30,10 @@ struct GpioChip {
     std::string label{};                ///< "pinctrl-bcm2835"
     std::vector<GpioLineInfo> lines{};  ///< by their offsets
 };
+
+/// Opens a device, for O_RDONLY or O_RDWR; -1 and errno on failure. Does not wait, whatever the
+/// path is, such as a FIFO that nobody writes to.
+int OpenGpioChip(const std::string& path, int mode);
 
 /// What a device is; empty, with errno, where it cannot be opened or is not a GPIO chip.
 std::optional<GpioChip> GpioChipAt(const std::string& path);

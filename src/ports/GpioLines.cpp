@@ -83,7 +83,7 @@ bool GpioLines::Claim(LineLevels outputs) {
             requested_.push_back(role.role);
         }
     }
-    const int chip = open(place_->chip.path.c_str(), O_RDWR | O_CLOEXEC);
+    const int chip = OpenGpioChip(place_->chip.path, O_RDWR);
     if (chip == -1) {
         failure_ = GpioOpenFailureDetail(place_->chip.path, errno);
         return false;
@@ -133,22 +133,21 @@ bool GpioLines::Request(int chip, LineLevels outputs, std::uint64_t inputFlags) 
 
 /// The error of a request names neither the line nor who holds it.
 std::string GpioLines::ClaimFailureDetail(int chip, int error) const {
-    std::string text = "The lines of " + place_->chip.path +
-                       " cannot be claimed: " + std::generic_category().message(error) + ".";
+    std::string held;
     for (const LineRole role : requested_) {
         gpio_v2_line_info info{};
         info.offset = *place_->offsets.at(IndexOf(role));
         if (Ioctl(chip, GPIO_V2_GET_LINEINFO_IOCTL, &info) == 0 &&
             (info.flags & GPIO_V2_LINE_FLAG_USED) != 0) {
-            const std::string holder(info.consumer,
-                                     std::find(info.consumer, std::end(info.consumer), '\0'));
-            text += " " + choice_.lines.at(IndexOf(role)) + ", for " +
-                    std::string(LineRoles.at(IndexOf(role)).signal) + ", is in use by " +
-                    (holder.empty() ? "the system" : "\"" + holder + "\"") +
-                    ": end that, or choose another line.";
+            const std::string holder = KernelText(info.consumer);
+            held += (held.empty() ? "" : "; ") + choice_.lines.at(IndexOf(role)) + ", for " +
+                    std::string(LineRoles.at(IndexOf(role)).signal) + ", by " +
+                    (holder.empty() ? "the system" : "\"" + holder + "\"");
         }
     }
-    return text;
+    return "The lines of " + place_->chip.path +
+           " cannot be claimed: " + std::generic_category().message(error) + "." +
+           (held.empty() ? "" : " In use: " + held + ". End that, or choose other lines.");
 }
 
 void GpioLines::Set(LineLevels outputs, LineLevels changed) {

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "numbers/NumberText.h"
 #include "numbers/SimilarText.h"
 
 namespace vx3260 {
@@ -13,20 +14,23 @@ namespace {
 struct KindTraits {
     LineKind kind;
     std::string_view prefix;
-    std::string_view deviceKey;
+    std::array<std::string_view, 2> deviceKeys;               ///< the second may be missing
     std::array<std::string_view, LineRoles.size()> defaults;  ///< by role
 };
 
 /// The defaults are those of the wiring tables: of the 40-pin header of single-board computers, and
 /// of a UART's pins.
 constexpr KindTraits kinds[] = {
-    {LineKind::Gpio, "gpio:", "chip", {"GPIO24", "GPIO23", "GPIO22", "GPIO18", "GPIO17", ""}},
-    {LineKind::Ftdi, "ftdi:", "serial", {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
+    {LineKind::Gpio, "gpio:", {"chip"}, {"GPIO24", "GPIO23", "GPIO22", "GPIO18", "GPIO17", ""}},
+    {LineKind::Ftdi, "ftdi:", {"serial", "device"}, {"TXD", "RTS", "DTR", "RXD", "CTS", ""}},
 };
 
+/// Also of "GPIO:" and "gpio24", which are refused: the path of a printer port begins otherwise.
 const KindTraits* KindOf(std::string_view port) {
-    const auto* const kind = std::ranges::find_if(
-        kinds, [port](const KindTraits& traits) { return port.starts_with(traits.prefix); });
+    const std::string upper = UpperCase(port);
+    const auto* const kind = std::ranges::find_if(kinds, [&upper](const KindTraits& traits) {
+        return upper.starts_with(UpperCase(traits.prefix.substr(0, traits.prefix.find(':'))));
+    });
     return kind == std::end(kinds) ? nullptr : kind;
 }
 
@@ -34,20 +38,38 @@ const KindTraits* KindOf(std::string_view port) {
     throw std::invalid_argument(reason);
 }
 
-/// The line or the device that a key names.
-std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& choice) {
-    if (key == kind.deviceKey) {
-        return choice.device;
+bool SameWord(std::string_view one, std::string_view other) {
+    return UpperCase(one) == UpperCase(other);
+}
+
+/// The keys for a person, the last after "and".
+std::string ListOf(const std::vector<std::string>& keys) {
+    std::string list;
+    for (const std::string& key : keys) {
+        list += (list.empty() ? "" : &key == &keys.back() ? " and " : ", ") + key;
     }
-    std::vector<std::string> names{std::string(kind.deviceKey)};
+    return list;
+}
+
+/// The line or the device that a key names, in capital or small letters.
+std::string& PlaceOf(std::string_view key, const KindTraits& kind, LineChoice& choice) {
+    std::vector<std::string> names;
     for (const LineRoleTraits& role : LineRoles) {
-        if (role.name == key) {
+        if (SameWord(role.name, key)) {
             return choice.lines.at(IndexOf(role.role));
         }
         names.emplace_back(role.name);
     }
-    Refuse("'" + std::string(key) + "' is neither a line of the board nor \"" +
-           std::string(kind.deviceKey) + "\"" + Suggestion(key, names));
+    for (const std::string_view name : kind.deviceKeys) {
+        if (!name.empty() && SameWord(name, key)) {
+            return choice.device;
+        }
+        if (!name.empty()) {
+            names.emplace_back(name);
+        }
+    }
+    Refuse("'" + std::string(key) + "' is not a key; there are " + ListOf(names) +
+           Suggestion(key, names));
 }
 
 void RefuseLineUsedTwice(const LineNames& lines) {
@@ -73,10 +95,15 @@ LineChoice ParseLineChoice(std::string_view port) {
     if (kind == nullptr) {
         Refuse("'" + std::string(port) + "' does not begin with gpio: or ftdi:");
     }
+    if (!port.starts_with(kind->prefix)) {
+        const std::string prefix(kind->prefix);
+        Refuse("'" + std::string(port) + "' is not a port; did you mean " + prefix + ", or " +
+               prefix + "sclk=" + std::string(kind->defaults[IndexOf(LineRole::Sclk)]) + ",...?");
+    }
     LineChoice choice{.kind = kind->kind};
     std::ranges::transform(kind->defaults, choice.lines.begin(),
                            [](std::string_view name) { return std::string(name); });
-    std::vector<std::string_view> seen;
+    std::vector<const std::string*> seen;
     std::string_view rest = port.substr(kind->prefix.size());
     while (!rest.empty()) {
         const std::string_view entry = rest.substr(0, rest.find(','));
@@ -87,10 +114,10 @@ LineChoice ParseLineChoice(std::string_view port) {
         if (equals + 1 >= entry.size()) {
             Refuse(std::string(key) + " has no value; write " + std::string(key) + "=NAME");
         }
-        if (std::ranges::find(seen, key) != seen.end()) {
+        if (std::ranges::find(seen, &place) != seen.end()) {
             Refuse(std::string(key) + " is given twice");
         }
-        seen.push_back(key);
+        seen.push_back(&place);
         place = entry.substr(equals + 1);
     }
     RefuseLineUsedTwice(choice.lines);

@@ -12,14 +12,17 @@ namespace vx3260 {
 enum class LineKind { Gpio, Ftdi };
 
 /// Which lines carry the board: "gpio:sclk=GPIO24,din=GPIO23,...,chip=/dev/gpiochip0" or
-/// "ftdi:serial=XXXX,sclk=TXD,...". What is not named has a default, but for the held line.
+/// "ftdi:serial=XXXX,sclk=TXD,...", or "ftdi:device=/dev/bus/usb/001/004,...". What is not named
+/// has a default, but for the held line.
 struct LineChoice {
     LineKind kind = LineKind::Gpio;
-    std::string device{};  ///< the chip's path or the device's serial number; empty for any
-    LineNames lines{};     ///< names or numbers
+    /// A GPIO chip's path; an FTDI device's serial number or path. Empty for any.
+    std::string device{};
+    LineNames lines{};  ///< names or numbers
 };
 
-/// Whether a port is chosen in this manner.
+/// Whether a port is chosen in this manner, or meant to be: it begins with the name of a kind, in
+/// capital or small letters. The rest may be wrong.
 bool IsLineChoice(std::string_view port);
 
 /// Throws std::invalid_argument with the reason.

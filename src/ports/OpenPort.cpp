@@ -71,8 +71,9 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     for (const std::string& path : FindGpioChips()) {
         ports.push_back(ListingOf(path));
     }
-    for (const FtdiDevice& device : FindFtdiDevices()) {
-        ports.push_back({.name = device.serial.empty() ? "ftdi:" : "ftdi:serial=" + device.serial,
+    const std::vector<FtdiDevice> devices = FindFtdiDevices();
+    for (const FtdiDevice& device : devices) {
+        ports.push_back({.name = FtdiChoiceText(device, devices),
                          .permissions = PermissionsOf(device.path),
                          .claim = PortClaim::NotTried,
                          .remarks = device.product + ", " + device.path});
@@ -136,8 +137,12 @@ std::vector<PortListing> ListPorts(const PortChoice& choice) {
 
 std::string NoPortDetail() {
     const std::string failure = OpenRealPort({})->FailureDetail();
-    return failure + (failure.empty() ? "There is no printer port.\n" : "\n") +
-           "Without a board, " + std::string(MessageTexts::SimulatedHint) + ".";
+    const std::string reason = failure.empty() ? "There is no printer port." : failure;
+    return (RealPortsAreDevices
+                ? "This machine has no printer port, no GPIO chip (/dev/gpiochip0 ...) and no "
+                  "FTDI device on USB.\n"
+                : "") +
+           reason + "\nWithout a board, " + std::string(MessageTexts::SimulatedHint) + ".";
 }
 
 }  // namespace vx3260

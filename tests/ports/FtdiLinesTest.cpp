@@ -25,15 +25,17 @@ class FakePins final : public PinExchange {
     struct Chip {
         SimulatedBoard board;
         unsigned opened = 0;                 ///< the outputs
+        int address = 0;                     ///< of the device that was opened
         std::vector<std::size_t> exchanges;  ///< their bytes
         int exchangesLeft = 1 << 30;
         bool refuses = false;
-        bool silent = false;  ///< RDY stays high
+        std::size_t silentUntil = 0;  ///< RDY is high before this exchange, and low in it
     };
 
     explicit FakePins(Chip& chip) : chip_(chip) {}
 
-    bool Open(const FtdiDevice& /*device*/, std::uint8_t outputs) override {
+    bool Open(const FtdiDevice& device, std::uint8_t outputs) override {
+        chip_.address = device.address;
         chip_.opened = outputs;
         return !chip_.refuses;
     }
@@ -51,11 +53,14 @@ class FakePins final : public PinExchange {
     /// Time passes faster on the board while the clock rests.
     std::uint8_t Step(unsigned byte) {
         unsigned status = chip_.board.Read(1);
-        for (int i = 0; i < 50 && (pins_ & 0x01U) != 0 && (status & 0x40U) != 0; ++i) {
+        const bool silent = chip_.exchanges.size() < chip_.silentUntil;
+        const bool falls = chip_.exchanges.size() == chip_.silentUntil;
+        for (int i = 0;
+             i < 50 && !silent && !falls && (pins_ & 0x01U) != 0 && (status & 0x40U) != 0; ++i) {
             status = chip_.board.Read(1);
         }
         const unsigned sample = (pins_ & 0x15U) | ((status & 0x10U) != 0 ? 0x02U : 0U) |
-                                ((status & 0x40U) != 0 || chip_.silent ? 0x08U : 0U);
+                                (((status & 0x40U) != 0 && !falls) || silent ? 0x08U : 0U);
         pins_ = byte;
         chip_.board.Write(0, static_cast<std::uint8_t>(0x10U | ((byte & 0x01U) != 0 ? 0x08U : 0U) |
                                                        ((byte & 0x04U) != 0 ? 0x01U : 0U) |
@@ -73,7 +78,9 @@ class Ftdi : public testing::Test {
         std::vector<FtdiDevice> devices;
         devices.reserve(serials.size());
         for (const std::string& serial : serials) {
-            devices.push_back({serial, "FT232R USB UART", 1, 4, "/dev/bus/usb/001/004"});
+            const std::uint8_t address = static_cast<std::uint8_t>(4 + devices.size());
+            devices.push_back({serial, "FT232R USB UART", 1, address,
+                               "/dev/bus/usb/001/00" + std::to_string(address)});
         }
         return devices;
     }
@@ -139,11 +146,13 @@ TEST_F(Ftdi, SendsAWordInOneExchange) {
 
 TEST_F(Ftdi, LimitsTheWaitByTime) {
     const auto port = Claimed();
-    chip.silent = true;
-    EXPECT_FALSE(port->WaitForLow(base + 1, 0x40, 1000));
-    EXPECT_GE(chip.exchanges.size(), 1U);
-    chip.silent = false;
-    EXPECT_TRUE(port->WaitForLow(base + 1, 0x40, 99999));
+    chip.silentUntil = 1U << 30U;
+    EXPECT_FALSE(port->WaitForLow(base + 1, 0x40, 50000));
+    EXPECT_GE(chip.exchanges.size(), 10U) << "in 200 ms, each far below one here";
+    chip.exchanges.clear();
+    chip.silentUntil = 25;
+    EXPECT_TRUE(port->WaitForLow(base + 1, 0x40, 10000000));
+    EXPECT_EQ(chip.exchanges.size(), 25U);
 }
 
 TEST_F(Ftdi, ReportsWhyItCannotBeUsed) {
@@ -151,11 +160,25 @@ TEST_F(Ftdi, ReportsWhyItCannotBeUsed) {
         {"ftdi:", {}, "No FTDI device is connected."},
         {"ftdi:",
          {"A1", "B2"},
-         "There are several FTDI devices: A1 (FT232R USB UART), B2 (FT232R USB UART). Choose one "
-         "by its serial number: --port ftdi:serial=A1"},
+         "There are several FTDI devices: A1 (FT232R USB UART, /dev/bus/usb/001/004), B2 (FT232R "
+         "USB UART, /dev/bus/usb/001/005). Choose one: --port ftdi:serial=A1"},
+        {"ftdi:serial=A1",
+         {"A1", "A1"},
+         "There are several FTDI devices: A1 (FT232R USB UART, /dev/bus/usb/001/004), A1 (FT232R "
+         "USB UART, /dev/bus/usb/001/005). Choose one: --port ftdi:device=/dev/bus/usb/001/004"},
+        {"ftdi:",
+         {"", ""},
+         "There are several FTDI devices: no serial number (FT232R USB UART, "
+         "/dev/bus/usb/001/004), no serial number (FT232R USB UART, /dev/bus/usb/001/005). Choose "
+         "one: --port ftdi:device=/dev/bus/usb/001/004"},
+        {"ftdi:device=/dev/bus/usb/001/009",
+         {"A1"},
+         "There is no FTDI device at /dev/bus/usb/001/009; connected: A1 (FT232R USB UART, "
+         "/dev/bus/usb/001/004)."},
         {"ftdi:serial=C3",
          {"A1"},
-         "There is no FTDI device with the serial number C3; connected: A1 (FT232R USB UART)."},
+         "There is no FTDI device with the serial number C3; connected: A1 (FT232R USB UART, "
+         "/dev/bus/usb/001/004)."},
         {"ftdi:rdy=CST",
          {"A1"},
          "FTDI chips have the pins TXD, RXD, RTS, CTS, DTR, DSR, DCD and RI, and no CST; did you "
@@ -173,6 +196,15 @@ TEST_F(Ftdi, ReportsWhyItCannotBeUsed) {
     const auto refused = Open();
     EXPECT_EQ(refused->ClaimParallelPort(1, -1), 0);
     EXPECT_TRUE(refused->FailureDetail().find("usb bulk write failed") != std::string::npos);
+}
+
+TEST_F(Ftdi, ChoosesAmongDevicesWithoutSerialNumbersByThePath) {
+    const auto port = Open("ftdi:device=/dev/bus/usb/001/005", {"", ""});
+    ASSERT_EQ(port->ClaimParallelPort(1, -1), 1) << port->FailureDetail();
+    EXPECT_EQ(chip.address, 5);
+    EXPECT_EQ(port->Name(), "FTDI /dev/bus/usb/001/005");
+    EXPECT_THROW(ParseLineChoice("ftdi:serial=A1,device=/dev/bus/usb/001/005"),
+                 std::invalid_argument);
 }
 
 TEST_F(Ftdi, ReadsOpenLinesOnceItIsUnplugged) {

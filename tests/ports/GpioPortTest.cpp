@@ -190,10 +190,24 @@ TEST_F(GpioPortTest, MessagesNameTheWires) {
         {"{DOUT}, {SCLK and DIN}", "DOUT (GPIO18), SCLK (GPIO24) and DIN (GPIO23)"},
         {"{SCLK, DIN} and", "SCLK (GPIO24), DIN (GPIO23) and"},
         {"{listed port}, and", "at the wires (" + wires + "), and"},
+        {"Check the {cable} and", "Check the wires (" + wires + ") and"},
         {"the {data-ready line}.", "the data-ready line (GPIO17)."}};
     for (const auto& [text, filled] : advice) {
         EXPECT_EQ(InPortWords(text, *port), filled);
     }
+    EXPECT_TRUE(MessageTexts::CalibrationTimeoutDetail(*port).ends_with("line (GPIO17)."));
+    const auto second = Open("gpio:din=GPIO3");
+    chip.Hold(3, "led0");
+    Services failed{*second, messages, system, state};
+    StartUp(failed);
+    ASSERT_FALSE(messages.shown.empty());
+    EXPECT_EQ(messages.shown.back().text, MessageTexts::ClaimFailed);
+    EXPECT_TRUE(
+        messages.shown.back().detail.ends_with("\nThe chosen lines: SCLK on GPIO24, DIN on "
+                                               "GPIO3, RESET on GPIO22, DOUT on GPIO18, "
+                                               "RDY on GPIO17."))
+        << messages.shown.back().detail;
+    state.PortClaimFailed = false;
     chip.Fail(getLines, ENODEV);
     port->InByte(889);
     EXPECT_EQ(BoardStateOf(services).text, "No lines");
@@ -203,9 +217,9 @@ TEST_F(GpioPortTest, NamesWhoHoldsALine) {
     chip.Hold(17, "gpio-keys");
     chip.Hold(24, "");
     EXPECT_EQ(FailureOf("gpio:"),
-              "The lines of /dev/gpiochip0 cannot be claimed: Device or resource busy. GPIO24, "
-              "for SCLK, is in use by the system: end that, or choose another line. GPIO17, for "
-              "RDY, is in use by \"gpio-keys\": end that, or choose another line.");
+              "The lines of /dev/gpiochip0 cannot be claimed: Device or resource busy. In use: "
+              "GPIO24, for SCLK, by the system; GPIO17, for RDY, by \"gpio-keys\". End that, or "
+              "choose other lines.");
 }
 
 TEST_F(GpioPortTest, ReportsWhyTheLinesCannotBeUsed) {
@@ -230,6 +244,35 @@ TEST_F(GpioPortTest, ReportsWhyTheLinesCannotBeUsed) {
     chip.Fail(request, EIO);
     EXPECT_EQ(FailureOf("gpio:"),
               "The lines of /dev/gpiochip0 cannot be claimed: Input/output error.");
+}
+
+TEST_F(GpioPortTest, RefusesAFifoWithoutWaitingForItsWriter) {
+    const std::string fifo = testing::TempDir() + "fifo" + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    EXPECT_EQ(FailureOf("gpio:chip=" + fifo),
+              fifo + " is not a GPIO chip. \"vx3260-cli ports\" lists those there are.");
+    unlink(fifo.c_str());
+}
+
+TEST_F(GpioPortTest, NamesTheKernelThatIsNeeded) {
+    for (const int error : {EINVAL, ENOTTY}) {
+        chip.Fail(GPIO_V2_GET_LINEINFO_IOCTL, error);
+        for (const char* const port : {"gpio:", "gpio:chip=/dev/gpiochip0,sclk=24"}) {
+            EXPECT_EQ(FailureOf(port),
+                      "/dev/gpiochip0 cannot be used: this kernel's GPIO interface is too old; "
+                      "Linux 5.10 or later is needed.");
+        }
+    }
+}
+
+TEST_F(GpioPortTest, ReportsTheChipThatCannotBeLookedAtBesideTheOthers) {
+    chip.AddChip("gpiochip1", "expander", {"GPIO24"});
+    chip.Fail(GPIO_GET_CHIPINFO_IOCTL, EACCES, 1);
+    const std::string failure = FailureOf("gpio:rdy=A");
+    EXPECT_TRUE(failure.starts_with("/dev/gpiochip0 (pinctrl-fake, lines 0 to 53) has no line A."))
+        << failure;
+    EXPECT_NE(failure.find("\nYou have no permission to use /dev/gpiochip1"), failure.npos)
+        << failure;
 }
 
 TEST_F(GpioPortTest, NamesTheGroupOrTheRuleThatGivesPermission) {

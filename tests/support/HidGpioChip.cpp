@@ -147,8 +147,7 @@ unsigned HidGpioChip::Lines() {
          ++i) {
         status = board_.Read(1);
     }
-    if (looksBeforeReady_ > 0 && (pattern_ & outputs[0]) != 0) {
-        --looksBeforeReady_;
+    if (std::chrono::steady_clock::now() < readyFrom_.load() && (pattern_ & outputs[0]) != 0) {
         status |= notReady;
     }
     return ((status & dout) != 0 ? 1U << 3U : 0) | ((status & notReady) != 0 ? 1U << 4U : 0);

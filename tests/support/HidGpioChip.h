@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <thread>
@@ -30,8 +31,10 @@ class HidGpioChip {
     /// As `--port` takes it.
     std::string Port() const { return "gpio:sclk=0,din=1,reset=2,dout=3,rdy=4,chip=" + path_; }
 
-    /// RDY stays high until the next result, in real time, after this many looks at the lines.
-    void DelayReady(int looks) { looksBeforeReady_ = looks; }
+    /// RDY stays high for this time from now on, in real time.
+    void DelayReady(std::chrono::milliseconds time) {
+        readyFrom_ = std::chrono::steady_clock::now() + time;
+    }
 
     int Looks() const { return looks_; }
 
@@ -48,7 +51,7 @@ class HidGpioChip {
     unsigned pattern_ = 0x1A;
     std::atomic<bool> stop_ = false;
     std::atomic<int> looks_ = 0;
-    std::atomic<int> looksBeforeReady_ = 0;
+    std::atomic<std::chrono::steady_clock::time_point> readyFrom_{};
     std::thread thread_;
 };
 

@@ -201,6 +201,7 @@ void UsbFtdiChip::Serve() {
             continue;
         }
         if (header.in == 0) {
+            ++exchanges_;
             for (const std::uint8_t byte : data) {
                 if (mode_ == syncBitBang) {
                     Step(byte);

@@ -30,6 +30,9 @@ class UsbFtdiChip {
 
     void Unplug();
 
+    /// The transfers of pin levels to the chip so far.
+    int Exchanges() const { return exchanges_; }
+
   private:
     struct Header;
 
@@ -50,6 +53,7 @@ class UsbFtdiChip {
     int latency_ = 16;  ///< milliseconds
     int mode_ = 0;
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    std::atomic<int> exchanges_ = 0;
     std::thread thread_;
 };
 

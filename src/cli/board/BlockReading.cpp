@@ -5,6 +5,7 @@
 
 #include "acquisition/ConditionsRecorder.h"
 #include "app/MessageTexts.h"
+#include "app/PortWords.h"
 #include "cli/board/BoardRegisters.h"
 #include "cli/board/ProgressLine.h"
 #include "cli/board/StuckReadyLine.h"
@@ -20,10 +21,11 @@ namespace {
 [[noreturn]] void RefuseReadBack(Services& services, const FieldWrite& write) {
     RequireAnswer(services, {RegisterMap::DescriptionOf(RegisterMap::Mode), write.readBack},
                   PrefixedHex(write.wanted) + " was written. ");
-    throw CommandError(ExitCode::ReadBackMismatch,
-                       "wrong answer from the board: wrote " + PrefixedHex(write.wanted) +
-                           " to the mode register and read back " + PrefixedHex(write.readBack) +
-                           ". Check the cable and the board's power.");
+    throw CommandError(
+        ExitCode::ReadBackMismatch,
+        "wrong answer from the board: wrote " + PrefixedHex(write.wanted) +
+            " to the mode register and read back " + PrefixedHex(write.readBack) +
+            InPortWords(". Check the {cable} and the board's power.", services.port));
 }
 
 ReadingEnd ReadWithProgress(ConverterReader& reader, CodeBlock block, std::int16_t count,
@@ -57,7 +59,7 @@ bool GoneAfterReading(Services& services, Converter converter, ReadingEnd end) {
 }
 
 constexpr std::string_view goneDetail =
-    "The board does not answer after the last code, which was discarded. Check the cable and the "
+    "The board does not answer after the last code, which was discarded. Check the {cable} and the "
     "board's power.";
 
 /// Reports a reading that did not complete.
@@ -128,9 +130,10 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, const Bloc
         .conditions = std::move(recorder).End(end, request.referenceVoltage),
         .overRange = end != ReadingEnd::TimedOut && ReadOverRange(services, converter)};
     reading.conditions.seconds.resize(reading.codes.size());
-    ReportEnd(services, end,
-              gone ? std::string(goneDetail) : MessageTexts::TimeoutDetail(services.port),
-              reading.codes.size());
+    ReportEnd(
+        services, end,
+        gone ? InPortWords(goneDetail, services.port) : MessageTexts::TimeoutDetail(services.port),
+        reading.codes.size());
     return reading;
 }
 

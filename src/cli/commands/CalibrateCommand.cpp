@@ -83,7 +83,7 @@ ExitCode CalibrateCommand::Run(const CommandContext& context) {
     if (!WaitForCalibration(services.port, services.state.PortAddress)) {
         services.messages.Show({.text = std::string(MessageTexts::ErrorCalibrating),
                                 .icon = MessageIcon::Exclamation,
-                                .detail = std::string(MessageTexts::CalibrationTimeoutDetail)});
+                                .detail = MessageTexts::CalibrationTimeoutDetail(services.port)});
         return ExitCode::NoAnswer;
     }
     CheckCalibrationEnded(services);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "acquisition/ProgressText.h"
+#include "app/PortWords.h"
 #include "characterisation/Report.h"
 #include "characterisation/Sweep.h"
 #include "characterisation/Tables.h"
@@ -256,7 +257,9 @@ ExitCode CharacteriseCommand::Measure(const CommandContext& context, Services& s
         }
     }();
     if (end == CharacterisationEnd::NoBoard) {
-        err << "The board does not answer any more. Check the cable and the board's power; "
+        err << InPortWords(
+                   "The board does not answer any more. Check the {cable} and the board's power; ",
+                   services.port)
             << resumeHint << std::endl;
     } else if (end == CharacterisationEnd::Stopped) {
         err << "Stopped; " << resumeHint << std::endl;

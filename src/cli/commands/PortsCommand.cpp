@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
+#include <algorithm>
 #include <vector>
 
 #include "cli/reports/JsonText.h"
@@ -28,10 +29,27 @@ std::string ClaimText(PortClaim claim) {
     }
 }
 
+/// Of a row that was not tried: what the chip is. Why a claim failed is on standard error.
+bool HasRemarks(const PortListing& port) {
+    return port.claim == PortClaim::NotTried && !port.remarks.empty();
+}
+
+/// The remedies for a chip without permission go on over lines.
+std::string FirstLineOf(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
 std::string Text(const std::vector<PortListing>& ports) {
     std::vector<std::vector<std::string>> rows{{"port", "address", "permissions", "claim"}};
+    const bool remarks = std::ranges::any_of(ports, HasRemarks);
+    if (remarks) {
+        rows.front().emplace_back("remarks");
+    }
     for (const PortListing& port : ports) {
         rows.push_back({port.name, AddressText(port), port.permissions, ClaimText(port.claim)});
+        if (remarks) {
+            rows.back().push_back(HasRemarks(port) ? FirstLineOf(port.remarks) : "");
+        }
     }
     return LeftAlignedTable(rows);
 }
@@ -63,8 +81,7 @@ void RefuseChosenPort(const CLI::App& program) {
         const CLI::Option* const option = program.get_option_no_throw(name);
         if (option != nullptr && !option->empty()) {
             throw CLI::ValidationError(name,
-                                       "the command ports does not take it: it lists all "
-                                       "printer ports");
+                                       "the command ports does not take it: it lists all ports");
         }
     }
 }
@@ -85,7 +102,9 @@ ExitCode PortsCommand::Run(const CommandContext& context) {
     }
     context.streams.out << (format_ == ReportFormat::Json ? Json(ports) : Text(ports));
     for (const PortListing& port : ports) {
-        if (!port.remarks.empty()) {
+        const bool inTable = format_ != ReportFormat::Json && HasRemarks(port) &&
+                             FirstLineOf(port.remarks) == port.remarks;
+        if (!port.remarks.empty() && !inTable) {
             context.streams.err << port.name << ": " << port.remarks << std::endl;
         }
     }

@@ -97,7 +97,7 @@ void ModeForm::Calibrate(std::int32_t mode) {
     if (!done) {
         ShowMessage({.text = std::string(MessageTexts::ErrorCalibrating),
                      .icon = MessageIcon::Exclamation,
-                     .detail = std::string(MessageTexts::CalibrationTimeoutDetail)});
+                     .detail = MessageTexts::CalibrationTimeoutDetail(Shared().port)});
     }
     ShowCalibrationEnd(mode, done);
     // After the internal zero scale the register is not read again: the form shows it as it was

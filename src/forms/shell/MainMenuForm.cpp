@@ -11,6 +11,7 @@
 #include "analysis/forms/CountRefusal.h"
 #include "analysis/forms/MainNoiseForm.h"
 #include "app/MessageTexts.h"
+#include "app/PortWords.h"
 #include "forms/data/ReadAuxDataForm.h"
 #include "forms/data/ReadDualDataForm.h"
 #include "forms/data/ReadFileForm.h"
@@ -141,6 +142,10 @@ void MainMenuForm::ChoosePort(const PrinterPort& port) {
 void MainMenuForm::ShowPort() {
     for (const PrinterPort& port : PrinterPorts) {
         ItemOf(port)->setChecked(port.address == State().PortAddress);
+    }
+    if (const std::string wiring = WiringText(Shared().port); !wiring.empty()) {
+        ui_->PortLabel->setToolTip(
+            tr("Lines in the place of a printer port: %1").arg(QString::fromStdString(wiring)));
     }
     ui_->PortLabel->setText(
         tr("Port address 0x%1")

@@ -4,6 +4,7 @@
 #include "acquisition/ConditionsRecorder.h"
 #include "app/ApplicationInfo.h"
 #include "app/BoardState.h"
+#include "app/PortWords.h"
 #include "configuration/ConfigurationFile.h"
 #include "files/CodeFile.h"
 #include "link/BoardCheck.h"
@@ -32,7 +33,9 @@ std::optional<Configuration> ReadPresentConfiguration(Services& services,
         {.text = "The board does not answer",
          .icon = MessageIcon::Exclamation,
          .detail = consequence + " " +
-                   (failure.empty() ? "Check the cable and the board's power." : failure)});
+                   (failure.empty()
+                        ? InPortWords("Check the {cable} and the board's power.", services.port)
+                        : failure)});
     return std::nullopt;
 }
 
