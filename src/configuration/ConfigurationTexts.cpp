@@ -109,7 +109,8 @@ std::string RestoreReport(std::span<const RestoredRegister> restored, bool board
         }
     }
     return fields + "Written and verified: " + (confirmed.empty() ? "none" : confirmed) +
-           ". Not verified: " + others + ". " +
+           (others.empty() ? ", but not compared at the end. "
+                           : ". Not verified: " + others + ". ") +
            (modeIsSet ? "" : "The chip may be left in power-down. ");
 }
 
