@@ -12,8 +12,8 @@
 namespace vx3260::bench {
 namespace {
 
-constexpr int bits = 24;
-constexpr std::int16_t base = 888;
+constexpr int codeBits = 24;
+constexpr std::int16_t gpioBase = 888;
 
 /// Any device there is will do: nothing but ioctls and the reads of events reaches it.
 LinePort ClaimedGpio() {
@@ -28,7 +28,7 @@ LinePort ClaimedGpio() {
 void CodeThroughGpio(benchmark::State& state) {
     LinePort port = ClaimedGpio();
     for (auto _ : state) {
-        benchmark::DoNotOptimize(SerialRead(port, bits, base));
+        benchmark::DoNotOptimize(SerialRead(port, codeBits, gpioBase));
     }
 }
 BENCHMARK(CodeThroughGpio);
@@ -42,7 +42,7 @@ void SetLines(std::uint64_t values) {
 void SameGpioIoctls(benchmark::State& state) {
     for (auto _ : state) {
         std::int32_t code = 0;
-        for (int i = 0; i < bits; ++i) {
+        for (int i = 0; i < codeBits; ++i) {
             SetLines(0);
             benchmark::DoNotOptimize(std::chrono::steady_clock::now());
             gpio_v2_line_values lines{0, 0x18};

@@ -186,7 +186,7 @@ void StripChart::Draw() {
 
 /// The axis stays as long as the codes fill it to a fair part, so that it seldom moves.
 bool StripChart::FollowRange() {
-    constexpr double margin = 0.1;
+    constexpr double marginAround = 0.1;
     constexpr double fairPart = 0.3;
     constexpr double minSteps = 4;
     const std::optional<WindowFigures> figures = Shown().Figures();
@@ -197,7 +197,7 @@ bool StripChart::FollowRange() {
                                ? AxisRange{static_cast<double>(figures->minCode),
                                            static_cast<double>(figures->maxCode)}
                                : AxisRange{0, static_cast<double>(conditions_->LargestResult())};
-    const AxisRange fitting = WithMargin(seen, margin, minSteps * conditions_->codeStep);
+    const AxisRange fitting = WithMargin(seen, marginAround, minSteps * conditions_->codeStep);
     const bool fits = range_ && seen.lower >= range_->lower && seen.upper <= range_->upper &&
                       fitting.Span() >= fairPart * range_->Span();
     if (fits) {
@@ -206,6 +206,8 @@ bool StripChart::FollowRange() {
     range_ = fitting;
     const QCPRange keys(-AxisUnitOf(Shown().Span()).NumberOf(Shown().Span()), 0);
     plot_->SetExtent({keys, {fitting.lower, fitting.upper}, keys.size(), fitting.Span()});
+    plot_->yAxis->setLabel(
+        tr("%1 ADC Code").arg(QString::fromUtf8(TraitsOf(conditions_->converter).name)));
     plot_->yAxis2->setLabel(tr("Input (%1)").arg(VoltsUnitOf(plot_->yAxis2, *conditions_)));
     return true;
 }

@@ -40,10 +40,26 @@ std::string RefuseRotation(std::string& text) {
             number <= (size ? MaxRotationBytes : MaxRecordingSeconds)) {
             return "";
         }
-        return "'" + text + "' is less than " + (size ? "1 kB" : "1 s") + " or too much";
+        return "'" + text + "' is not from " +
+               (size ? "1 kB to 1000 TB, such as 100MB" : "1 s to 100 years, such as 1h");
     } catch (const CLI::Error& error) {
         return "'" + text + "': " + error.what();
     }
+}
+
+/// Seconds, from a time with or without a unit.
+CLI::Validator RecordingTime() {
+    return {[](std::string& text) -> std::string {
+                const std::string given = text;
+                double seconds = 0;
+                if (AsSeconds()(text).empty() && CLI::detail::lexical_cast(text, seconds) &&
+                    seconds >= MinRecordingSeconds && seconds <= MaxRecordingSeconds) {
+                    return "";
+                }
+                return "'" + given + "' is not a time from 0.01s to 100 years, such as 90s, 15m, " +
+                       "12h or 2d";
+            },
+            ""};
 }
 
 void CheckBoard(Services& services, const std::vector<Converter>& recorded, std::ostream& err) {
@@ -80,10 +96,9 @@ RecordCommand::RecordCommand(CLI::App& program)
 void RecordCommand::AddEnd() {
     Parser()
         .add_option("--duration", request_.duration,
-                    "How long; without it and --count until Ctrl+C")
+                    "How long, such as 90s, 15m, 12h or 2d; without it and --count until Ctrl+C")
         ->type_name("TIME")
-        ->transform(AsSeconds().description("such as 90s, 15m, 12h, 2d"))
-        ->check(CLI::Range(MinRecordingSeconds, MaxRecordingSeconds).description(""));
+        ->transform(RecordingTime());
     static_cast<void>(Parser()
                           .add_option("--count", request_.count, "How many conversions")
                           ->type_name("N")
@@ -93,8 +108,7 @@ void RecordCommand::AddEnd() {
                     "Write count, mean, sigma, minimum and maximum of each such interval in place "
                     "of each code")
         ->type_name("TIME")
-        ->transform(AsSeconds().description(""))
-        ->check(CLI::Range(MinRecordingSeconds, MaxRecordingSeconds).description(""));
+        ->transform(RecordingTime());
 }
 
 void RecordCommand::AddFiles() {
@@ -137,9 +151,11 @@ ExitCode RecordCommand::ExitCodeFor(RecordingEnd end, const RecordingProgress& p
 ExitCode RecordCommand::Run(const CommandContext& context) {
     std::ostream& err = context.streams.err;
     const std::string& trace = context.board.Choice().traceFile;
-    if (!trace.empty() && SameFile(trace, request_.path)) {
-        throw CommandError(ExitCode::WrongCommandLine,
-                           "--output and --trace name the same file: " + request_.path);
+    for (const std::string& path : {request_.path, request_.Place().FirstPath()}) {
+        if (!trace.empty() && SameFile(trace, path)) {
+            throw CommandError(ExitCode::WrongCommandLine,
+                               "--output and --trace name the same file: " + path);
+        }
     }
     request_.start = append_  ? RecordingStart::Append
                      : force_ ? RecordingStart::Replace
