@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScopeGuard>
+#include <QScrollBar>
 #include <QTabBar>
 #include <algorithm>
 #include <array>
@@ -384,6 +385,9 @@ void CharacteriseForm::ReportEnd(CharacterisationEnd end,
     bar->setFormat(tr("%1 of %2 settings").arg(results_->rows.size()).arg(all));
     bar->setValue(static_cast<int>(static_cast<double>(results_->rows.size()) /
                                    static_cast<double>(all) * bar->maximum()));
+    for (const PolarityTable& table : tables_) {
+        table.widget->horizontalScrollBar()->setValue(0);
+    }
     const std::string registers = Joined(RestoredLines(notRestored));
     const QString summary =
         notRestored.empty() ? QString::fromStdString(registers)
