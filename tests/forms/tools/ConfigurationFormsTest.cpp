@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QTableWidget>
+#include <random>
 
 #include "forms/shell/RegisterForms.h"
 #include "forms/tools/CompareConfigurationForm.h"
@@ -73,6 +74,37 @@ TEST_F(ConfigurationFormsTest, SavesComparesAndRestores) {
     EXPECT_EQ(Enter("OtherText", folder.Path("b.vx3260")), "");
     EXPECT_EQ(Rows("DifferencesTable"), "filter word 69 255\n");
     EXPECT_FALSE(Find(*form, "RestoreButton").isEnabled());
+}
+
+TEST_F(ConfigurationFormsTest, RestoresAnySettings) {
+    std::mt19937 random{16};
+    const std::pair<unsigned, std::uint32_t> bits[] = {
+        {modeAt, 0x59}, {mainControlAt, 0xFF}, {auxControlAt, 0xF9}, {ioControlAt, 0xDF33}};
+    const auto shuffle = [&] {
+        for (const auto& [address, mask] : bits) {
+            Preset(address, static_cast<std::uint32_t>(random()) & mask);
+        }
+        Preset(filterAt, 13 + static_cast<std::uint32_t>(random() % 243));
+    };
+    const auto contents = [&] {
+        std::vector<std::uint32_t> held{Contents(filterAt)};
+        for (const auto& [address, mask] : bits) {
+            held.push_back(Contents(address) & mask);
+        }
+        return held;
+    };
+    for (int round = 0; round < 5; ++round) {
+        shuffle();
+        const std::vector<std::uint32_t> before = contents();
+        SaveAs("OptConfiguration", "random" + std::to_string(round) + ".vx3260");
+        shuffle();
+        Open<CompareConfigurationForm>(&path);
+        EXPECT_EQ(ClickOn("CompareButton"), "");
+        EXPECT_NE(Rows("DifferencesTable"), "");
+        EXPECT_EQ(ClickOn("RestoreButton"), "");
+        EXPECT_EQ(Rows("DifferencesTable"), "");
+        EXPECT_EQ(contents(), before);
+    }
 }
 
 TEST_F(ConfigurationFormsTest, ExportsForFirmware) {
