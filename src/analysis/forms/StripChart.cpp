@@ -15,9 +15,9 @@ namespace {
 constexpr std::chrono::nanoseconds shortestFrame = std::chrono::milliseconds(33);
 constexpr std::chrono::nanoseconds longestFrame = std::chrono::seconds(1);
 
-/// The distance of two frames, in times that one takes: drawing takes 1 % of a core at most, and
-/// what the window system does then about as much again.
-constexpr int framesApart = 100;
+/// The distance of two frames, in times that one takes: drawing takes 0.7 % of a core at most, and
+/// what the window system does then about as much again. The dual display has two charts.
+constexpr int framesApart = 150;
 
 /// Height of the plot and width of the chart, in heights of a line of text.
 constexpr int minLines = 8;
