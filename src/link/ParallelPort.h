@@ -51,7 +51,7 @@ class ParallelPort {
     /// What the user calls the port, such as "parport0"; empty if unknown.
     virtual std::string Name() const { return {}; }
 
-    /// Which lines carry the board where there is no printer port; none for a printer port.
+    /// The single lines that carry the board; empty for a printer port.
     virtual std::vector<WiredSignal> Wiring() const { return {}; }
 
     /// What the accesses to the chip have met, kept by Register and ReadData.

@@ -22,7 +22,7 @@ constexpr std::string_view chipPrefix = "gpiochip";
 constexpr const char* chipsOfUdev = "SUBSYSTEM==\"gpio\", KERNEL==\"gpiochip*\"";
 
 /// The errno of a chip of which only the first version of the ioctls is there: those of the second
-/// fail as they do on what is not a chip.
+/// fail as they do on other devices.
 constexpr int tooOld = EOPNOTSUPP;
 
 /// Copies what the ioctls report about an open chip; empty, with errno, where one fails.

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <array>
 
-#include "configuration/FirmwareExport.h"
 #include "files/CodeFile.h"
 #include "forms/tools/PresentConfiguration.h"
 #include "ui/Fonts.h"
@@ -25,32 +24,26 @@ SaveConfigurationForm::SaveConfigurationForm(Services& services, QString* path, 
 
 SaveConfigurationForm::~SaveConfigurationForm() = default;
 
-std::string SaveConfigurationForm::TextOf(const Configuration& configuration) const {
+SaveConfigurationForm::Format SaveConfigurationForm::ChosenFormat() const {
+    const std::pair<QRadioButton*, Format> formats[] = {
+        {ui_->OptHeader, {{tr("C Header (*.h)"), QStringLiteral("h")}, ExportFormat::C}},
+        {ui_->OptJson, {{tr("JSON (*.json)"), QStringLiteral("json")}, ExportFormat::Json}},
+        {ui_->OptCsv, {{tr("CSV (*.csv)"), QStringLiteral("csv")}, ExportFormat::Csv}}};
+    for (const auto& [option, format] : formats) {
+        if (option->isChecked()) {
+            return format;
+        }
+    }
+    return {{tr("Configuration (*.vx3260)"), QStringLiteral("vx3260")}, std::nullopt};
+}
+
+std::string SaveConfigurationForm::TextOf(const Configuration& configuration,
+                                          const Format& format) const {
     const Coefficients coefficients =
         ui_->CoefficientsBox->isChecked() ? Coefficients::Include : Coefficients::LeaveOut;
     const ConfigurationHead head = PresentHead(Shared());
-    const std::pair<QRadioButton*, ExportFormat> exports[] = {{ui_->OptHeader, ExportFormat::C},
-                                                              {ui_->OptJson, ExportFormat::Json},
-                                                              {ui_->OptCsv, ExportFormat::Csv}};
-    for (const auto& [option, format] : exports) {
-        if (option->isChecked()) {
-            return ExportText(configuration, head, coefficients, format);
-        }
-    }
-    return ConfigurationText(configuration, head, coefficients);
-}
-
-FileKind SaveConfigurationForm::Kind() const {
-    if (ui_->OptHeader->isChecked()) {
-        return {tr("C Header (*.h)"), QStringLiteral("h")};
-    }
-    if (ui_->OptJson->isChecked()) {
-        return {tr("JSON (*.json)"), QStringLiteral("json")};
-    }
-    if (ui_->OptCsv->isChecked()) {
-        return {tr("CSV (*.csv)"), QStringLiteral("csv")};
-    }
-    return {tr("Configuration (*.vx3260)"), QStringLiteral("vx3260")};
+    return format.firmware ? ExportText(configuration, head, coefficients, *format.firmware)
+                           : ConfigurationText(configuration, head, coefficients);
 }
 
 /// The registers are read before the name is asked for: what is saved is what was there then.
@@ -62,8 +55,9 @@ void SaveConfigurationForm::Save() {
         return;
     }
     try {
-        const std::string text = TextOf(*present);
-        const FileKind kind = Kind();
+        const Format format = ChosenFormat();
+        const FileKind& kind = format.kind;
+        const std::string text = TextOf(*present, format);
         const QString name = QStringLiteral("configuration.") + kind.suffix;
         const ChosenFile file = AskForFile(
             this, path_->isEmpty() ? name : QFileInfo(*path_).dir().filePath(name), {kind});
@@ -71,7 +65,7 @@ void SaveConfigurationForm::Save() {
             return;
         }
         ReplaceFile(file.NativePath(), text);
-        if (ui_->OptConfiguration->isChecked()) {
+        if (!format.firmware) {
             *path_ = QDir::toNativeSeparators(file.path);
         }
         ui_->ResultLabel->setText(tr("Wrote %1").arg(QDir::toNativeSeparators(file.path)));

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "configuration/FirmwareExport.h"
 #include "link/Configuration.h"
 #include "ui/Form.h"
 #include "ui/SaveDialog.h"
@@ -26,9 +28,14 @@ class SaveConfigurationForm final : public Form {
     ~SaveConfigurationForm() override;
 
   private:
+    struct Format {
+        FileKind kind;
+        std::optional<ExportFormat> firmware;  ///< empty for a configuration
+    };
+
     void Save();
-    std::string TextOf(const Configuration& configuration) const;
-    FileKind Kind() const;
+    std::string TextOf(const Configuration& configuration, const Format& format) const;
+    Format ChosenFormat() const;
 
     std::unique_ptr<Ui::SaveConfigurationForm> ui_;
     QString* path_;
