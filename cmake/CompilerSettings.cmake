@@ -24,6 +24,8 @@ endif()
 
 if(VX3260_SANITIZERS)
     target_compile_options(vx3260_settings INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+        # Reports the branches that were taken, for libFuzzer.
+        $<$<CXX_COMPILER_ID:Clang>:-fsanitize=fuzzer-no-link>)
     target_link_options(vx3260_settings INTERFACE -fsanitize=address,undefined)
 endif()

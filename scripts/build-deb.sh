@@ -6,20 +6,29 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
+# The packages' version and date are those of the program.
+DebianChangelog() {
+    printf 'vx3260-eval (%s) unstable; urgency=medium\n\n' "$version"
+    printf '  * The changes are listed in CHANGELOG.md.\n\n'
+    printf ' -- %s  %s\n' "$(sed -n 's/^Maintainer: //p' debian/control)" \
+        "$(date -u -R -d "$(ReleaseDate)")"
+}
+
 InstallMissing "${buildPackages[@]}" "${debPackages[@]}"
 if [ -n "$(git status --porcelain)" ]; then
     Say "The tree has changes that are not committed; the packages would not be of any commit."
     exit 1
 fi
-version=$(dpkg-parsechangelog -S Version)
+version=$(ProjectVersion)
 folder=build/deb
 source=$folder/vx3260-eval-$version
 rm -rf "$folder"
 mkdir -p "$source"
 git archive HEAD | tar -x -C "$source"
+DebianChangelog >"$source/debian/changelog"
 Say "Building the packages ..."
-(cd "$source" && Logged ../build.log dpkg-buildpackage -b -uc -us)
+(cd "$source" && Logged ../build.log dpkg-buildpackage -uc -us)
 rm -r "$source"
 lintian --fail-on error,warning "$folder"/*.changes
 Say "The packages are in $folder:"
-(cd "$folder" && ls -- *.deb)
+(cd "$folder" && ls -- *.deb *.dsc)

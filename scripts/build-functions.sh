@@ -15,15 +15,25 @@ stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 judgePackages=(python3-scipy)
 plainPackages=(make)
-clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang)
+sanitizerPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang llvm)
 arm64Packages=(g++-aarch64-linux-gnu cmake ninja-build "${headerPackages[@]}" googletest
     qemu-user-static)
 desktopPackages=(appstream desktop-file-utils)
 debPackages=(debhelper dpkg-dev lintian)
+packageTools=(autopkgtest debootstrap)
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {
     printf '%s\n' "$*" >&2
+}
+
+# The version that CMake builds, and the date of its section in CHANGELOG.md.
+ProjectVersion() {
+    sed -n 's/^ *VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt
+}
+
+ReleaseDate() {
+    sed -n "s/^## $(ProjectVersion) (\\(.*\\))\$/\\1/p" CHANGELOG.md
 }
 
 IsInstalled() {

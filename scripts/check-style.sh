@@ -6,10 +6,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
-InstallMissing "${clangPackages[@]}" "${stylePackages[@]}"
+InstallMissing "${sanitizerPackages[@]}" "${stylePackages[@]}"
 
 failed=0
-mapfile -t sources < <(find src tests bench -name '*.h' -o -name '*.cpp')
+mapfile -t sources < <(find src tests robustness bench -name '*.h' -o -name '*.cpp')
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
 mapfile -t unlicensed < <(git ls-files '*.cpp' '*.h' '*.h.in' '*.rc.in' '*.sh' '*.cmake' \
     '*CMakeLists.txt' '*.ui' '*.qrc' '*.manifest.in' .ci/run |
@@ -22,12 +22,12 @@ scripts/check-layers.sh || failed=1
 shellcheck -x run.sh test.sh .ci/run scripts/*.sh || failed=1
 
 if [ "${1:-}" != --fast ]; then
-    Build clang vx3260-eval
+    Build sanitizers vx3260-eval
     # The files that include a layer's sources, so that its headers are read once; sources made by
     # uic and moc are not ours to tidy.
-    sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/clang/compile_commands.json |
-        grep "^$PWD/build/clang/src/.*/Unity/" |
-        xargs -P "$(nproc)" -n 1 clang-tidy -p build/clang --quiet \
+    sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/sanitizers/compile_commands.json |
+        grep "^$PWD/build/sanitizers/src/.*/Unity/" |
+        xargs -P "$(nproc)" -n 1 clang-tidy -p build/sanitizers --quiet \
             --checks=-bugprone-suspicious-include 2>/dev/null || failed=1
 fi
 
