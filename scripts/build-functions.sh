@@ -10,7 +10,7 @@ testPackages=(libgtest-dev fonts-dejavu-core libumockdev-dev sigrok-cli strace u
 windowsTools=(g++-mingw-w64-x86-64-posix wine wine64 googletest)
 windowsPackages=(g++ cmake ninja-build "${headerPackages[@]}" "${windowsTools[@]}")
 windowsProgramPackages=("${buildPackages[@]}" "${windowsTools[@]}" qt6-base-dev-tools dpkg-dev
-    fonts-dejavu-core xvfb xauth openbox xdotool imagemagick zip unzip)
+    fonts-dejavu-core nsis pandoc xvfb xauth openbox xdotool imagemagick zip unzip)
 stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 judgePackages=(python3-scipy)
@@ -84,10 +84,11 @@ RequireTools() {
     done
 }
 
-# Programs for Windows run under wine, with a system folder of this project's own. The names of
-# files have all letters, whatever the machine's language.
+# Programs for Windows run under wine, with a system folder of this project's own, which leaves the
+# desktop's menus alone. The names of files have all letters, whatever the machine's language.
 UseWine() {
-    export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
+    export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all
+    export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
     export LC_ALL=C.UTF-8
     RequireTools wine wineboot || return 1
     [ ! -f "$WINEPREFIX/system.reg" ] || return 0
@@ -96,14 +97,19 @@ UseWine() {
     wineboot -u >"$WINEPREFIX/wineboot.log" 2>&1 || ShowEnd "$WINEPREFIX/wineboot.log"
 }
 
-# Wine has none of the fonts that Windows has for dialogs and for figures.
-GiveWineFonts() {
+# InWine COMMAND...: quietly.
+InWine() {
+    wine "$@" >"$WINEPREFIX/command.log" 2>&1 || ShowEnd "$WINEPREFIX/command.log"
+}
+
+# Wine takes itself for an older Windows than the programs need, and has none of the fonts that Windows has for dialogs and for figures.
+MakeWineLikeWindows() {
     local pair key='HKCU\Software\Wine\Fonts\Replacements'
     for pair in 'MS Shell Dlg=DejaVu Sans' 'MS Shell Dlg 2=DejaVu Sans' \
         'Courier New=DejaVu Sans Mono'; do
-        wine reg add "$key" /v "${pair%=*}" /d "${pair#*=}" /f >"$WINEPREFIX/fonts.log" 2>&1 ||
-            ShowEnd "$WINEPREFIX/fonts.log"
+        InWine reg add "$key" /v "${pair%=*}" /d "${pair#*=}" /f
     done
+    InWine reg add 'HKCU\Software\Wine' /v Version /d win10 /f
 }
 
 # ShowEnd LOG: of something that failed.

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Makes a zip with the programs for 64-bit Windows, and one with their sources: builds them, and once
-# the libraries that they are linked with, runs their tests under wine and goes through the main job
-# with what is in the zip.
+# Makes a zip with the programs for 64-bit Windows, an installer with the same, and a zip with their
+# sources: builds them, and once the libraries that they are linked with, runs their tests under wine
+# and goes through the main job with what is in the zip and what the installer installs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -54,7 +54,23 @@ StagePrograms() {
     cp /usr/share/doc/libboost-dev/copyright "$folder/licences/boost"
     cp /usr/share/doc/libeigen3-dev/copyright "$folder/licences/eigen"
     sed 's/$/\r/' docs/windows-readme.txt >"$folder/README.txt"
+    cp -r "$build/share/vx3260-eval/handbook" "$folder/handbook"
     printf '@start "" "%%~dp0vx3260-eval.exe" --simulated\r\n' >"$folder/Simulated board.cmd"
+}
+
+# What the uninstaller removes: each file and folder of what is installed.
+Removals() {
+    local folder="\$INSTDIR\\\\%P"
+    (cd "$1" && find . -mindepth 1 -depth \( -type d -printf "RMDir \"$folder\"\n" \
+        -o -printf "Delete \"$folder\"\n" \)) | tr / "\\\\"
+}
+
+MakeInstaller() {
+    rm "$programs/Simulated board.cmd"
+    Removals "$programs" >"$build/removals.nsh"
+    Logged "$build/installer.log" makensis -WX -DVERSION="$version" -DSTAGE="$programs" \
+        -DFILES="$PWD/$build/removals.nsh" -DICON="$PWD/src/icons/vx3260.ico" -DOUTPUT="$1" \
+        packaging/windows/installer.nsi
 }
 
 # The folder with what they were built from, which goes with them.
@@ -71,8 +87,8 @@ StageSources() {
 
 InstallMissing "${windowsProgramPackages[@]}"
 UseWine
-GiveWineFonts
-rm -f build/vx3260-eval-*-windows*.zip
+MakeWineLikeWindows
+rm -f build/vx3260-eval-*-windows*
 libraries=$(scripts/build-windows-libraries.sh)
 BuildPrograms
 RunTests
@@ -82,10 +98,11 @@ name=vx3260-eval-$version-windows
 programs=$PWD/$build/$name sources=$PWD/$build/$name-sources
 StagePrograms "$programs"
 Pack "$programs"
-InDisplay scripts/try-windows-programs.sh "$programs.zip" \
+MakeInstaller "$programs-installer.exe"
+InDisplay scripts/try-windows-programs.sh "$programs.zip" "$programs-installer.exe" \
     "$build/tests/parllio/whole/parllio.dll" "$build/pictures"
 StageSources "$sources"
 Pack "$sources"
-mv "$programs.zip" "$sources.zip" build
-Say "The programs are in build/$name.zip, their sources in build/$name-sources.zip, pictures of"
-Say "them in $build/pictures."
+mv "$programs.zip" "$programs-installer.exe" "$sources.zip" build
+Say "The programs are in build/$name.zip and build/$name-installer.exe, their sources in"
+Say "build/$name-sources.zip, pictures of them in $build/pictures."

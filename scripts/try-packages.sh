@@ -45,6 +45,7 @@ Install() {
 }
 
 IsInRoot() {
+    # shellcheck disable=SC2016  # dpkg-query's own variable
     [ -n "$(InRoot dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null | grep '^ii' || true)" ]
 }
 

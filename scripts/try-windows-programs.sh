@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Goes through the main job with the packed programs for Windows, under wine and by keyboard, in the
 # display that it is started in: on the simulated board, on the stand-in for the port library, and
-# without either. Leaves pictures. Called by build-windows.sh.
+# without either. Then installs them with the installer, starts what is installed and uninstalls it.
+# Leaves pictures. Called by build-windows.sh.
 set -euo pipefail
-zip=$1 library=$2 pictures=$(realpath -m "$3")
+zip=$1 installer=$(realpath "$2") library=$3 pictures=$(realpath -m "$4")
 source scripts/build-functions.sh
 
 UseWine
@@ -181,3 +182,46 @@ Window '^VX3260 Evaluation Software$'
 Picture 14-help-in-a-box
 Press Return
 timeout 60 wineserver -w || Fail 'The help does not end'
+
+# The installer, page by page; its last one starts the program.
+Say "Trying the installer ..."
+user=$WINEPREFIX/drive_c/users/$(id -un)
+installed="$user/AppData/Local/Programs/VX3260 Evaluation Software"
+menu="$user/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/VX3260 Evaluation Software"
+rm -rf "$installed" "$menu"
+wine "$installer" &
+program=$!
+Window 'VX3260 Evaluation Software Setup'
+Picture 15-installer
+Press Return
+Press alt+a
+Picture 16-installer-folder
+Press alt+i
+Await 'Nothing was installed' test -f "$installed/uninstall.exe"
+Settle
+Picture 17-installer-end
+xdotool key --clearmodifiers alt+f
+wait "$program" || Fail "The installer ended with $?"
+Window 'Main Menu'
+Picture 18-installed
+Go alt+q '^VX3260 Evaluation Software$'
+xdotool key --clearmodifiers alt+y
+timeout 60 wineserver -w || Fail 'The installed program does not end'
+for entry in 'VX3260 Evaluation Software' 'Simulated Board' Handbook 'Read Me'; do
+    [ -f "$menu/$entry.lnk" ] || Fail "The start menu has no $entry"
+done
+[ -f "$installed/handbook/index.html" ] || Fail 'The handbook is not installed'
+wine "$installed/vx3260-cli.exe" --simulated noise main --count 20 >noise.txt ||
+    Fail 'The installed vx3260-cli.exe could not read the simulated board'
+
+# Over itself, without windows; then away, but for what the user put there.
+wine "$installer" /S || Fail 'The installer cannot replace what it installed'
+cp parllio.dll "$installed"
+wine "$installed/uninstall.exe" /S || Fail "The uninstaller ended with $?"
+IsUninstalled() {
+    [ "$(ls "$installed")" = parllio.dll ] && [ ! -e "$menu" ]
+}
+Await 'Not everything is uninstalled' IsUninstalled
+! wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\vx3260-eval' \
+    >/dev/null 2>&1 || Fail 'Windows still lists the program'
+rm -r "$installed"

@@ -5,11 +5,13 @@
 #include <QDirIterator>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QWindow>
 
 #include "forms/shell/MainMenuForm.h"
 #include "support/Forms.h"
+#include "ui/Handbook.h"
 
 namespace vx3260::test {
 namespace {
@@ -95,6 +97,20 @@ TEST_F(HelpFormTest, TheMenuOpensContentsTheWindowsPageAndAbout) {
     WhileModal([this] { Find<QAction>(*form, "MnuHelpAbout").trigger(); },
                [&opened](QDialog& about) { opened = about.objectName(); });
     EXPECT_EQ(opened, QStringLiteral("aboutform"));
+}
+
+TEST_F(HelpFormTest, HandbookIsFoundBesideTheProgramOrWherePackagesKeepIt) {
+    const QTemporaryDir place;
+    const QString programs = place.filePath(QStringLiteral("bin"));
+    QDir().mkpath(programs);
+    EXPECT_EQ(HandbookOf(programs), QString());
+    for (const QString& folder : {place.filePath(QStringLiteral("share/vx3260-eval/handbook")),
+                                  programs + QStringLiteral("/handbook")}) {
+        QDir().mkpath(folder);
+        QFile page(folder + QStringLiteral("/index.html"));
+        EXPECT_TRUE(page.open(QIODevice::WriteOnly));
+        EXPECT_EQ(HandbookOf(programs), page.fileName());
+    }
 }
 
 TEST_F(HelpFormTest, LinksLeadToPagesAndTheContentsToAll) {

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/shell/MainMenuForm.h"
 
+#include <QCoreApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QTime>
 #include <QTimer>
+#include <QUrl>
 
 #include "analysis/forms/AuxNoiseForm.h"
 #include "analysis/forms/CountRefusal.h"
@@ -29,6 +32,7 @@
 #include "link/RegisterMap.h"
 #include "numbers/NumberText.h"
 #include "ui/Fonts.h"
+#include "ui/Handbook.h"
 #include "ui/HelpForm.h"
 #include "ui_MainMenuForm.h"
 
@@ -128,7 +132,24 @@ void MainMenuForm::ConnectHelpMenu() {
     connect(ui_->MnuHelpContents, &QAction::triggered, this,
             [this] { HelpForm::OpenContents(this); });
     On(ui_->MnuHelpWindow, &QAction::triggered, &MainMenuForm::OpenHelp);
+    On(ui_->MnuHelpHandbook, &QAction::triggered, &MainMenuForm::OpenHandbook);
     On(ui_->MnuHelpAbout, &QAction::triggered, &MainMenuForm::OpenForm<aboutform>);
+}
+
+void MainMenuForm::OpenHandbook() {
+    const QString page = HandbookOf(QCoreApplication::applicationDirPath());
+    if (page.isEmpty()) {
+        ShowMessage({.text = "The handbook is not installed with this program",
+                     .icon = MessageIcon::Exclamation,
+                     .detail = "\"Contents\" in this menu has the pages about the forms. The "
+                               "packages have the handbook, and so has a build where pandoc is "
+                               "installed."});
+    } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(page))) {
+        ShowMessage({.text = "No program could be started for the handbook",
+                     .icon = MessageIcon::Exclamation,
+                     .detail = "Open this page in a browser: " +
+                               QDir::toNativeSeparators(page).toStdString()});
+    }
 }
 
 /// Changes only the address of later accesses: no port is claimed and nothing is sent.

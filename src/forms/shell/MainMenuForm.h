@@ -51,6 +51,7 @@ class MainMenuForm final : public Form {
     void RestoreConfiguration();
     void ShowRegisters();
     void ConnectHelpMenu();
+    void OpenHandbook();
     void ChoosePort(const PrinterPort& port);
     void ShowPort();
 
