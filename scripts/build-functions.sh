@@ -19,7 +19,8 @@ clangPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" 
 arm64Packages=(g++-aarch64-linux-gnu cmake ninja-build "${headerPackages[@]}" googletest
     qemu-user-static)
 desktopPackages=(appstream desktop-file-utils)
-debPackages=(debhelper dpkg-dev lintian)
+documentPackages=(pandoc groff-base)
+debPackages=(debhelper dpkg-dev lintian "${documentPackages[@]}")
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "app/StartUp.h"
 #include "options/Validators.h"
@@ -18,6 +19,13 @@ constexpr std::string_view completionSwitch = "--complete";
 constexpr const char* offerValidator = "offer";
 
 constexpr char fieldSeparator = '\n';
+
+std::string Line(std::string text, const std::string& description) {
+    if (!description.empty()) {
+        text.append("\t").append(description);
+    }
+    return text;
+}
 
 bool HasValidator(CLI::Option& option, const char* name) {
     try {
@@ -172,12 +180,11 @@ class WordsBefore {
                 if (option->get_group().empty() || !CanFollow(*option)) {
                     continue;
                 }
-                const std::string description = "\t" + option->get_description();
-                for (const std::string& name : option->get_snames()) {
-                    lines.push_back("-" + name + description);
-                }
-                for (const std::string& name : option->get_lnames()) {
-                    lines.push_back("--" + name + description);
+                for (const auto& [dashes, names] : {std::pair("-", option->get_snames()),
+                                                    std::pair("--", option->get_lnames())}) {
+                    for (const std::string& name : names) {
+                        lines.push_back(Line(dashes + name, option->get_description()));
+                    }
                 }
             }
         }
@@ -189,7 +196,7 @@ class WordsBefore {
     std::vector<std::string> PositionalLines(const std::string& begun) {
         std::vector<std::string> lines;
         for (const CLI::App* command : Commands()) {
-            lines.push_back(command->get_name() + "\t" + command->get_description());
+            lines.push_back(Line(command->get_name(), command->get_description()));
         }
         if (!lines.empty()) {
             return lines;
@@ -223,8 +230,7 @@ CLI::Validator Offering(const Candidates& candidates) {
         std::string lines;
         for (const Candidate& candidate :
              candidates(words.substr(separator + 1), words.substr(0, separator))) {
-            lines += candidate.text +
-                     (candidate.description.empty() ? "" : "\t" + candidate.description) + "\n";
+            lines += Line(candidate.text, candidate.description) + "\n";
         }
         return lines;
     };
