@@ -2,7 +2,7 @@
 #include "options/Completion.h"
 
 #include <algorithm>
-#include <sstream>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -245,11 +245,12 @@ std::optional<std::string> RequestedCompletion(CLI::App& program,
     const std::span<const std::string> words = arguments.subspan(1);
     const std::string begun = words.empty() ? "" : words.back();
     std::string text;
+    std::set<std::string> printed;
     for (const std::string& line :
          WordsBefore(program, words.first(words.empty() ? 0 : words.size() - 1)).LinesFor(begun)) {
         const bool fits = line.starts_with(':') || line.starts_with(begun);
         // Of a command and of the program there is the same --help.
-        if (fits && ("\n" + text).find("\n" + line + "\n") == std::string::npos) {
+        if (fits && printed.insert(line).second) {
             text += line + "\n";
         }
     }
