@@ -19,7 +19,8 @@ sanitizerPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@
 arm64Packages=(g++-aarch64-linux-gnu cmake ninja-build "${headerPackages[@]}" googletest
     qemu-user-static)
 desktopPackages=(appstream desktop-file-utils)
-debPackages=(debhelper dpkg-dev lintian)
+documentPackages=(pandoc groff-base linkchecker)
+debPackages=(debhelper dpkg-dev lintian "${documentPackages[@]}")
 packageTools=(autopkgtest debootstrap)
 machinePackages=(qemu-system-x86 busybox-static)
 

@@ -7,7 +7,7 @@ folder=$(realpath "$1")
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
-InstallMissing linkchecker
+InstallMissing "${documentPackages[@]}"
 # As root, linkchecker reads the pages as somebody else.
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT

@@ -19,7 +19,7 @@ if [ ${#unlicensed[@]} -gt 0 ]; then
     failed=1
 fi
 scripts/check-layers.sh || failed=1
-shellcheck -x run.sh test.sh .ci/run scripts/*.sh || failed=1
+shellcheck -x run.sh test.sh .ci/run scripts/*.sh packaging/linux/completions/*.bash || failed=1
 
 if [ "${1:-}" != --fast ]; then
     Build sanitizers vx3260-eval

@@ -76,7 +76,7 @@ Say "Trying vx3260-eval ..."
 Install "${packages[1]}"
 AsUser 'timeout 5 vx3260-eval --simulated block.dat || [ $? -eq 124 ]'
 for path in share/man/man1/vx3260-{cli,eval}.1.gz share/applications/vx3260-eval.desktop \
-    share/bash-completion/completions/vx3260-{cli,eval} share/zsh/vendor-completions/_vx3260 \
+    share/bash-completion/completions/vx3260-{cli,eval} share/zsh/vendor-completions/_vx3260-{cli,eval} \
     share/vx3260-eval/handbook/index.html; do
     [ -e "$root/usr/$path" ] || Fail "There is no /usr/$path."
 done

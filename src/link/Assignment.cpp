@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
-#include <vector>
 
 #include "link/FilterRate.h"
 #include "numbers/WholeNumber.h"
@@ -56,16 +55,6 @@ std::optional<std::int64_t> CodeIn(const Field& field, std::string_view text) {
     }
     // It could be meant octal.
     return HasLeadingZero(text) ? std::nullopt : WholeNumber(text);
-}
-
-std::vector<std::string> WritableNames(const Field& field) {
-    std::vector<std::string> names;
-    for (const FieldValue& value : field.values) {
-        if (LimitsOf(field).Include(value.code)) {
-            names.emplace_back(value.name);
-        }
-    }
-    return names;
 }
 
 std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
@@ -120,6 +109,16 @@ Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
                std::string(description.name) + "; it has the fields: " + Joined(names, ", "));
     }
     return {*field, CodeToWrite(*field, text.substr(equals + 1))};
+}
+
+std::vector<std::string> WritableNames(const Field& field) {
+    std::vector<std::string> names;
+    for (const FieldValue& value : field.values) {
+        if (LimitsOf(field).Include(value.code)) {
+            names.emplace_back(value.name);
+        }
+    }
+    return names;
 }
 
 std::string ValueHelp(const Field& field) {

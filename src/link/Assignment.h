@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "link/RegisterFields.h"
 
@@ -32,6 +33,9 @@ inline constexpr std::span CalibrationModes = std::span(RegisterMap::ModeValues)
 /// for anything else and for a value that must not be written.
 Assignment ParseAssignment(const RegisterMap::RegisterDescription& description,
                            std::string_view text);
+
+/// The names of the values that a field can be set to; none where values have no names.
+std::vector<std::string> WritableNames(const RegisterMap::Field& field);
 
 /// What a field can be set to: "off|on", or "13 to 255" where values have no names.
 std::string ValueHelp(const RegisterMap::Field& field);

@@ -10,6 +10,7 @@
 #include "app/ApplicationInfo.h"
 #include "app/StartUp.h"
 #include "numbers/FilePath.h"
+#include "options/Completion.h"
 #include "options/ExitCodes.h"
 #include "options/PortOptions.h"
 
@@ -54,6 +55,11 @@ EvalRequest ParseEvalCommandLine(std::vector<std::string> arguments) {
     AddPortOptions(app, request.port);
     app.allow_extras();
     app.allow_windows_style_options(false);  // the same words on every system
+    if (const auto candidates = RequestedCompletion(app, arguments)) {
+        request.exitCode = static_cast<int>(ExitCode::Success);
+        request.text = *candidates;
+        return request;
+    }
     try {
         // The parser expects its words in reverse order.
         std::reverse(arguments.begin(), arguments.end());

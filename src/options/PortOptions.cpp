@@ -11,6 +11,7 @@
 #include "numbers/NumberText.h"
 #include "numbers/RuntimeError.h"
 #include "numbers/WholeNumber.h"
+#include "options/Completion.h"
 #include "options/Validators.h"
 #include "ports/FaultyPort.h"
 #include "ports/LineChoice.h"
@@ -80,6 +81,27 @@ std::chrono::nanoseconds ToPollTime(const std::string& microseconds) {
     return std::chrono::nanoseconds(std::llround(TextToDouble(microseconds) * 1e3));
 }
 
+/// Of a fault with a number, up to the number.
+std::vector<Candidate> FaultCandidates(const std::string& /*begun*/, const std::string& /*first*/) {
+    std::vector<Candidate> candidates{{std::string(faultListName), "Show the faults"}};
+    for (const FaultDescription& fault : KnownFaults()) {
+        const std::size_t equals = std::min(fault.name.find('='), fault.name.size() - 1);
+        candidates.push_back(
+            {std::string(fault.name.substr(0, equals + 1)), std::string(fault.text)});
+    }
+    return candidates;
+}
+
+std::vector<Candidate> PortCandidates(const std::string& begun, const std::string& /*first*/) {
+    std::vector<Candidate> candidates;
+    for (const auto& names : {PortNames(), LineChoicesFrom(begun)}) {
+        for (const std::string& name : names) {
+            candidates.push_back({name});
+        }
+    }
+    return candidates;
+}
+
 std::string RefuseBadLines(const std::string& port) {
     try {
         if (IsLineChoice(port)) {
@@ -116,6 +138,7 @@ void AddDeviceOptions(CLI::App& app, PortChoice& choice, CLI::Option* simulated)
            "FTDI chip: ftdi:serial=XXXX,sclk=TXD,din=RTS,reset=DTR,dout=RXD,rdy=CTS")
         ->type_name("/dev/parportN|gpio:...|ftdi:...")
         ->check(CLI::Validator(RefuseBadLines, ""))
+        ->check(Offering(PortCandidates))
         ->excludes(simulated);
     app.add_option_function<std::string>(
            "--port-address",
@@ -155,6 +178,7 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
            "Give the simulated board's wires a fault; may be repeated. \"list\" shows the faults")
         ->type_name("NAME")
         ->allow_extra_args(false)
+        ->check(Offering(FaultCandidates))
         ->needs(simulated);
     app.add_option("--seed", choice.seed, "Give the simulated board other noise, by any number")
         ->type_name("N")

@@ -6,9 +6,14 @@
 
 namespace vx3260 {
 
-/// For options that are names of files: refuses an empty one.
-inline CLI::Validator NotEmpty() {
-    return {[](const std::string& name) { return name.empty() ? "the name is empty" : ""; }, ""};
+/// The names of the validators by which completion knows the options that are names of files.
+inline constexpr const char* FilesValidator = "files";
+inline constexpr const char* FoldersValidator = "folders";
+
+/// For options that are names of files, or folders: refuses an empty one.
+inline CLI::Validator NotEmpty(const std::string& validatorName = FilesValidator) {
+    return {[](const std::string& name) { return name.empty() ? "the name is empty" : ""; }, "",
+            validatorName};
 }
 
 }  // namespace vx3260

@@ -90,6 +90,34 @@ bool IsLineChoice(std::string_view port) {
     return KindOf(port) != nullptr;
 }
 
+std::vector<std::string> LineChoicesFrom(std::string_view begun) {
+    std::vector<std::string> choices;
+    for (const KindTraits& kind : kinds) {
+        if (!begun.starts_with(kind.prefix)) {
+            choices.emplace_back(kind.prefix);
+            continue;
+        }
+        const std::size_t lastComma = begun.rfind(',');
+        const std::string before(begun.substr(
+            0, lastComma == std::string_view::npos ? kind.prefix.size() : lastComma + 1));
+        const auto add = [&](std::string_view key, std::string_view value) {
+            const std::string entry = std::string(key) + "=";
+            const bool there = before.find(":" + entry) != std::string::npos ||
+                               before.find("," + entry) != std::string::npos;
+            if (!key.empty() && !there) {
+                choices.push_back(before + entry + std::string(value));
+            }
+        };
+        for (const LineRoleTraits& role : LineRoles) {
+            add(role.name, kind.defaults.at(IndexOf(role.role)));
+        }
+        for (const std::string_view key : kind.deviceKeys) {
+            add(key, "");
+        }
+    }
+    return choices;
+}
+
 LineChoice ParseLineChoice(std::string_view port) {
     const KindTraits* const kind = KindOf(port);
     if (kind == nullptr) {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ports/Lines.h"
 
@@ -24,6 +25,10 @@ struct LineChoice {
 /// Whether a port is chosen in this manner, or meant to be: it begins with the name of a kind, in
 /// capital or small letters. The rest may be wrong.
 bool IsLineChoice(std::string_view port);
+
+/// The continuations of a choice that has been begun: the kinds, then the keys that are not there
+/// yet, a line's with its default.
+std::vector<std::string> LineChoicesFrom(std::string_view begun);
 
 /// Throws std::invalid_argument with the reason.
 LineChoice ParseLineChoice(std::string_view port);

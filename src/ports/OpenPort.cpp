@@ -45,9 +45,13 @@ std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
     return std::make_unique<PpdevPort>(choice.device, choice.pollTime);
 }
 
+std::string GpioChoiceText(const std::string& path) {
+    return "gpio:chip=" + path;
+}
+
 /// Claiming a chip's lines would drive them.
 PortListing ListingOf(const std::string& path) {
-    PortListing listing{.name = "gpio:chip=" + path,
+    PortListing listing{.name = GpioChoiceText(path),
                         .permissions = PermissionsOf(path),
                         .claim = PortClaim::NotTried};
     if (const std::optional<GpioChip> chip = GpioChipAt(path)) {
@@ -81,7 +85,26 @@ std::vector<PortListing> ListRealPorts(const PortChoice& choice) {
     return ports;
 }
 
+std::vector<std::string> RealPortNames() {
+    std::vector<std::string> names;
+    for (const ParportDevice& device : FindParportDevices()) {
+        names.push_back(device.path);
+    }
+    for (const std::string& path : FindGpioChips()) {
+        names.push_back(GpioChoiceText(path));
+    }
+    const std::vector<FtdiDevice> devices = FindFtdiDevices();
+    for (const FtdiDevice& device : devices) {
+        names.push_back(FtdiChoiceText(device, devices));
+    }
+    return names;
+}
+
 #else
+
+std::vector<std::string> RealPortNames() {
+    return {};
+}
 
 std::unique_ptr<ParallelPort> OpenRealPort(const PortChoice& choice) {
     return std::make_unique<ParllioPort>(choice.pollTime);
@@ -133,6 +156,10 @@ std::vector<PortListing> ListPorts(const PortChoice& choice) {
         return {{"simulated", DefaultPortAddress, {}}};
     }
     return ListRealPorts(choice);
+}
+
+std::vector<std::string> PortNames() {
+    return RealPortNames();
 }
 
 std::string NoPortDetail() {

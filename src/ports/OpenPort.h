@@ -77,6 +77,9 @@ struct PortListing {
 /// chosen.
 std::vector<PortListing> ListPorts(const PortChoice& choice);
 
+/// The names of the real ports there are, as --port takes them. Nothing is opened.
+std::vector<std::string> PortNames();
+
 /// What to do where there is no port.
 std::string NoPortDetail();
 

@@ -11,6 +11,7 @@
 #include "cli/commands/Command.h"
 #include "files/CodeFile.h"
 #include "files/ConditionsFile.h"
+#include "options/Completion.h"
 
 namespace vx3260 {
 namespace {
@@ -18,6 +19,14 @@ namespace {
 constexpr const char* rangeOption = "--range";
 constexpr const char* fullScaleOption = "--full-scale";
 constexpr const char* polarityOption = "--polarity";
+
+std::vector<Candidate> RangeCandidates(const std::string& /*begun*/, const std::string& /*first*/) {
+    std::vector<Candidate> candidates;
+    for (const RegisterMap::FieldValue& range : RegisterMap::InputRange.values) {
+        candidates.push_back({std::to_string(range.code), std::string(range.name)});
+    }
+    return candidates;
+}
 
 /// Refuses an option for the converter that has another option in its place.
 CLI::Validator OnlyFor(Converter converter, const Converter& chosen,
@@ -76,6 +85,7 @@ CLI::Option* AnalysedFile::AddRange(CLI::App& parser) {
             "Range code, 0 to 7, that FILE was read with from the main ADC")
         ->type_name("CODE")
         ->check(CLI::Range(0, 7))
+        ->check(Offering(RangeCandidates))
         ->check(OnlyFor(Converter::Main, converter_, fullScaleOption));
 }
 

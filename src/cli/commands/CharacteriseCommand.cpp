@@ -18,6 +18,7 @@
 #include "link/FilterRate.h"
 #include "link/RegisterLookup.h"
 #include "numbers/NumberText.h"
+#include "options/Completion.h"
 #include "options/Validators.h"
 
 namespace vx3260 {
@@ -39,6 +40,30 @@ std::int32_t CodeNamed(const RegisterMap::Field& field, const std::string& name,
     }
     throw CommandError(ExitCode::WrongCommandLine,
                        option + ": '" + name + "' is not one of " + known);
+}
+
+/// The names that a field of the named converter has.
+std::vector<Candidate> NamesOf(const RegisterMap::Field& (*fieldOf)(Converter),
+                               const std::string& converterName) {
+    std::vector<Candidate> candidates;
+    if (const std::optional<Converter> converter = ConverterNamed(converterName)) {
+        for (const RegisterMap::FieldValue& value : fieldOf(*converter).values) {
+            candidates.push_back({std::string(value.name)});
+        }
+    }
+    return candidates;
+}
+
+std::vector<Candidate> RangeNameCandidates(const std::string& /*begun*/,
+                                           const std::string& converterName) {
+    std::vector<Candidate> candidates = NamesOf(ScaleField, converterName);
+    candidates.push_back({std::string(all)});
+    return candidates;
+}
+
+std::vector<Candidate> ChannelCandidates(const std::string& /*begun*/,
+                                         const std::string& converterName) {
+    return NamesOf(ChannelField, converterName);
 }
 
 std::vector<std::int32_t> CodesOf(Converter converter, const std::vector<std::string>& names) {
@@ -105,6 +130,7 @@ void CharacteriseCommand::AddSettings() {
                     "or all")
         ->type_name("NAME,...")
         ->delimiter(',')
+        ->check(Offering(RangeNameCandidates))
         ->default_str(std::string(all));
     Parser()
         .add_option("--words", words_, "Filter words, 13 to 255")
@@ -126,7 +152,8 @@ void CharacteriseCommand::AddSettings() {
         "Polarity of the input range");
     Parser()
         .add_option("--channel", channel_, "Input channel; without it, the present one")
-        ->type_name("NAME");
+        ->type_name("NAME")
+        ->check(Offering(ChannelCandidates));
 }
 
 void CharacteriseCommand::AddMeasurement() {
@@ -148,7 +175,7 @@ void CharacteriseCommand::AddOutput() {
     Parser()
         .add_option("-o,--output", output_, "Folder for the results; it is made where needed")
         ->type_name("FOLDER")
-        ->check(NotEmpty())
+        ->check(NotEmpty(FoldersValidator))
         ->required();
     CLI::Option* const resume = Parser().add_flag(
         "--resume", resume_, "Go on where the characterisation in the folder stopped");

@@ -11,6 +11,7 @@
 #include "cli/commands/ReportErrors.h"
 #include "cli/commands/ScriptCommand.h"
 #include "files/CodeFile.h"
+#include "options/Completion.h"
 #include "options/ExitCodes.h"
 #include "options/PortOptions.h"
 
@@ -47,6 +48,10 @@ class Program {
 
     ExitCode Run(std::span<const std::string> arguments, OperatingSystem& system,
                  CliStreams& streams) {
+        if (const auto candidates = RequestedCompletion(parser_, arguments)) {
+            streams.out << *candidates;
+            return ExitCode::Success;
+        }
         const bool statusRequested =
             std::any_of(arguments.begin(), arguments.end(), IsStatusSwitch);
         try {

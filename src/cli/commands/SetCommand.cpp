@@ -12,6 +12,7 @@
 #include "link/FieldWrite.h"
 #include "link/Register.h"
 #include "link/RegisterLookup.h"
+#include "options/Completion.h"
 
 namespace vx3260 {
 namespace {
@@ -46,6 +47,28 @@ std::string FieldHelp() {
         }
     }
     return help;
+}
+
+/// The fields of the register; after a field's "=" its values.
+std::vector<Candidate> AssignmentCandidates(const std::string& begun,
+                                            const std::string& registerName) {
+    std::vector<Candidate> candidates;
+    for (const RegisterDescription& description : RegisterMap::ReadableRegisters) {
+        if (description.name != registerName) {
+            continue;
+        }
+        for (const RegisterMap::Field& field : description.fields) {
+            const std::string assigned = std::string(field.name) + "=";
+            if (!begun.starts_with(assigned)) {
+                candidates.push_back({assigned, std::string(field.title)});
+                continue;
+            }
+            for (const std::string& name : WritableNames(field)) {
+                candidates.push_back({assigned + name});
+            }
+        }
+    }
+    return candidates;
 }
 
 Assignment ParsedAssignment(const RegisterDescription& description, const std::string& text) {
@@ -116,6 +139,7 @@ SetCommand::SetCommand(CLI::App& program)
     Parser()
         .add_option("assignments", assignments_, "What to change, one field after the other")
         ->type_name("FIELD=VALUE")
+        ->check(Offering(AssignmentCandidates))
         ->required();
     Parser().footer(FieldHelp());
 }
