@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Checks the sources' format, licence lines and layers, and the scripts, then runs clang-tidy over
+# Checks the sources' format, licence lines and layers, the documents' links, and the scripts, then runs clang-tidy over
 # what clang compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -18,6 +18,13 @@ if [ ${#unlicensed[@]} -gt 0 ]; then
     Say "No licence line at the beginning of: ${unlicensed[*]}"
     failed=1
 fi
+while IFS=: read -r file link; do
+    link=${link#*(}
+    if [ ! -e "$(dirname "$file")/${link%%[#)]*}" ]; then
+        Say "$file links $link, which is not there."
+        failed=1
+    fi
+done < <(git grep -o ']([^):]*)' '*.md')
 scripts/check-layers.sh || failed=1
 shellcheck -x run.sh test.sh .ci/run scripts/*.sh packaging/linux/completions/*.bash || failed=1
 
