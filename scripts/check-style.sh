@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Checks the sources' format, licence lines and layers, the documents' links, and the scripts, then runs clang-tidy over
-# what clang compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
+# Checks the sources' format, licence lines and layers, the documents' links and the scripts, then
+# runs clang-tidy over what clang compiles of src/. Installs what it needs. "--fast" leaves clang-tidy out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
@@ -20,7 +20,8 @@ if [ ${#unlicensed[@]} -gt 0 ]; then
 fi
 while IFS=: read -r file link; do
     link=${link#*(}
-    if [ ! -e "$(dirname "$file")/${link%%[#)]*}" ]; then
+    link=${link%%[#)]*}
+    if [ ! -e "$(dirname "$file")/$link" ]; then
         Say "$file links $link, which is not there."
         failed=1
     fi
