@@ -22,6 +22,7 @@ desktopPackages=(appstream desktop-file-utils)
 documentPackages=(pandoc groff-base linkchecker)
 debPackages=(debhelper dpkg-dev lintian "${documentPackages[@]}")
 packageTools=(autopkgtest debootstrap)
+soakPackages=(xvfb xauth openbox xdotool imagemagick)
 machinePackages=(qemu-system-x86 busybox-static)
 
 Say() {
