@@ -11,6 +11,7 @@ InstallMissing "${packageTools[@]}"
 folder=build/deb
 packages=("$folder"/vx3260-{cli,eval}_"$(ProjectVersion)"_*.deb)
 root=$(mktemp -d /var/tmp/vx3260-root.XXXXXX)
+chmod 755 "$root"
 trap 'AsRoot rm -rf "$root"' EXIT
 
 Fail() {
