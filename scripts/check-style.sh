@@ -9,7 +9,7 @@ source scripts/build-functions.sh
 InstallMissing "${clangPackages[@]}" "${stylePackages[@]}"
 
 failed=0
-mapfile -t sources < <(find src tests bench -name '*.h' -o -name '*.cpp')
+mapfile -t sources < <(find src tests bench robustness -name '*.h' -o -name '*.cpp')
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
 mapfile -t unlicensed < <(git ls-files '*.cpp' '*.h' '*.h.in' '*.rc.in' '*.sh' '*.cmake' \
     '*CMakeLists.txt' '*.ui' '*.qrc' '*.manifest.in' .ci/run |
