@@ -2,12 +2,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Random clicks, keys and texts over all forms, on the simulated board with faults that come and go,
 # under the sanitizers. As root it works as the user nobody: file dialogs really write.
-# Usage: monkey.sh [SECONDS [SEED [OPTION...]]]; without, half of 60 s with a seed of their own.
+# Usage: monkey.sh [SECONDS [SEED [OPTION...]]]; without, 60 s with any seed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
-InstallMissing "${buildPackages[@]}" "${testPackages[@]}"
+InstallMissing "${sanitizerPackages[@]}"
 Build sanitizers monkey
 folder=$(mktemp -d)
 log=$PWD/build/monkey.log
@@ -35,10 +35,4 @@ Play() {
     fi
 }
 
-seconds=${1:-60}
-if [ $# -gt 1 ]; then
-    Play "$seconds" "${@:2}"
-else
-    Play $(((seconds + 1) / 2)) 1
-    Play $((seconds / 2)) "$RANDOM$RANDOM"
-fi
+Play "${1:-60}" "${2:-$RANDOM$RANDOM}" "${@:3}"

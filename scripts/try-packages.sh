@@ -29,7 +29,7 @@ Apt() {
 
 # As somebody who owns nothing but a folder.
 AsUser() {
-    AsRoot chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin LC_ALL=C.UTF-8 HOME=/home/user \
+    Logged "$folder/user.log" AsRoot chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin LC_ALL=C.UTF-8 HOME=/home/user \
         QT_QPA_PLATFORM=offscreen sh -ec "cd; $1"
 }
 
@@ -67,10 +67,10 @@ before=$(Files)
 Say "Trying vx3260-cli alone ..."
 Install "${packages[0]}"
 ! IsInRoot libqt6widgets6 || Fail "vx3260-cli depends on Qt's widgets."
-AsUser 'vx3260-cli --simulated read main --count 50 --output block.dat 2>progress.txt
-    vx3260-cli noise main block.dat >noise.txt
-    vx3260-cli --simulated record main --output night.csv --count 20 2>>progress.txt
-    vx3260-cli --simulated characterise main --words 255 --output noise --count 8 2>>progress.txt
+AsUser 'vx3260-cli --simulated read main --count 50 --output block.dat
+    vx3260-cli noise main block.dat
+    vx3260-cli --simulated record main --output night.csv --count 20
+    vx3260-cli --simulated characterise main --words 255 --output noise --count 10
     vx3260-cli --simulated save bench.vx3260
     vx3260-cli --simulated compare bench.vx3260'
 Say "Trying vx3260-eval ..."
