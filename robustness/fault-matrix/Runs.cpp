@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <span>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -20,8 +21,10 @@
 namespace vx3260::matrix {
 namespace {
 
+const std::string measured = "--words 13 --count 10 --output ";
+
 const BoardCommand commandLines[] = {
-    {"check"},
+    {"check", 1},
     {"registers"},
     {"registers filter status --format json"},
     {"set mode mode=power-down"},
@@ -37,19 +40,19 @@ const BoardCommand commandLines[] = {
     {"export --output @export.h --force"},
     {"reset hardware", 0, false},
     {"reset software", 0, false},
-    {"read % --count 4 --output @block.dat --force", 1},
-    {"read % --count 4 --format csv", 1},
+    {"read % --count 4 --output @block.dat --force", 2},
+    {"read % --count 4 --format csv", 2},
+    {"read % --count 2 --format json", 2},
     {"record % --duration 120ms --output @%.csv --append", 3},
     {"record % --duration 120ms --output @%.csv --force", 3},
     {"record both --duration 120ms --output @both.csv --force --reset-on-timeout", 6},
-    {"noise % --count 10", 1},
-    {"histogram % --count 10", 1},
-    {"spectrum % --count 16", 1},
-    {"stability % --count 16", 1},
-    {"characterise % --words 13 --count 10 --output @%-characterised --force", 8},
-    {"characterise % --words 13 --count 10 --output @%-begun --resume", 8},
-    {"script @lines.script", 1},
-    {"--trace @trace.vcd read % --count 2", 1},
+    {"noise % --count 10", 2},
+    {"characterise main --ranges 20mV,2.56V " + measured + "@main-characterised --force", 2},
+    {"characterise main --ranges 20mV,2.56V " + measured + "@main-begun --resume", 2},
+    {"characterise aux " + measured + "@aux-characterised --force", 2},
+    {"characterise aux " + measured + "@aux-begun --resume", 2},
+    {"script @lines.script", 2},
+    {"--trace @trace.vcd read % --count 2", 2},
 };
 
 /// `text` with each `mark` replaced.
@@ -81,7 +84,8 @@ std::vector<BoardCommand> BoardCommands() {
 }
 
 std::vector<std::string> CommandsLeftOut() {
-    static constexpr std::string_view withoutBoard[] = {"ports", "report"};
+    static constexpr std::string_view withoutBoard[] = {"ports", "histogram", "spectrum",
+                                                        "stability", "report"};
     CLI::App parser;
     CommandSet const commands(parser);
     std::vector<std::string> leftOut;
@@ -127,16 +131,14 @@ RunResult Run(const BoardCommand& command, const std::string& fault, const std::
 }
 
 std::vector<std::string> FaultsFor(std::int64_t accesses) {
+    std::vector<std::int64_t> goneAfter = {0, 20, 200};
+    for (int part = 1; part < 8; ++part) {
+        goneAfter.push_back(accesses * part / 8);
+    }
     // The last accesses of a command show whether it believes what it has just read.
-    const std::int64_t goneAfter[] = {0,
-                                      20,
-                                      200,
-                                      accesses / 4,
-                                      accesses / 2,
-                                      accesses - 400,
-                                      accesses - 100,
-                                      accesses - 30,
-                                      accesses - 1};
+    for (const int before : {700, 550, 400, 300, 220, 150, 100, 60, 30, 9, 1}) {
+        goneAfter.push_back(accesses - before);
+    }
     constexpr std::int64_t flipEvery[] = {1, 2, 8, 31, 1000, 20000};
     std::vector<std::string> faults;
     for (const FaultDescription& fault : KnownFaults()) {
@@ -148,7 +150,7 @@ std::vector<std::string> FaultsFor(std::int64_t accesses) {
         const std::string prefix = name.substr(0, name.size() - 1);
         const bool gone = name.starts_with("board-gone");
         for (const std::int64_t number :
-             gone ? std::span<const std::int64_t>(goneAfter) : std::span(flipEvery)) {
+             gone ? std::span<const std::int64_t>(goneAfter) : flipEvery) {
             faults.push_back(prefix + std::to_string(std::max<std::int64_t>(number, gone ? 0 : 1)));
         }
     }
