@@ -21,15 +21,15 @@ constexpr int formatVersion = 1;
     RefuseJson(QStringLiteral("%1 is missing or not what it should be").arg(what));
 }
 
+/// The inverse of TextOfCode: some channels of the aux converter have no names.
 std::int32_t CodeNamed(const RegisterMap::Field& field, const QJsonValue& name) {
     const std::string text = name.toString().toStdString();
-    const auto found =
-        std::find_if(field.values.begin(), field.values.end(),
-                     [&text](const RegisterMap::FieldValue& value) { return value.name == text; });
-    if (found == field.values.end()) {
-        Refuse(QString::fromUtf8(field.name));
+    for (std::int32_t code = 0; code <= field.LargestCode(); ++code) {
+        if (RegisterMap::TextOfCode(field, code) == text) {
+            return code;
+        }
     }
-    return found->code;
+    Refuse(QString::fromUtf8(field.name));
 }
 
 QString Text(const std::string& text) {

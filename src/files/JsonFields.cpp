@@ -13,6 +13,8 @@
 namespace vx3260 {
 namespace {
 
+constexpr int maxYear = 9999;
+
 /// The status register tells how things stand at a moment, not how the chip is set.
 bool IsSetting(const RegisterMap::RegisterDescription& description) {
     return description.access.writeByte != 0;
@@ -120,8 +122,9 @@ QJsonObject ObjectIn(const QJsonObject& object, const char* name) {
 }
 
 UtcTime TimeIn(const QJsonObject& object, const char* name) {
-    const QDateTime time = QDateTime::fromString(TextIn(object, name), Qt::ISODateWithMs);
-    if (!time.isValid()) {
+    const QDateTime time = QDateTime::fromString(TextIn(object, name), Qt::ISODateWithMs).toUTC();
+    // A time zone leads out of the years that can be written.
+    if (!time.isValid() || time.date().year() < 1 || time.date().year() > maxYear) {
         RefuseJson(QStringLiteral("\"%1\" is not a time").arg(name));
     }
     return UtcTime(std::chrono::milliseconds(time.toMSecsSinceEpoch()));
@@ -142,7 +145,7 @@ std::optional<double> PositiveIn(const QJsonObject& object, const char* name) {
         return std::nullopt;
     }
     const double number = value.toDouble();
-    if (!(number > 0) || !std::isfinite(static_cast<float>(number))) {
+    if (!(static_cast<float>(number) > 0) || !std::isfinite(static_cast<float>(number))) {
         RefuseJson(QStringLiteral("\"%1\" is not a number above 0").arg(name));
     }
     return number;

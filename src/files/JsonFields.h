@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "link/BlockConditions.h"
 
@@ -29,7 +30,8 @@ void CheckFormat(const QJsonObject& object, QLatin1String format, int version,
 /// The number; null where it is not known.
 template <typename Number>
 QJsonValue OrNull(const std::optional<Number>& number) {
-    return number ? QJsonValue(static_cast<double>(*number)) : QJsonValue();
+    using Kept = std::conditional_t<std::is_integral_v<Number>, qint64, double>;
+    return number ? QJsonValue(static_cast<Kept>(*number)) : QJsonValue();
 }
 
 /// A time in ISO 8601, with milliseconds.
@@ -49,7 +51,7 @@ QJsonObject ObjectIn(const QJsonObject& object, const char* name);
 UtcTime TimeIn(const QJsonObject& object, const char* name);
 Converter ConverterIn(const QJsonObject& object, const char* name);
 
-/// A number above 0; nothing for null and where it is missing.
+/// A number above 0 in single precision; nothing for null and where it is missing.
 std::optional<double> PositiveIn(const QJsonObject& object, const char* name);
 
 /// The same for a count from 0 on.

@@ -37,7 +37,8 @@ class Checker {
         }
         const BoardCheck check = TryPatterns();
         // The board may have gone meanwhile.
-        const auto dead = check.verdict == BoardVerdict::AnswersWrongly ? DeadLine() : std::nullopt;
+        const bool doubtful = check.verdict == BoardVerdict::AnswersWrongly || !check.putBack;
+        const auto dead = doubtful ? DeadLine() : std::nullopt;
         return dead ? BoardCheck{*dead} : check;
     }
 

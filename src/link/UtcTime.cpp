@@ -1,19 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/UtcTime.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace vx3260 {
 namespace {
 
-std::string TwoDigits(std::int64_t number) {
+std::string Digits(std::int64_t number, std::size_t count) {
     const std::string digits = std::to_string(number);
-    return digits.size() < 2 ? "0" + digits : digits;
+    return std::string(count - std::min(count, digits.size()), '0') + digits;
+}
+
+std::string TwoDigits(std::int64_t number) {
+    return Digits(number, 2);
 }
 
 std::string DateText(std::chrono::sys_days day) {
     const std::chrono::year_month_day date(day);
-    return std::to_string(static_cast<int>(date.year())) + "-" +
+    return Digits(static_cast<int>(date.year()), 4) + "-" +
            TwoDigits(static_cast<unsigned>(date.month())) + "-" +
            TwoDigits(static_cast<unsigned>(date.day()));
 }

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -58,6 +59,9 @@ struct OpenedPort {
 /// `portAddress`, which outlives the port, is the base address in use, which a trace follows.
 /// Throws FileAccessError when the trace cannot be written; its time is the board's.
 OpenedPort OpenPort(const PortChoice& choice, const std::int16_t& portAddress);
+
+/// Opens a port as OpenPort does.
+using PortOpener = std::function<OpenedPort(const PortChoice&, const std::int16_t&)>;
 
 /// Whether a port can be claimed.
 enum class PortClaim { Possible, Failed, NotTried };

@@ -123,12 +123,13 @@ BlockReading ReadCodes(Services& services, const CliStreams& streams, const Bloc
     ConditionsRecorder recorder(services, converter);
     const ReadingEnd read =
         ReadWithProgress(reader, block, request.count, streams, recorder, stopRequested);
+    // Before the board is looked for, which shows whether this is true as well.
+    const bool overRange = read != ReadingEnd::TimedOut && ReadOverRange(services, converter);
     const bool gone = GoneAfterReading(services, converter, read);
     const ReadingEnd end = gone ? ReadingEnd::TimedOut : read;
-    BlockReading reading{
-        .codes = GoodCodes(block, end),
-        .conditions = std::move(recorder).End(end, request.referenceVoltage),
-        .overRange = end != ReadingEnd::TimedOut && ReadOverRange(services, converter)};
+    BlockReading reading{.codes = GoodCodes(block, end),
+                         .conditions = std::move(recorder).End(end, request.referenceVoltage),
+                         .overRange = overRange && !gone};
     reading.conditions.seconds.resize(reading.codes.size());
     ReportEnd(
         services, end,

@@ -30,7 +30,7 @@ void BoardSession::Open() {
         return;
     }
     RefuseTraceAsStandardOutput(portChoice_.traceFile);
-    opened_ = OpenPort(portChoice_, state_.PortAddress);
+    opened_ = openPort_(portChoice_, state_.PortAddress);
     services_.emplace(vx3260::Services{*opened_.port, messages_, system_, state_,
                                        opened_.boardLabel, opened_.faults});
     if (!opened_.boardLabel.empty()) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "app/ApplicationState.h"
 #include "app/Services.h"
@@ -28,11 +29,12 @@ class BoardSession {
     /// References outlive the session. Nothing is opened yet. With `statusRequested` start-up shows
     /// the system and the port's address.
     BoardSession(const PortChoice& portChoice, bool statusRequested, OperatingSystem& system,
-                 std::ostream& err)
+                 std::ostream& err, PortOpener openPort)
         : portChoice_(portChoice),
           statusRequested_(statusRequested),
           system_(system),
           err_(err),
+          openPort_(std::move(openPort)),
           messages_(err) {}
     ~BoardSession() = default;
     BoardSession(const BoardSession&) = delete;
@@ -61,6 +63,7 @@ class BoardSession {
     bool statusRequested_;
     OperatingSystem& system_;
     std::ostream& err_;
+    PortOpener openPort_;
     ConsoleMessages messages_;
     ApplicationState state_;
     OpenedPort opened_;

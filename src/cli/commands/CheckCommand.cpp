@@ -64,14 +64,15 @@ CheckCommand::CheckCommand(CLI::App& program)
 ExitCode CheckCommand::Run(const CommandContext& context) {
     Services& services = context.board.Services();
     const BoardCheck check = CheckBoard(services.port, services.state.PortAddress);
-    if (check.verdict != BoardVerdict::Answers) {
-        const bool wrong = check.verdict == BoardVerdict::AnswersWrongly;
+    const bool answers = check.verdict == BoardVerdict::Answers;
+    if (!answers || !check.putBack) {
+        const bool wrong = answers || check.verdict == BoardVerdict::AnswersWrongly;
         throw CommandError(
             wrong ? ExitCode::ReadBackMismatch : ExitCode::NoAnswer,
             VerdictText(check) + ". " + InPortWords(EntryOf(check.verdict).advice, services.port));
     }
     context.streams.out << VerdictText(check) << '\n';
-    return check.putBack ? ExitCode::Success : ExitCode::ReadBackMismatch;
+    return ExitCode::Success;
 }
 
 }  // namespace vx3260

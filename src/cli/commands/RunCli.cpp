@@ -47,7 +47,7 @@ class Program {
     }
 
     ExitCode Run(std::span<const std::string> arguments, OperatingSystem& system,
-                 CliStreams& streams) {
+                 CliStreams& streams, const PortOpener& openPort) {
         if (const auto candidates = RequestedCompletion(parser_, arguments)) {
             streams.out << *candidates;
             return ExitCode::Success;
@@ -65,7 +65,7 @@ class Program {
             parser_.exit(error, streams.out, streams.err);
             return ExitCode::Success;
         }
-        BoardSession board(portChoice_, statusRequested, system, streams.err);
+        BoardSession board(portChoice_, statusRequested, system, streams.err, openPort);
         try {
             const ExitCode code = commands_.Chosen().Run({board, system, streams});
             return ReportFailure(board, streams.err) && code == ExitCode::Success
@@ -92,17 +92,18 @@ class Program {
 
 /// Output that cannot be flushed is an error.
 ExitCode RunAndFlush(std::span<const std::string> arguments, OperatingSystem& system,
-                     CliStreams& streams) {
-    const ExitCode code = Program().Run(arguments, system, streams);
+                     CliStreams& streams, const PortOpener& openPort) {
+    const ExitCode code = Program().Run(arguments, system, streams, openPort);
     WriteToStream(streams.out, "", "standard output");
     return code;
 }
 
 }  // namespace
 
-int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams) {
-    return static_cast<int>(
-        ReportErrors(streams, "", [&] { return RunAndFlush(arguments, system, streams); }));
+int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams,
+           const PortOpener& openPort) {
+    return static_cast<int>(ReportErrors(
+        streams, "", [&] { return RunAndFlush(arguments, system, streams, openPort); }));
 }
 
 }  // namespace vx3260

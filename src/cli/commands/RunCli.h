@@ -11,6 +11,7 @@ namespace vx3260 {
 
 /// The whole program except what belongs to the process: `arguments`, UTF-8, are those of main
 /// without the program's name. Returns the exit code, a value of ExitCode.
-int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams);
+int RunCli(std::span<const std::string> arguments, OperatingSystem& system, CliStreams streams,
+           const PortOpener& openPort = OpenPort);
 
 }  // namespace vx3260

@@ -51,6 +51,14 @@ TEST_F(CharacteriseCommandTest, WritesTablesBlocksAndReport) {
     EXPECT_EQ(folder.Bytes("results/report.html"), report);
 }
 
+TEST_F(CharacteriseCommandTest, ReportsAChannelWithoutAName) {
+    const std::string script = folder.Make(
+        "script",
+        "set aux-control channel=7\ncharacterise aux --words 13 --count 10 -o '" + results + "'\n");
+    EXPECT_EQ(RunProgram("--simulated script " + script).exitCode, ExitCode::Success);
+    EXPECT_EQ(RunProgram("report " + results).exitCode, ExitCode::Success);
+}
+
 TEST_F(CharacteriseCommandTest, ResumesTheSameAndReplacesByForceOnly) {
     EXPECT_EQ(Run("", "--simulated --fault board-gone=400000").exitCode, ExitCode::NoAnswer);
     EXPECT_TRUE(Exists("bipolar-20mV-13.dat.json"));
