@@ -15,10 +15,7 @@ DebianChangelog() {
 }
 
 InstallMissing "${buildPackages[@]}" "${debPackages[@]}"
-if [ -n "$(git status --porcelain)" ]; then
-    Say "The tree has changes that are not committed; the packages would not be of any commit."
-    exit 1
-fi
+RequireCleanTree packages
 version=$(ProjectVersion)
 folder=build/deb
 source=$folder/vx3260-eval-$version

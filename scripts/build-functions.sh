@@ -15,7 +15,8 @@ stylePackages=(clang-format clang-tidy shellcheck)
 benchPackages=(libbenchmark-dev)
 judgePackages=(python3-scipy)
 plainPackages=(make)
-sanitizerPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang llvm)
+sanitizerPackages=("${buildPackages[@]}" "${testPackages[@]}" "${benchPackages[@]}" clang
+    libclang-rt-14-dev llvm)
 arm64Packages=(g++-aarch64-linux-gnu cmake ninja-build "${headerPackages[@]}" googletest
     qemu-user-static)
 desktopPackages=(appstream desktop-file-utils)
@@ -112,6 +113,18 @@ MakeWineLikeWindows() {
         InWine reg add "$key" /v "${pair%=*}" /d "${pair#*=}" /f
     done
     InWine reg add 'HKCU\Software\Wine' /v Version /d win10 /f
+}
+
+# RequireCleanTree WHAT: fails where it would not be made of the present commit.
+RequireCleanTree() {
+    [ -n "$(git status --porcelain)" ] || return 0
+    Say "The tree has changes that are not committed; the $1 would not be of any commit."
+    return 1
+}
+
+# Resident PID: its memory, in KiB; nothing once it has ended.
+Resident() {
+    awk '/^VmRSS:/ { print $2 }' "/proc/$1/status" 2>/dev/null || true
 }
 
 # ShowEnd LOG: of something that failed.

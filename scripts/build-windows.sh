@@ -15,6 +15,8 @@ BuildPrograms() {
         Say "Other libraries than the last time: building everything anew ..."
         rm -rf "$build"
     fi
+    # A folder that was configured before pandoc came has no handbook.
+    [ -d "$build/share" ] || rm -f "$build/build.ninja"
     Build $preset all -DCMAKE_FIND_ROOT_PATH="$libraries"
 }
 
@@ -93,7 +95,7 @@ libraries=$(scripts/build-windows-libraries.sh)
 BuildPrograms
 RunTests
 
-version=$(sed -n 's/^CMAKE_PROJECT_VERSION:.*=//p' "$build/CMakeCache.txt")
+version=$(ProjectVersion)
 name=vx3260-eval-$version-windows
 programs=$PWD/$build/$name sources=$PWD/$build/$name-sources
 StagePrograms "$programs"

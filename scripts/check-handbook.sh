@@ -14,8 +14,11 @@ trap 'rm -rf "$place"' EXIT
 cp -r "$folder/." "$place"
 chmod -R a+rX "$place"
 
-if ! linkchecker --no-status --verbose --output csv "$place/index.html" >"$place/links.csv" 2>"$place/errors.txt"; then
-    grep ';False;' "$place/links.csv" >&2
+if ! linkchecker --no-status --verbose --output csv "$place/index.html" \
+    >"$place/links.csv" 2>"$place/errors.txt"; then
+    awk -F ';' -v place="file://$place/" '/;False;/ {
+        sub(place, "", $2); sub(place, "", $8); print $8 " links " $1 ", which is not there." }
+        END { if (NR == 0) exit 1 }' "$place/links.csv" >&2 || cat "$place/errors.txt" >&2
     exit 1
 fi
 unlinked=0

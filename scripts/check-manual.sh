@@ -5,8 +5,11 @@
 # Where pandoc is installed, makes the pages and lets groff look for faults in them.
 # Usage: check-manual.sh [FOLDER-OF-PROGRAMS]
 set -euo pipefail
+programs=$(realpath "${1:-$(dirname "$0")/../build/release/bin}")
 cd "$(dirname "$0")/.."
-programs=${1:-build/release/bin}
+source scripts/build-functions.sh
+
+InstallMissing "${documentPackages[@]}"
 failures=0
 facts=0
 

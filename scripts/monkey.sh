@@ -11,7 +11,7 @@ InstallMissing "${sanitizerPackages[@]}"
 Build sanitizers monkey
 folder=$(mktemp -d)
 log=$PWD/build/monkey.log
-trap 'chmod -R u+w "$folder"; rm -r "$folder"' EXIT
+trap 'chmod -R u+w "$folder" || true; rm -rf "$folder"' EXIT
 cp build/sanitizers/bin/monkey "$folder"
 user=()
 if [ "$(id -u)" -eq 0 ]; then
@@ -25,7 +25,7 @@ Play() {
     if ! (cd "$folder" && env HOME="$folder" TMPDIR="$folder" XDG_RUNTIME_DIR="$folder" \
         LC_ALL=C.UTF-8 ASAN_OPTIONS=handle_abort=1 UBSAN_OPTIONS=print_stacktrace=1 \
         "${user[@]}" "$folder/monkey" --seconds "$seconds" --seed "$seed" "${@:3}") 2>"$log"; then
-        awk '/does not support/ { next } { lines[++count] = $0 }
+        awk -v seed="$seed" '/does not support/ { next } { lines[++count] = $0 }
             /^- / { action[++actions] = count } /^round with seed/ { seed = $4 }
             END {
                 for (i = action[actions > 30 ? actions - 29 : 1]; i <= count; i++) print lines[i]

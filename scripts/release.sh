@@ -7,10 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
-if [ -n "$(git status --porcelain)" ]; then
-    Say "The tree has changes that are not committed; the release would not be of any commit."
-    exit 1
-fi
+RequireCleanTree release
 version=$(ProjectVersion)
 if [ -z "$(ReleaseDate)" ]; then
     Say "CHANGELOG.md has no section \"## $version (date)\"."

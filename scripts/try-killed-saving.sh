@@ -13,6 +13,7 @@ if [ -z "$program" ]; then
     Build debug vx3260-cli
     program=$PWD/build/debug/bin/vx3260-cli
 fi
+program=$(realpath "$program")
 folder=$(mktemp -d)
 trap 'rm -r "$folder"' EXIT
 versions=60
@@ -34,14 +35,14 @@ Settings() {
     grep -v '^#' "$1"
 }
 
-# Which VERSIONS FILE: the number of the version that the file is.
-Which() {
+# VersionOf VERSIONS FILE: the number of the version that the file is.
+VersionOf() {
     awk -v sum="$(sha256sum <"$2")" '$0 == sum { print NR; exit }' "$1"
 }
 
 mkdir "$folder/all"
 Script "$folder/all/%d.dat" "$folder/all/%d.vx3260" >"$folder/script"
-"$program" --simulated script "$folder/script" >/dev/null 2>&1
+Logged "$folder/log" "$program" --simulated script "$folder/script"
 for ((version = 1; version <= versions; version++)); do
     sha256sum <"$folder/all/$version.dat" >>"$folder/blocks"
     Settings "$folder/all/$version.vx3260" >"$folder/settings"
@@ -56,7 +57,7 @@ Wrong() {
 
 CheckBlock() {
     local shown
-    if [ -z "$(Which "$folder/blocks" block.dat)" ]; then
+    if [ -z "$(VersionOf "$folder/blocks" block.dat)" ]; then
         Wrong 'the block is no version of it'
     fi
     if ! python3 -m json.tool block.dat.json >/dev/null; then
@@ -89,9 +90,13 @@ for ((number = 1; number <= total; number++)); do
     fi
     CheckBlock
     Settings bench.vx3260 >"$folder/settings"
-    [ -n "$(Which "$folder/configurations" "$folder/settings")" ] ||
+    [ -n "$(VersionOf "$folder/configurations" "$folder/settings")" ] ||
         Wrong 'the configuration is no version of it'
 done
-Say "Killed $total programs while they saved, $early before the first save; $apart blocks beside the" \
-    "conditions of another, which are refused; $left files under passing names; $wrong were wrong."
+Say "Killed $total programs while they saved, $early before the first save; conditions of another" \
+    "block, which are refused, $apart times; $left temporary files left; $wrong checks failed."
+if [ $((early * 2)) -gt "$total" ]; then
+    Say "Too many were killed before they saved anything; is the machine loaded?"
+    exit 1
+fi
 [ "$wrong" -eq 0 ]

@@ -10,9 +10,18 @@ source scripts/build-functions.sh
 InstallMissing "${packageTools[@]}"
 folder=build/deb
 packages=("$folder"/vx3260-{cli,eval}_"$(ProjectVersion)"_*.deb)
+if [ ! -e "${packages[0]}" ] || [ ! -e "${packages[1]}" ]; then
+    Say "There are no packages of this version. Run scripts/build-deb.sh first."
+    exit 1
+fi
 root=$(mktemp -d /var/tmp/vx3260-root.XXXXXX)
 chmod 755 "$root"
-trap 'AsRoot rm -rf "$root"' EXIT
+# The system's /proc is not part of what is removed.
+CleanUp() {
+    AsRoot umount -l "$root/proc" 2>/dev/null || true
+    AsRoot rm -rf --one-file-system "$root"
+}
+trap CleanUp EXIT
 
 Fail() {
     Say "$*"
@@ -29,8 +38,9 @@ Apt() {
 
 # As somebody who owns nothing but a folder.
 AsUser() {
-    Logged "$folder/user.log" AsRoot chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin LC_ALL=C.UTF-8 HOME=/home/user \
-        QT_QPA_PLATFORM=offscreen sh -ec "cd; $1"
+    local user=(chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin LC_ALL=C.UTF-8
+        HOME=/home/user QT_QPA_PLATFORM=offscreen)
+    Logged "$folder/user.log" AsRoot "${user[@]}" sh -ec "cd; $1"
 }
 
 # The files that packages bring or make; those of the package system itself change with its use.
@@ -55,12 +65,12 @@ release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 # shellcheck disable=SC2016  # apt-get's own variable
 mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' \
     "Codename: $release" 'Origin: Debian' | sort -u | head -n 1)
+[ -n "$mirror" ] || Fail "The machine's package sources name none of Debian's."
 Say "Making a Debian without anything else ..."
 Logged "$folder/debootstrap.log" AsRoot debootstrap --variant=minbase "$release" "$root" "$mirror"
 AsRoot mkdir "$root/home/user"
 AsRoot chown 1000:1000 "$root/home/user"
 AsRoot mount --bind /proc "$root/proc"
-trap 'AsRoot umount "$root/proc"; AsRoot rm -rf "$root"' EXIT
 Apt update
 before=$(Files)
 
@@ -75,7 +85,7 @@ AsUser 'vx3260-cli --simulated read main --count 50 --output block.dat
     vx3260-cli --simulated compare bench.vx3260'
 Say "Trying vx3260-eval ..."
 Install "${packages[1]}"
-AsUser 'timeout 5 vx3260-eval --simulated block.dat || [ $? -eq 124 ]'
+AsUser 'code=0; timeout 5 vx3260-eval --simulated block.dat || code=$?; [ $code -eq 124 ]'
 for path in share/man/man1/vx3260-{cli,eval}.1.gz share/applications/vx3260-eval.desktop \
     share/bash-completion/completions/vx3260-{cli,eval} share/zsh/vendor-completions/_vx3260-{cli,eval} \
     share/vx3260-eval/handbook/index.html; do

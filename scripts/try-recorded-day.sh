@@ -7,11 +7,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-functions.sh
 
-# Resident PID: its memory, in KiB.
-Resident() {
-    awk '/^VmRSS:/ { print $2 }' "/proc/$1/status" 2>/dev/null || true
-}
-
 # Figures FILE...: lines of codes or intervals, the conversions in them, and the largest gap between
 # two of them in seconds; fails where a line has other columns or a time does not rise.
 Figures() {

@@ -10,6 +10,10 @@ source scripts/build-functions.sh
 
 InstallMissing "${buildPackages[@]}" "${soakPackages[@]}"
 minutes=${1:-60} program=${2:-}
+if [ "$minutes" -lt 2 ]; then
+    Say "Two minutes at least: the first one is not counted."
+    exit 2
+fi
 if [ -z "$program" ]; then
     Build release
     program=$PWD/build/release/bin/vx3260-eval
@@ -22,20 +26,20 @@ if [ -z "${VX3260_SOAK:-}" ]; then
     xvfb-run -a -s '-screen 0 1600x1000x24' scripts/try-soak.sh "$minutes" "$program"
     exit
 fi
+root=$PWD
 cd "$VX3260_SOAK"
 openbox 2>>errors.txt &
 trap 'kill $(jobs -p)' EXIT
 
 Fail() {
-    import -window root failed.png
-    cp failed.png /tmp/soak-failed.png
-    Say "$1; see /tmp/soak-failed.png."
+    import -window root "$root/build/soak-failed.png"
+    Say "$1; see build/soak-failed.png."
     exit 1
 }
 
 # Window PID TITLE: gives the keyboard to a program's window.
 Window() {
-    timeout 60 xdotool search --sync --onlyvisible --all --pid "$1" --name "$2" windowactivate --sync \
+    timeout 120 xdotool search --sync --onlyvisible --all --pid "$1" --name "$2" windowactivate --sync \
         >/dev/null || Fail "There is no window \"$2\""
     sleep 0.3
 }
@@ -45,12 +49,8 @@ Keys() {
     sleep 0.5
 }
 
-# Resident PID: its memory, in KiB.
-Resident() {
-    awk '/^VmRSS:/ { print $2 }' "/proc/$1/status"
-}
-
-"$program" --simulated 2>>errors.txt &
+# In a session of its own, it can be made to yield to what else the machine does.
+setsid "$program" --simulated 2>>errors.txt &
 recorder=$!
 Window $recorder 'Main Menu'
 Keys alt+t r
@@ -96,10 +96,10 @@ while [ $SECONDS -lt $end ]; do
     fi
     [ -z "$first" ] || printf '%d %d %d\n' $SECONDS "$(Resident $recorder)" "$(Resident $reader)" >>memory
 done
-import -window root "${VX3260_SOAK_PICTURE:-soak.png}"
+import -window root "$root/build/soak.png"
 read -r firstRecorder firstReader <<<"$first"
 Growth() {
-    awk -v first="$1" -v column="$2" '$column > most { most = $column } END { print most - first }' memory
+    awk -v first="$1" -v column="$2" '$column > max { max = $column } END { print max - first }' memory
 }
 recorderGrowth=$(Growth "$firstRecorder" 2) readerGrowth=$(Growth "$firstReader" 3)
 Say "$minutes minutes, $rounds rounds of readings and plots, $(wc -l <soak.csv) lines recorded." \

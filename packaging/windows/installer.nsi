@@ -52,7 +52,7 @@ $\r$\n$INSTDIR$\r$\n$\r$\nand install the driver that it needs."
 !insertmacro MUI_LANGUAGE English
 
 Function .onInit
-    ${IfNot} ${AtLeastWin10}
+    ${IfNot} ${AtLeastBuild} 17763
         MessageBox MB_ICONSTOP "${NAME} needs Windows 10 (version 1809) or later." /SD IDOK
         Abort
     ${EndIf}
@@ -76,9 +76,16 @@ FunctionEnd
 Section
     !insertmacro CheckClosed vx3260-eval.exe
     !insertmacro CheckClosed vx3260-cli.exe
-    ; What an older version has and this one has not goes with it.
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-        ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
+    ; What an older version has and this one has not goes with it. The folder may be another program's.
+    ReadRegStr $0 HKCU "${UNINSTALL}" InstallLocation
+    ${If} $0 == $INSTDIR
+    ${AndIf} ${FileExists} "$INSTDIR\uninstall.exe"
+        ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR' $1
+        ${If} $1 <> 0
+            MessageBox MB_ICONEXCLAMATION "The older version could not be removed." /SD IDOK
+            SetErrorLevel 2
+            Abort
+        ${EndIf}
     ${EndIf}
     SetOutPath "$INSTDIR"
     File /r "${STAGE}/*"
@@ -110,8 +117,8 @@ Section Uninstall
     !insertmacro CheckClosed vx3260-eval.exe
     !insertmacro CheckClosed vx3260-cli.exe
     !include "${FILES}"
-    Delete "$INSTDIR\uninstall.exe"
-    RMDir "$INSTDIR"
     RMDir /r "${MENU}"
     DeleteRegKey HKCU "${UNINSTALL}"
+    Delete "$INSTDIR\uninstall.exe"
+    RMDir "$INSTDIR"
 SectionEnd

@@ -199,6 +199,16 @@ void Report(std::uint64_t seed, const Tried& tried) {
 
 }  // namespace
 
+/// Ends the program where it is not a number from 1.
+static std::uint64_t NumberOf(const QCommandLineParser& parser, const char* option) {
+    const std::uint64_t number = parser.value(QLatin1String(option)).toULongLong();
+    if (number == 0) {
+        std::cerr << "--" << option << " needs a number from 1\n";
+        std::exit(2);
+    }
+    return number;
+}
+
 int main(int argc, char** argv) {
 #if defined(__unix__)
     if (geteuid() == 0) {
@@ -219,9 +229,9 @@ int main(int argc, char** argv) {
                        {"fault", "one of these in each round", "name"},
                        {"windows", "lists the windows that were opened"}});
     parser.process(application);
-    const qint64 milliseconds = parser.value(QStringLiteral("seconds")).toLongLong() * 1000;
-    const int rounds = parser.value(QStringLiteral("rounds")).toInt();
-    const std::uint64_t seed = parser.value(QStringLiteral("seed")).toULongLong();
+    const qint64 milliseconds = static_cast<qint64>(NumberOf(parser, "seconds")) * 1000;
+    const std::uint64_t rounds = NumberOf(parser, "rounds");
+    const std::uint64_t seed = NumberOf(parser, "seed");
 
     const NoBrowser noBrowser;
     Tried tried;
@@ -229,9 +239,8 @@ int main(int argc, char** argv) {
         Watchdog watchdog(watchdogLimit);
         QElapsedTimer time;
         time.start();
-        while (tried.rounds < rounds && time.elapsed() < milliseconds) {
-            PlayRound(seed + static_cast<std::uint64_t>(tried.rounds),
-                      parser.values(QStringLiteral("fault")), watchdog, tried);
+        for (std::uint64_t round = 0; round < rounds && time.elapsed() < milliseconds; ++round) {
+            PlayRound(seed + round, parser.values(QStringLiteral("fault")), watchdog, tried);
         }
     }
     if (parser.isSet(QStringLiteral("windows"))) {

@@ -224,7 +224,7 @@ class WordsBefore {
 
 }  // namespace
 
-CLI::Validator Offering(const Candidates& candidates) {
+CLI::Validator Offering(const CandidateSource& candidates) {
     const auto print = [candidates](const std::string& words) {
         const std::size_t separator = words.find(fieldSeparator);
         std::string lines;

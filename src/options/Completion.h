@@ -19,12 +19,12 @@ struct Candidate {
 
 /// What a value can be. `begun` is what of it has been typed, of a list its last entry; `first` is
 /// the first word of the command that is not an option, empty where there is none.
-using Candidates =
+using CandidateSource =
     std::function<std::vector<Candidate>(const std::string& begun, const std::string& first)>;
 
 /// For options and positionals whose values their other validators do not list: offers these. It
 /// accepts every value. What does not continue the begun text is left out later.
-CLI::Validator Offering(const Candidates& candidates);
+CLI::Validator Offering(const CandidateSource& candidates);
 
 /// Where the first of the arguments is --complete: the candidates for the last one, a line each,
 /// perhaps with a tab and a description; ":files" or ":folders" where such names belong. The

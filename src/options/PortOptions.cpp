@@ -191,7 +191,7 @@ void AddPortOptions(CLI::App& app, PortChoice& choice) {
     app.add_option("--trace", choice.traceFile,
                    "Write the board's lines and the accesses they carry as a Value Change Dump")
         ->type_name("FILE.vcd")
-        ->check(NotEmpty());
+        ->check(FileName());
 }
 
 }  // namespace vx3260

@@ -10,10 +10,14 @@ namespace vx3260 {
 inline constexpr const char* FilesValidator = "files";
 inline constexpr const char* FoldersValidator = "folders";
 
-/// For options that are names of files, or folders: refuses an empty one.
-inline CLI::Validator NotEmpty(const std::string& validatorName = FilesValidator) {
+/// For options that are names of files, or of folders: refuses an empty one.
+inline CLI::Validator FileName(const std::string& validatorName = FilesValidator) {
     return {[](const std::string& name) { return name.empty() ? "the name is empty" : ""; }, "",
             validatorName};
+}
+
+inline CLI::Validator FolderName() {
+    return FileName(FoldersValidator);
 }
 
 }  // namespace vx3260

@@ -6,14 +6,15 @@ _vx3260() {
     # shellcheck disable=SC2034  # _init_completion sets them all
     local cur prev words cword
     _init_completion -n =: || return
-    local candidate files='' replies=()
+    local candidate files='' replies=() program
+    printf -v program %b "${1/#\~/$HOME}" # The word as it was typed, with backslashes.
     while IFS=$'\t' read -r candidate _; do
         case $candidate in
             :files) files=yes ;;
             :folders) files=-d ;;
             *) replies+=("$candidate") ;;
         esac
-    done < <("${1/#\~/$HOME}" --complete "${words[@]:1:cword-1}" "$cur" 2>/dev/null)
+    done < <("$program" --complete "${words[@]:1:cword-1}" "$cur" 2>/dev/null)
     # bash replaces only what is behind the last "=" or ":" that it takes for the end of a word.
     local breaks=${COMP_WORDBREAKS//[^=:]/} kept=''
     if [[ -n $breaks && $cur == *["$breaks"]* ]]; then

@@ -21,7 +21,7 @@ std::string BlockFile::Name() const {
 }
 
 CLI::Option* AddFile(CLI::App& parser, BlockFile& file, const std::string& description) {
-    return parser.add_option("FILE", file.path, description)->check(NotEmpty());
+    return parser.add_option("FILE", file.path, description)->check(FileName());
 }
 
 void AddFileOptions(CLI::App& parser, BlockFile& file, CLI::Option* fileOption) {

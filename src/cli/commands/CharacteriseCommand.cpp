@@ -175,7 +175,7 @@ void CharacteriseCommand::AddOutput() {
     Parser()
         .add_option("-o,--output", output_, "Folder for the results; it is made where needed")
         ->type_name("FOLDER")
-        ->check(NotEmpty(FoldersValidator))
+        ->check(FolderName())
         ->required();
     CLI::Option* const resume = Parser().add_flag(
         "--resume", resume_, "Go on where the characterisation in the folder stopped");

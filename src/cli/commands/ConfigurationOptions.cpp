@@ -9,7 +9,7 @@ namespace vx3260 {
 
 CLI::Option* AddConfigurationFile(CLI::App& parser, const std::string& name, std::string& file,
                                   const std::string& description) {
-    return parser.add_option(name, file, description)->check(NotEmpty());
+    return parser.add_option(name, file, description)->check(FileName());
 }
 
 Configuration LoadNamedConfiguration(const std::string& file) {

@@ -30,7 +30,7 @@ ExportCommand::ExportCommand(CLI::App& program)
         Parser()
             .add_option("-o,--output", output_.file, "File to write, in place of standard output")
             ->type_name("FILE")
-            ->check(NotEmpty()));
+            ->check(FileName()));
     AddCoefficients(Parser(), coefficients_);
 }
 

@@ -57,7 +57,7 @@ ReadCommand::ReadCommand(CLI::App& program)
         Parser()
             .add_option("-o,--output", output_, "File to write, in place of standard output")
             ->type_name("FILE")
-            ->check(NotEmpty());
+            ->check(FileName());
     Parser()
         .add_flag("--force", force_, "Replace an existing file by a complete reading")
         ->needs(output);

@@ -115,7 +115,7 @@ void RecordCommand::AddFiles() {
     Parser()
         .add_option("-o,--output", request_.path, "File to write")
         ->type_name("FILE")
-        ->check(NotEmpty())
+        ->check(FileName())
         ->required();
     Parser()
         .add_option_function<std::string>(

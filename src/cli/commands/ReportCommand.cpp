@@ -14,7 +14,7 @@ ReportCommand::ReportCommand(CLI::App& program)
     : Command(program, "report", "Write the report of a characterisation anew into its folder") {
     Parser()
         .add_option("FOLDER", folder_, "Folder that characterise has written")
-        ->check(NotEmpty(FoldersValidator))
+        ->check(FolderName())
         ->required();
 }
 

@@ -49,9 +49,10 @@ RestoreCommand::RestoreCommand(CLI::App& program)
         "are "
         "written, then the other registers, the operating mode last. Each is read back at once, "
         "all "
-        "of them at the end. What the file leaves out stays as it is. A file with anything wrong "
-        "is "
-        "refused before that.");
+        "of them at the end. Coefficients and levels of input pins that the file leaves out stay "
+        "as "
+        "they are; a file that leaves out anything else, or has anything wrong, is refused before "
+        "that.");
 }
 
 ExitCode RestoreCommand::Run(const CommandContext& context) {

@@ -15,7 +15,7 @@ SaveCommand::SaveCommand(CLI::App& program)
     AddForce(Parser(), output_,
              Parser()
                  .add_option("FILE", output_.file, "File to write, or - for standard output")
-                 ->check(NotEmpty())
+                 ->check(FileName())
                  ->required());
     AddCoefficients(Parser(), coefficients_);
 }

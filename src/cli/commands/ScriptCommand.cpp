@@ -82,7 +82,7 @@ ScriptCommand::ScriptCommand(CLI::App& program)
                     "The script, or - for standard input; blank lines and lines that begin with # "
                     "are skipped, quotes hold words with blanks together")
         ->required()
-        ->check(NotEmpty());
+        ->check(FileName());
 }
 
 ExitCode ScriptCommand::Run(const CommandContext& context) {
