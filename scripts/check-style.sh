@@ -12,7 +12,7 @@ failed=0
 mapfile -t sources < <(find src tests robustness bench -name '*.h' -o -name '*.cpp')
 clang-format --dry-run -Werror "${sources[@]}" || failed=1
 mapfile -t unlicensed < <(git ls-files '*.cpp' '*.h' '*.h.in' '*.rc.in' '*.sh' '*.cmake' \
-    '*CMakeLists.txt' '*.ui' '*.qrc' '*.manifest.in' '*.nsi' '*.lua' '*.css' '*.html' \
+    '*CMakeLists.txt' '*.ui' '*.qrc' '*.manifest.in' '*.nsi' '*.lua' 'docs/*.css' 'docs/*.html' \
     'packaging/linux/*.xml.in' 'packaging/linux/completions/*' .ci/run |
     xargs grep -L 'SPDX-License-Identifier: GPL-3.0-or-later')
 if [ ${#unlicensed[@]} -gt 0 ]; then

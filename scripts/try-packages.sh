@@ -85,6 +85,7 @@ AsUser 'vx3260-cli --simulated read main --count 50 --output block.dat
     vx3260-cli --simulated compare bench.vx3260'
 Say "Trying vx3260-eval ..."
 Install "${packages[1]}"
+# shellcheck disable=SC2016  # the other shell's variable
 AsUser 'code=0; timeout 5 vx3260-eval --simulated block.dat || code=$?; [ $code -eq 124 ]'
 for path in share/man/man1/vx3260-{cli,eval}.1.gz share/applications/vx3260-eval.desktop \
     share/bash-completion/completions/vx3260-{cli,eval} share/zsh/vendor-completions/_vx3260-{cli,eval} \
