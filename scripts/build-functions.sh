@@ -105,7 +105,8 @@ InWine() {
     wine "$@" >"$WINEPREFIX/command.log" 2>&1 || ShowEnd "$WINEPREFIX/command.log"
 }
 
-# Wine takes itself for an older Windows than the programs need, and has none of the fonts that Windows has for dialogs and for figures.
+# Wine takes itself for an older Windows than the programs need, and has none of the fonts that
+# Windows has for dialogs and for figures.
 MakeWineLikeWindows() {
     local pair key='HKCU\Software\Wine\Fonts\Replacements'
     for pair in 'MS Shell Dlg=DejaVu Sans' 'MS Shell Dlg 2=DejaVu Sans' \
