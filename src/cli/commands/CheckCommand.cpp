@@ -14,14 +14,14 @@ namespace {
 struct VerdictEntry {
     BoardVerdict verdict;
     std::string_view seen;
-    std::string_view advice;  ///< in the words of InPortWords
+    std::string_view advice;  ///< in the words of InPortWords; of Answers, if not put back
 };
 
 constexpr VerdictEntry verdictEntries[] = {
     {BoardVerdict::Answers,
      "the board answers: what was written to a register reads back (data-ready was not "
      "looked at)",
-     ""},
+     "Set the register again, or reset the board."},
     {BoardVerdict::NoAnswer, "no answer: all bits read 1 and data-ready does not come",
      "Look at the board's power, at both ends of the cable, {listed port}, and at {RESET}, "
      "which must be high."},
