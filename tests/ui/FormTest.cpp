@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Form.h"
 
-#include <QFileDialog>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include "forms/config/MainCalForm.h"
 #include "forms/config/ModeForm.h"
 #include "forms/data/ReadMainDataForm.h"
 #include "forms/shell/ProgramForm.h"
 #include "support/Forms.h"
-#include "ui/NoSettingsFile.h"
 
 namespace vx3260::test {
 namespace {
@@ -95,19 +91,6 @@ TEST_F(AnyFormTest, GetsScrollBarsWhereItIsLargerThanItsScreen) {
     EXPECT_GT(area.verticalScrollBar()->value(), 0);
     QTest::mouseClick(&Find(*form, "Command3"), Qt::LeftButton);
     EXPECT_FALSE(form->isVisible());
-}
-
-TEST(NoSettingsFile, IsWrittenByAFileDialog) {
-    const QTemporaryDir folder;
-    const auto filesAfterADialog = [&folder] {
-        { QFileDialog(nullptr, QString(), folder.path()).show(); }
-        return QDir(folder.path()).entryList(QDir::Files);
-    };
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
-    EXPECT_EQ(filesAfterADialog().size(), 1);
-    EXPECT_TRUE(QFile::remove(folder.filePath(filesAfterADialog().constFirst())));
-    PreventSettingsFile();
-    EXPECT_EQ(filesAfterADialog().size(), 0);
 }
 
 }  // namespace
