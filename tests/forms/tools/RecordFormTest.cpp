@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QListWidget>
+#include <QOperatingSystemVersion>
 #include <QTimer>
 
 #include "support/Folder.h"
@@ -211,6 +212,9 @@ TEST_F(RecordFormTest, ListsTimeOutsAndGoesOn) {
 }
 
 TEST_F(RecordFormTest, StopsWhereItsFolderDisappears) {
+    if (QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows) {
+        GTEST_SKIP() << "the folder of an open file cannot be removed here";
+    }
     Open();
     Choose("RotateBox", "At a size");
     Choose("RotateUnit", "kB");
