@@ -61,7 +61,7 @@ TEST_F(DataFileFormsTest, KeepTheirWidthWithALongPath) {
     bench->Fill(Converter::Main, {5});
     Open<WriteFileForm>();
     const int width = form->minimumSizeHint().width();
-    Do(folder.Path("<b>x" + std::string(200, 'y')));
+    Do(folder.Path("&amp;x" + std::string(200, 'y')));
     EXPECT_NE(TextOf(*form, "ResultLabel"), "");
     EXPECT_EQ(form->minimumSizeHint().width(), width);
     EXPECT_EQ(Find<QLabel>(*form, "ResultLabel").textFormat(), Qt::PlainText);
