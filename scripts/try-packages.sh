@@ -101,5 +101,6 @@ left=$(comm -13 <(printf '%s\n' "$before") <(Files))
     Fail "The packages left something of their own behind."
 
 Say "Running the packages' own tests ..."
-Logged "$folder/autopkgtest.log" AsRoot autopkgtest "$folder"/vx3260-eval_*.changes -- chroot "$root"
+Logged "$folder/autopkgtest.log" AsRoot autopkgtest --no-built-binaries \
+    "${packages[@]}" "$folder"/vx3260-eval_*.dsc -- chroot "$root"
 Say "Installed, run as an ordinary user, removed without a trace, tested: ${packages[*]##*/}."
