@@ -29,6 +29,7 @@ Step() {
 
 if [ "${1:-}" != --files ]; then
     Step .ci/run
+    Step scripts/build-plain.sh --tests
     Step scripts/test-arm64.sh
     Step scripts/test-parport-qemu.sh
     Step scripts/test-lines-qemu.sh
